@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class VeskCategory;
+using VeskCategoryPtr = std::shared_ptr<VeskCategory>;
+
+// One section name with the number of catalog packages in it; made afresh by every category query.
+class VeskCategory
+{
+public:
+    static VeskCategoryPtr categoryWithName(const QString& name, quint64 count);
+
+    const QString& name() const { return m_name; }
+    quint64 count() const { return m_count; }
+    void setName(const QString& name) { m_name = name; }
+    void setCount(quint64 count) { m_count = count; }
+
+private:
+    QString m_name;
+    quint64 m_count = 0;
+};

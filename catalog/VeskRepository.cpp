@@ -1,0 +1,21 @@
+#include "VeskRepository.h"
+
+namespace {
+
+QString lastPathComponent(QStringView text)
+{
+    while (text.size() > 1 && text.endsWith(u'/'))
+        text.chop(1);
+    return text.mid(text.lastIndexOf(u'/') + 1).toString();
+}
+
+} // namespace
+
+VeskRepositoryPtr VeskRepository::repositoryWithURLString(const QString& urlString, const QString& name)
+{
+    auto repository = std::make_shared<VeskRepository>();
+    repository->setUrlString(urlString);
+    repository->setName(name.isNull() ? lastPathComponent(urlString) : name);
+    repository->setEnabled(true);
+    return repository;
+}

@@ -1,0 +1,15 @@
+# The warning set of the whole tree and the helpers every folder's CMakeLists.txt uses.
+
+add_library(vesk_warnings INTERFACE)
+target_compile_options(vesk_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wold-style-cast -Wcast-align -Wconversion -Wsign-conversion -Wformat=2 -Werror)
+target_compile_definitions(vesk_warnings INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+# vesk_library(NAME SOURCES...): a static library with the tree's warnings; its own folder is on its users' include path.
+function(vesk_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PRIVATE vesk_warnings)
+  target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+endfunction()
