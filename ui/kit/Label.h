@@ -1,0 +1,66 @@
+#pragma once
+
+#include "View.h"
+
+#include <QFont>
+
+// A text of one or more lines, drawn in the middle of its frame's height.
+class Label : public View
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("views are made in C++")
+    Q_PROPERTY(QString text READ text NOTIFY labelChanged)
+    Q_PROPERTY(QFont font READ font NOTIFY labelChanged)
+    Q_PROPERTY(QColor color READ color NOTIFY labelChanged)
+    Q_PROPERTY(int alignment READ alignment NOTIFY labelChanged)
+    Q_PROPERTY(int numberOfLines READ numberOfLines NOTIFY labelChanged)
+    Q_PROPERTY(bool adjustsFontSizeToFitWidth READ adjustsFontSizeToFitWidth NOTIFY labelChanged)
+    Q_PROPERTY(int shadowDirection READ shadowDirection NOTIFY labelChanged)
+    Q_PROPERTY(QColor shadowColor READ shadowQColor NOTIFY labelChanged)
+
+public:
+    // Where a one-point shadow falls.
+    enum class Shadow { None, Below, Above };
+
+    explicit Label(const QRectF& frame = {}, QObject* parent = nullptr);
+
+    const QString& text() const { return m_text; }
+    void setText(const QString& text);
+    const QFont& font() const { return m_font; }
+    void setFont(const QFont& font);
+    const Color& textColor() const { return m_textColor; }
+    void setTextColor(const Color& color);
+    Qt::AlignmentFlag textAlignment() const { return m_alignment; }
+    void setTextAlignment(Qt::AlignmentFlag alignment);
+    // 0 stands for as many lines as the text needs.
+    int numberOfLines() const { return m_numberOfLines; }
+    void setNumberOfLines(int lines);
+    bool adjustsFontSizeToFitWidth() const { return m_adjustsFontSize; }
+    void setAdjustsFontSizeToFitWidth(bool adjusts);
+    Shadow shadow() const { return m_shadow; }
+    const Color& shadowColor() const { return m_shadowColor; }
+    void setShadow(Shadow shadow, const Color& color);
+
+    // The width of the text on one line.
+    double naturalWidth() const;
+
+    QColor color() const { return m_textColor.toQColor(); }
+    int alignment() const { return m_alignment; }
+    int shadowDirection() const { return m_shadow == Shadow::None ? 0 : (m_shadow == Shadow::Below ? 1 : -1); }
+    QColor shadowQColor() const { return m_shadowColor.toQColor(); }
+    QString component() const override { return QStringLiteral("LabelView"); }
+
+Q_SIGNALS:
+    void labelChanged();
+
+private:
+    QString m_text;
+    QFont m_font;
+    Color m_textColor = Color::black();
+    Color m_shadowColor;
+    Qt::AlignmentFlag m_alignment = Qt::AlignLeft;
+    int m_numberOfLines = 1;
+    Shadow m_shadow = Shadow::None;
+    bool m_adjustsFontSize = false;
+};

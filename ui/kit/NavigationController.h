@@ -1,0 +1,132 @@
+#pragma once
+
+#include "BarAppearance.h"
+#include "ViewController.h"
+
+#include <QVariantAnimation>
+
+#include <vector>
+
+enum class BarStyle { Default, Black };
+
+// The bar above a stack of screens. It shows what the top screen's navigation item holds.
+class NavigationBar : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made in C++")
+    Q_PROPERTY(QColor tint READ tint NOTIFY barChanged)
+    Q_PROPERTY(Image backgroundImage READ backgroundImage NOTIFY barChanged)
+    Q_PROPERTY(QColor backgroundColor READ backgroundColor NOTIFY barChanged)
+    Q_PROPERTY(QColor shadowColor READ shadowColor NOTIFY barChanged)
+    Q_PROPERTY(QColor titleColor READ titleColor NOTIFY barChanged)
+    Q_PROPERTY(QFont titleFont READ titleFont NOTIFY barChanged)
+
+public:
+    static constexpr double Height = 44;
+    static constexpr double SearchHeight = 52;
+
+    using QObject::QObject;
+
+    bool isTranslucent() const { return m_translucent; }
+    void setTranslucent(bool translucent) { m_translucent = translucent; }
+    BarStyle barStyle() const { return m_barStyle; }
+    void setBarStyle(BarStyle style) { m_barStyle = style; }
+    const Color& tintColor() const { return m_tintColor; }
+    void setTintColor(const Color& color);
+    const BarAppearance& standardAppearance() const { return m_standardAppearance; }
+    void setStandardAppearance(const BarAppearance& appearance);
+    const BarAppearance& scrollEdgeAppearance() const { return m_scrollEdgeAppearance; }
+    void setScrollEdgeAppearance(const BarAppearance& appearance) { m_scrollEdgeAppearance = appearance; }
+
+    QColor tint() const { return m_tintColor.toQColor(); }
+    const Image& backgroundImage() const { return m_standardAppearance.backgroundImage; }
+    QColor backgroundColor() const { return m_standardAppearance.backgroundColor.toQColor(); }
+    QColor shadowColor() const { return m_standardAppearance.shadowColor.toQColor(); }
+    QColor titleColor() const { return m_standardAppearance.titleTextAttributes.foregroundColor.toQColor(); }
+    QFont titleFont() const { return m_standardAppearance.titleTextAttributes.font; }
+
+Q_SIGNALS:
+    void barChanged();
+
+private:
+    BarAppearance m_standardAppearance;
+    BarAppearance m_scrollEdgeAppearance;
+    Color m_tintColor = Color::white();
+    BarStyle m_barStyle = BarStyle::Default;
+    bool m_translucent = true;
+};
+
+// A stack of screens of which the top one shows, under a navigation bar whose back button leads to the one below.
+class NavigationController : public ViewController
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made in C++")
+    Q_PROPERTY(NavigationBar* navigationBar READ navigationBar CONSTANT)
+    Q_PROPERTY(ObjectListModel* pageModel READ pageModel CONSTANT)
+    Q_PROPERTY(ViewController* topViewController READ topViewController NOTIFY stackChanged)
+    Q_PROPERTY(ViewController* leavingViewController READ leavingViewController NOTIFY stackChanged)
+    Q_PROPERTY(QString backTitle READ backTitle NOTIFY stackChanged)
+    Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY stackChanged)
+    Q_PROPERTY(bool pushing READ isPushing NOTIFY stackChanged)
+    Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
+
+public:
+    enum class Animation { None, Animated };
+
+    // Takes ownership of the root screen, and of those pushed.
+    explicit NavigationController(ViewController* root, QObject* parent = nullptr);
+    ~NavigationController() override;
+
+    NavigationBar* navigationBar() { return &m_navigationBar; }
+    const std::vector<ViewController*>& viewControllers() const { return m_stack; }
+    ViewController* topViewController() const { return m_stack.back(); }
+    void pushViewController(ViewController* controller, Animation animation);
+    // The screen that leaves is deleted once it is out of sight. The root stays.
+    void popViewController(Animation animation);
+    void popToRootViewController(Animation animation);
+
+    NavigationController* navigationController() const override { return nullptr; }
+    void viewWillAppear() override;
+    void viewDidAppear() override;
+    void viewWillDisappear() override;
+    void viewDidDisappear() override;
+    QString component() const override { return QStringLiteral("NavigationPage"); }
+
+    // The transition between two screens, 0 to 1; 1 while there is none.
+    double progress() const { return m_progress; }
+    bool isTransitioning() const { return m_leaving != nullptr; }
+    ViewController* leavingViewController() const { return m_leaving; }
+    bool isPushing() const { return m_direction == Direction::Push; }
+    bool canGoBack() const { return m_stack.size() > 1; }
+    // The title of the screen below.
+    QString backTitle() const;
+    ObjectListModel* pageModel() { return &m_pageModel; }
+
+    Q_INVOKABLE void goBack() { popViewController(Animation::Animated); }
+
+Q_SIGNALS:
+    void stackChanged();
+    void progressChanged();
+
+protected:
+    View* loadView() override;
+
+private:
+    enum class Direction { Push, Pop };
+
+    void startTransition(ViewController* leaving, Direction direction, Animation animation);
+    void finishTransition();
+    void setProgress(double progress);
+    void layOutPages();
+
+    NavigationBar m_navigationBar;
+    std::vector<ViewController*> m_stack;
+    ObjectListModel m_pageModel;
+    ViewController* m_leaving = nullptr;
+    Direction m_direction = Direction::Push;
+    QVariantAnimation m_animation;
+    double m_progress = 1;
+    bool m_visible = false;
+};

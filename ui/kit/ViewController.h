@@ -1,0 +1,69 @@
+#pragma once
+
+#include "NavigationItem.h"
+#include "View.h"
+
+class AlertController;
+class NavigationController;
+
+// A screen: a view, what it puts into the bars around it, and the moments of its life. Its view is made when it is first
+// asked for. Owned by the controller that shows it.
+class ViewController : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("screens are made in C++")
+    Q_PROPERTY(View* view READ view CONSTANT)
+    Q_PROPERTY(NavigationItem* navigationItem READ navigationItem CONSTANT)
+    Q_PROPERTY(TabBarItem* tabBarItem READ tabBarItem CONSTANT)
+    Q_PROPERTY(QString component READ component CONSTANT)
+
+public:
+    explicit ViewController(QObject* parent = nullptr);
+
+    const QString& title() const { return m_navigationItem.title(); }
+    void setTitle(const QString& title) { m_navigationItem.setTitle(title); }
+    NavigationItem* navigationItem() { return &m_navigationItem; }
+    TabBarItem* tabBarItem() { return &m_tabBarItem; }
+    // Makes the view, then calls viewDidLoad(), on the first call.
+    View* view();
+    bool isViewLoaded() const { return m_view != nullptr; }
+    // The stack the screen is on, or null.
+    virtual NavigationController* navigationController() const { return m_navigationController; }
+    void setNavigationController(NavigationController* controller) { m_navigationController = controller; }
+    // Shows the alert over the whole window and takes ownership. Alerts presented while another shows come after it.
+    void present(AlertController* alert);
+
+    // The moments of a screen's life, called by the controller that shows it.
+    virtual void viewDidLoad() { }
+    virtual void viewWillAppear() { }
+    virtual void viewDidAppear() { }
+    virtual void viewWillDisappear() { }
+    virtual void viewDidDisappear() { }
+    virtual void viewDidLayoutSubviews() { }
+
+    // Gives the view its frame and tells the screen.
+    void layOut(const QRectF& frame);
+    // Appearing in steps, each at most once in a row.
+    void beginAppearance();
+    void endAppearance();
+    void beginDisappearance();
+    void endDisappearance();
+
+    virtual QString component() const { return QStringLiteral("ScreenPage"); }
+
+Q_SIGNALS:
+    void alertPresented(AlertController* alert);
+
+protected:
+    virtual View* loadView();
+
+private:
+    enum class Appearance { Gone, Appearing, There, Disappearing };
+
+    NavigationItem m_navigationItem;
+    TabBarItem m_tabBarItem;
+    View* m_view = nullptr;
+    NavigationController* m_navigationController = nullptr;
+    Appearance m_appearance = Appearance::Gone;
+};

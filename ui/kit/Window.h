@@ -1,0 +1,49 @@
+#pragma once
+
+#include "AlertController.h"
+#include "ViewController.h"
+
+#include <QList>
+#include <QSizeF>
+
+#include <memory>
+
+class QQmlEngine;
+class QQuickWindow;
+
+// The application's window: shows a root screen and, over it, the alerts that screens present.
+class Window : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made in C++")
+    Q_PROPERTY(ViewController* rootViewController READ rootViewController CONSTANT)
+    Q_PROPERTY(AlertController* alert READ presentedAlert NOTIFY presentedAlertChanged)
+
+public:
+    explicit Window(QObject* parent = nullptr);
+    ~Window() override;
+
+    // Takes ownership; set once.
+    void setRootViewController(ViewController* controller);
+    ViewController* rootViewController() const { return m_rootViewController; }
+    // Opens the window with the title: full screen on a phone, 390 by 844 points, or what the screen has room for, elsewhere.
+    void makeKeyAndVisible(const QString& title);
+    // Null until the window is open.
+    QQuickWindow* quickWindow() const { return m_quickWindow; }
+
+    AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
+    void present(AlertController* alert);
+
+    // The window was given a size.
+    Q_INVOKABLE void resize(double width, double height);
+
+Q_SIGNALS:
+    void presentedAlertChanged();
+
+private:
+    std::unique_ptr<QQmlEngine> m_engine;
+    QQuickWindow* m_quickWindow = nullptr;
+    ViewController* m_rootViewController = nullptr;
+    QList<AlertController*> m_alerts;
+};
