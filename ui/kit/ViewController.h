@@ -6,6 +6,15 @@
 class AlertController;
 class NavigationController;
 
+// Shows alerts above everything: the window is one. A screen finds it among its QObject parents.
+class AlertPresenter
+{
+public:
+    virtual ~AlertPresenter() = default;
+    // Takes ownership. Alerts presented while another shows come after it.
+    virtual void presentAlert(AlertController* alert) = 0;
+};
+
 // A screen: a view, what it puts into the bars around it, and the moments of its life. Its view is made when it is first
 // asked for. Owned by the controller that shows it.
 class ViewController : public QObject
@@ -31,7 +40,7 @@ public:
     // The stack the screen is on, or null.
     virtual NavigationController* navigationController() const { return m_navigationController; }
     void setNavigationController(NavigationController* controller) { m_navigationController = controller; }
-    // Shows the alert over the whole window and takes ownership. Alerts presented while another shows come after it.
+    // Hands the alert to the presenter among the parents; without one the alert is dropped.
     void present(AlertController* alert);
 
     // The moments of a screen's life, called by the controller that shows it.
@@ -51,9 +60,6 @@ public:
     void endDisappearance();
 
     virtual QString component() const { return QStringLiteral("ScreenPage"); }
-
-Q_SIGNALS:
-    void alertPresented(AlertController* alert);
 
 protected:
     virtual View* loadView();

@@ -12,7 +12,7 @@ class QQmlEngine;
 class QQuickWindow;
 
 // The application's window: shows a root screen and, over it, the alerts that screens present.
-class Window : public QObject
+class Window : public QObject, public AlertPresenter
 {
     Q_OBJECT
     QML_ELEMENT
@@ -33,7 +33,7 @@ public:
     QQuickWindow* quickWindow() const { return m_quickWindow; }
 
     AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
-    void present(AlertController* alert);
+    void presentAlert(AlertController* alert) override;
 
     // The window was given a size.
     Q_INVOKABLE void resize(double width, double height);
