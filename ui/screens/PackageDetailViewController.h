@@ -38,10 +38,12 @@ private:
     };
 
     Action actionOfRow(int row) const;
+    TableViewCell* styledCell(const QString& identifier, TableViewCell::Style style, int variant);
     TableViewCell* headerCell();
     TableViewCell* descriptionCell();
     TableViewCell* detailsCell(int row);
     TableViewCell* actionCell(int row);
+    Button* actionButton(const Action& action, int row);
     double descriptionHeight() const;
     void showQueuedAlert();
 

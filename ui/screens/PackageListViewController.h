@@ -4,19 +4,17 @@
 #include "RepoManager.h"
 #include "TableViewController.h"
 
-#include <vector>
-
 // The packages of one category, sorted by name.
 class PackageListViewController : public TableViewController
 {
     Q_OBJECT
 
 public:
-    explicit PackageListViewController(const QString& category, RepoManager& manager = RepoManager::sharedManager(),
+    explicit PackageListViewController(const QString& category, RepoManager& manager = *RepoManager::sharedManager(),
         PackageInstaller& installer = PackageInstaller::sharedInstaller());
 
     const QString& category() const { return m_category; }
-    const std::vector<VeskPackagePtr>& packages() const { return m_packages; }
+    const PackageVector& packages() const { return m_packages; }
     // Reads the catalog anew; downloads nothing.
     void reloadData();
 
@@ -33,5 +31,5 @@ private:
     QString m_category;
     RepoManager& m_manager;
     PackageInstaller& m_installer;
-    std::vector<VeskPackagePtr> m_packages;
+    PackageVector m_packages;
 };

@@ -17,11 +17,6 @@ void showOnlyText(TableViewCell& cell, const QString& text)
 
 } // namespace
 
-QString ScreenRows::joined(const QString& left, const QString& right)
-{
-    return left + QStringLiteral("  \u2022  ") + right;
-}
-
 TableViewCell* ScreenRows::packageRow(TableView& table, const VeskPackage& package, int row)
 {
     auto* cell = table.dequeueCell<ClassicPackageCell>(QStringLiteral("PackageCell"), TableViewCell::Style::Subtitle);

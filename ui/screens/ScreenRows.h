@@ -4,11 +4,8 @@
 #include "VeskCategory.h"
 #include "VeskPackage.h"
 
-// The texts and rows that several screens have in common.
+// The rows that several screens have in common.
 namespace ScreenRows {
-
-// "left  •  right"
-QString joined(const QString& left, const QString& right);
 
 // A "PackageCell" that shows the package; row is its index.
 TableViewCell* packageRow(TableView& table, const VeskPackage& package, int row);
