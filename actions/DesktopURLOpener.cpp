@@ -15,7 +15,8 @@ using AppInfo = std::unique_ptr<GAppInfo, ObjectRelease>;
 
 AppInfo handlerOf(const QString& url)
 {
-    const QByteArray scheme = url.left(url.indexOf(u':')).toLower().toUtf8();
+    const qsizetype end = qMax<qsizetype>(url.indexOf(u':'), 0);
+    const QByteArray scheme = url.left(end).toLower().toUtf8();
     return AppInfo(scheme.isEmpty() ? nullptr : g_app_info_get_default_for_uri_scheme(scheme.constData()));
 }
 

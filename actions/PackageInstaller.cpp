@@ -3,12 +3,10 @@
 #include "ChildProcess.h"
 #include "HandOff.h"
 #include "PackageDownload.h"
-#include "QueueRun.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace {
@@ -30,7 +28,10 @@ quint64 countOf(const std::vector<QueueEntryPtr>& queue, qint64 status)
 
 PackageInstaller& PackageInstaller::sharedInstaller()
 {
-    static auto* const installer = new PackageInstaller(InstallerSurroundings::system());
+    static auto* const installer = [] {
+        qAddPostRoutine([] { sharedInstaller().m_worker.abandon(); });
+        return new PackageInstaller(InstallerSurroundings::system());
+    }();
     return *installer;
 }
 
@@ -103,36 +104,45 @@ void PackageInstaller::executeQueueWithCompletion(std::function<void()> completi
     if (m_isInstalling)
         return;
     m_isInstalling = true;
-    const auto finish = [this, completion = std::move(completion)] { finishRun(completion); };
-    const auto post = [this](std::function<void()> task) {
-        QMetaObject::invokeMethod(&m_mainThread, std::move(task), Qt::QueuedConnection);
-    };
-    QueueRun run{
-        .entries = m_queue,
-        .download =
-            [this](const VeskPackagePtr& package, const std::stop_token& stop) {
-                return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.limits)
-                    .download(package, stop);
-            },
-        .install
-        = [this](const QString& path, const VeskPackagePtr& package) { return installWithDPKG(path, package); },
-        .handOver
-        = [this, post](
-              const VeskPackagePtr& package) { post([this, package] { openPackageInPackageManager(package); }); },
-        .finish = [post, finish] { post(finish); },
-        .handOffDelay = m_surroundings.handOffDelay,
-    };
-    try {
-        m_worker = std::jthread([run = std::move(run)](const std::stop_token& stop) { run.execute(stop); });
-    } catch (const std::system_error&) {
-        // No thread to be had: the run is over with its entries as they were.
-        post(finish);
-    }
+    m_completion = std::move(completion);
+    m_snapshot = m_queue;
+    // Without a thread the run is over at once, with its entries as they were.
+    if (!m_worker.start(runOf(m_snapshot)))
+        postToMainThread([this] { finishRun(); });
 }
 
-void PackageInstaller::finishRun(const std::function<void()>& completion)
+QueueRun PackageInstaller::runOf(const std::vector<QueueEntryPtr>& entries)
 {
+    const auto download = [this](const VeskPackagePtr& package, const std::stop_token& stop) {
+        return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.limits).download(package, stop);
+    };
+    const auto install
+        = [this](const QString& path, const VeskPackagePtr& package) { return installWithDPKG(path, package); };
+    const auto handOver = [this](const VeskPackagePtr& package) {
+        postToMainThread([this, package] { openPackageInPackageManager(package); });
+    };
+    return {
+        .entries = entries,
+        .download = download,
+        .install = install,
+        .handOver = handOver,
+        .finish = [this] { postToMainThread([this] { finishRun(); }); },
+        .handOffDelay = m_surroundings.handOffDelay,
+    };
+}
+
+void PackageInstaller::postToMainThread(const std::function<void()>& task)
+{
+    QMetaObject::invokeMethod(&m_mainThread, task, Qt::QueuedConnection);
+}
+
+void PackageInstaller::finishRun()
+{
+    m_worker.join();
+    m_snapshot.clear();
     m_isInstalling = false;
+    // The completion may start the next run, and may destroy this installer.
+    const auto completion = std::exchange(m_completion, nullptr);
     if (completion)
         completion();
 }

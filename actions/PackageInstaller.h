@@ -2,13 +2,13 @@
 
 #include "InstallerSurroundings.h"
 #include "QueueEntry.h"
+#include "QueueWorker.h"
 
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
-#include <thread>
 #include <vector>
 
 // Owns the queue of requested package actions and runs it: downloads, dpkg in a child process, hand-off of what fails.
@@ -18,6 +18,7 @@ class PackageInstaller
 {
 public:
     // The one instance of the program, made on first use and never destroyed; safe from any thread.
+    // When the application ends during a run, a download is given up, and a dpkg that was started goes on by itself.
     static PackageInstaller& sharedInstaller();
 
     explicit PackageInstaller(InstallerSurroundings surroundings);
@@ -61,12 +62,18 @@ public:
     void openRepositoryInPackageManager(const VeskRepositoryPtr& repository);
 
 private:
-    void finishRun(const std::function<void()>& completion);
+    QueueRun runOf(const std::vector<QueueEntryPtr>& entries);
+    void postToMainThread(const std::function<void()>& task);
+    void finishRun();
 
     InstallerSurroundings m_surroundings;
     std::vector<QueueEntryPtr> m_queue;
     bool m_isInstalling = false;
+    // What the run in progress holds: kept here too, so that the worker is never the last to let go of a record.
+    std::vector<QueueEntryPtr> m_snapshot;
+    std::function<void()> m_completion;
     // Lives on the main thread; what the worker posts goes away with it.
     QObject m_mainThread;
-    std::jthread m_worker;
+    // Last: it is gone before what it uses.
+    QueueWorker m_worker;
 };
