@@ -1,6 +1,7 @@
 #include "QueueViewController.h"
 
 #include "AlertController.h"
+#include "BulletText.h"
 #include "ClassicUI.h"
 #include "LaterTurn.h"
 #include "ScreenRows.h"
@@ -121,7 +122,7 @@ TableViewCell* QueueViewController::entryCell(const QueueEntry& entry, int row)
     // The worker of a run may write the status meanwhile: text and colour are those of one moment.
     const qint64 status = entry.status();
     cell->textLabel()->setText(entry.package()->name());
-    cell->detailTextLabel()->setText(ScreenRows::joined(actionLabel(entry.action()), statusString(status)));
+    cell->detailTextLabel()->setText(joinedWithBullet(actionLabel(entry.action()), statusString(status)));
     applyStatusColor(cell->detailTextLabel(), status);
     return cell;
 }
