@@ -1,0 +1,150 @@
+#include "ArchiveRequest.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QTimer>
+
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr qint64 smallestArchive = 1000;
+constexpr int acceptedStatus = 200;
+constexpr int firstRedirect = 300;
+constexpr int lastRedirect = 399;
+constexpr qint64 readBufferSize = 256 * 1024;
+constexpr size_t pieceSize = 64 * 1024;
+
+QNetworkRequest requestFor(const QUrl& url, const DownloadLimits& limits)
+{
+    QNetworkRequest request(url);
+    request.setRawHeader("User-Agent", "Telesphoreo APT-HTTP/1.0.592");
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    // The manager has no cache, so nothing is ever served from one and no header asks for that.
+    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
+    request.setTransferTimeout(static_cast<int>(limits.inactivityTimeout.count()));
+    return request;
+}
+
+// Receives one response.
+class Reception
+{
+public:
+    Reception(QNetworkReply& reply, const DownloadLimits& limits, const PrivateDirectory* directory)
+        : m_reply(reply)
+        , m_limits(limits)
+        , m_directory(directory)
+    {
+        m_clock.start();
+    }
+
+    // Moves what has arrived to the file; gives the response up as soon as it can no longer be accepted.
+    void drain()
+    {
+        while (!m_isGivenUp && m_reply.bytesAvailable() > 0)
+            takePiece();
+    }
+
+    void giveUpIfTooSlow(QTimer& timer)
+    {
+        const auto left = m_limits.timeAllowed(m_received) - std::chrono::milliseconds(m_clock.elapsed());
+        if (left.count() > 0)
+            timer.start(left);
+        else
+            giveUp();
+    }
+
+    void giveUp()
+    {
+        if (std::exchange(m_isGivenUp, true))
+            return;
+        m_file.reset();
+        if (m_reply.isRunning())
+            m_reply.abort();
+    }
+
+    std::unique_ptr<PartialFile> takeFile()
+    {
+        drain();
+        const bool failed = m_isGivenUp || m_reply.error() != QNetworkReply::NoError;
+        if (!isAcceptable({ .hasTransportError = failed, .length = m_received, .status = status() }))
+            m_file.reset();
+        return std::move(m_file);
+    }
+
+private:
+    int status() const { return m_reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(); }
+
+    void takePiece()
+    {
+        const qint64 length = m_reply.read(m_piece.data(), static_cast<qint64>(m_piece.size()));
+        if (length < 0) {
+            giveUp();
+        } else if (status() == acceptedStatus) {
+            m_received += length;
+            if (m_received > m_limits.largestBody || !write(length))
+                giveUp();
+        } else if (status() < firstRedirect || status() > lastRedirect) {
+            giveUp();
+        }
+    }
+
+    bool write(qint64 length)
+    {
+        if (!m_file && m_directory)
+            m_file = m_directory->makeFile();
+        return m_file && m_file->write(m_piece.data(), length);
+    }
+
+    QNetworkReply& m_reply;
+    const DownloadLimits& m_limits;
+    const PrivateDirectory* m_directory;
+    QElapsedTimer m_clock;
+    std::unique_ptr<PartialFile> m_file;
+    qint64 m_received = 0;
+    bool m_isGivenUp = false;
+    std::array<char, pieceSize> m_piece = {};
+};
+
+} // namespace
+
+bool isAcceptable(const ArchiveResponse& response)
+{
+    if (response.hasTransportError)
+        return false;
+    if (response.length < smallestArchive)
+        return false;
+    return response.status == acceptedStatus;
+}
+
+ArchiveRequest::ArchiveRequest(QNetworkAccessManager& manager, const DownloadLimits& limits)
+    : m_manager(manager)
+    , m_limits(limits)
+{
+}
+
+std::unique_ptr<PartialFile> ArchiveRequest::fetch(
+    const QUrl& url, const PrivateDirectory* directory, const std::stop_token& stop)
+{
+    QEventLoop loop;
+    const std::unique_ptr<QNetworkReply> reply(m_manager.get(requestFor(url, m_limits)));
+    reply->setReadBufferSize(readBufferSize);
+    const auto reception = std::make_unique<Reception>(*reply, m_limits, directory);
+    QObject::connect(reply.get(), &QIODevice::readyRead, &loop, [&] { reception->drain(); });
+    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
+
+    QTimer patience;
+    patience.setSingleShot(true);
+    QObject::connect(&patience, &QTimer::timeout, &loop, [&] { reception->giveUpIfTooSlow(patience); });
+    patience.start(m_limits.patience);
+
+    const auto giveUp = [&] { reception->giveUp(); };
+    const std::stop_callback stopped(stop, [&] { QMetaObject::invokeMethod(&loop, giveUp, Qt::QueuedConnection); });
+    if (!reply->isFinished())
+        loop.exec();
+    return reception->takeFile();
+}

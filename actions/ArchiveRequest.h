@@ -1,0 +1,37 @@
+#pragma once
+
+#include "InstallerSurroundings.h"
+#include "PrivateDirectory.h"
+
+#include <QNetworkAccessManager>
+#include <QUrl>
+
+#include <memory>
+#include <stop_token>
+
+// What is known of a response when its archive is judged.
+struct ArchiveResponse
+{
+    bool hasTransportError = false;
+    qint64 length = 0;
+    int status = 0;
+};
+
+// No transport error, at least 1000 bytes, status 200: tested in this order.
+bool isAcceptable(const ArchiveResponse& response);
+
+// Sends one GET and streams the body of the answer into a new file of the directory, a piece at a time, so that memory
+// does not grow with the body. Blocks in an event loop of its own; used in the manager's thread.
+class ArchiveRequest
+{
+public:
+    ArchiveRequest(QNetworkAccessManager& manager, const DownloadLimits& limits);
+
+    // Null when the response is not acceptable, when the body cannot be written, or once told to stop; nothing is left
+    // behind then. No directory is one that cannot be written to.
+    std::unique_ptr<PartialFile> fetch(const QUrl& url, const PrivateDirectory* directory, const std::stop_token& stop);
+
+private:
+    QNetworkAccessManager& m_manager;
+    DownloadLimits m_limits;
+};

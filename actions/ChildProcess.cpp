@@ -1,0 +1,89 @@
+#include "ChildProcess.h"
+
+#include <QByteArray>
+#include <QFile>
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+// All of the wait status but the flag that tells of a core dump.
+constexpr int exitStatusMask = 0xff7f;
+
+class SpawnFileActions
+{
+public:
+    SpawnFileActions() { m_usable = posix_spawn_file_actions_init(&m_actions) == 0; }
+    SpawnFileActions(const SpawnFileActions&) = delete;
+    SpawnFileActions& operator=(const SpawnFileActions&) = delete;
+    ~SpawnFileActions()
+    {
+        if (m_usable)
+            posix_spawn_file_actions_destroy(&m_actions);
+    }
+
+    // Standard input too is opened write-only: a child that reads from it fails instead of waiting.
+    bool silence(int descriptor)
+    {
+        return m_usable && posix_spawn_file_actions_addopen(&m_actions, descriptor, "/dev/null", O_WRONLY, 0) == 0;
+    }
+
+    const posix_spawn_file_actions_t* get() const { return &m_actions; }
+
+private:
+    posix_spawn_file_actions_t m_actions = {};
+    bool m_usable = false;
+};
+
+std::vector<char*> nullTerminated(QList<QByteArray>& texts)
+{
+    std::vector<char*> pointers;
+    pointers.reserve(static_cast<size_t>(texts.size()) + 1);
+    for (QByteArray& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Zero, success, when the child can no longer be asked about, as where SIGCHLD is ignored.
+int waitStatus(pid_t child)
+{
+    int status = 0;
+    while (waitpid(child, &status, 0) == -1 && errno == EINTR) { }
+    return status;
+}
+
+} // namespace
+
+bool runChildProcess(const QStringList& arguments)
+{
+    if (arguments.isEmpty())
+        return false;
+    QList<QByteArray> texts;
+    for (const QString& argument : arguments)
+        texts.append(argument.toUtf8());
+    const std::vector<char*> vector = nullTerminated(texts);
+
+    SpawnFileActions actions;
+    if (!actions.silence(STDIN_FILENO) || !actions.silence(STDOUT_FILENO) || !actions.silence(STDERR_FILENO))
+        return false;
+    pid_t child = 0;
+    if (posix_spawn(&child, vector.front(), actions.get(), nullptr, vector.data(), environ) != 0)
+        return false;
+    return (waitStatus(child) & exitStatusMask) == 0;
+}
+
+bool isExecutableFile(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat information = {};
+    return stat(name.constData(), &information) == 0 && S_ISREG(information.st_mode)
+        && access(name.constData(), X_OK) == 0;
+}

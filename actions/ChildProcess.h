@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// Runs the program at the path that comes first (PATH is not searched) with all the texts as its arguments, the path
+// itself included, in this process's environment, and waits for it. Its descriptors 0, 1 and 2 are "/dev/null",
+// write-only. True exactly when it exited by itself with code 0. Blocks; any thread.
+bool runChildProcess(const QStringList& arguments);
+
+// Whether the path leads to a regular file that this user may execute.
+bool isExecutableFile(const QString& path);

@@ -1,0 +1,16 @@
+#include "InstallerSurroundings.h"
+
+#include "DesktopURLOpener.h"
+
+#include <QDir>
+
+#include <unistd.h>
+
+InstallerSurroundings InstallerSurroundings::system()
+{
+    return {
+        .dpkgPath = QStringLiteral("/usr/bin/dpkg"),
+        .temporaryDirectory = QDir::tempPath() + QStringLiteral("/vesk-") + QString::number(geteuid()),
+        .urlOpener = std::make_unique<DesktopURLOpener>(),
+    };
+}

@@ -1,0 +1,191 @@
+#include "ChildProcess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <csignal>
+#include <pthread.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+class ChildProcess : public testing::Test
+{
+protected:
+    static bool shell(const QString& script, const QStringList& arguments = {})
+    {
+        return runChildProcess(QStringList{ QStringLiteral("/bin/sh"), QStringLiteral("-c"), script } + arguments);
+    }
+
+    QString path(const char16_t* name) const { return m_directory.filePath(QString::fromUtf16(name)); }
+
+    static QByteArray contents(const QString& name)
+    {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    }
+
+    // What the shell sees of its own descriptor: where it leads, then its access mode.
+    QByteArray descriptor(int number) const
+    {
+        const QString out = path(u"out");
+        // In a subshell, whose own redirection leaves the child's descriptors as they came.
+        const QString script = QStringLiteral("(readlink /proc/$$/fd/%1; sed -n 's/^flags:.*\\(.\\)$/\\1/p' "
+                                              "/proc/$$/fdinfo/%1) > \"$0\"; true");
+        EXPECT_TRUE(shell(script.arg(number), { out }));
+        return contents(out);
+    }
+
+    QTemporaryDir m_directory;
+};
+
+std::atomic<int> interruptions = 0;
+
+} // namespace
+
+TEST_F(ChildProcess, isTrueForExitCodeZero)
+{
+    EXPECT_TRUE(shell(QStringLiteral("exit 0")));
+}
+
+TEST_F(ChildProcess, isFalseForAnyOtherExitCode)
+{
+    for (const int code : { 1, 2, 127, 128, 255 })
+        EXPECT_FALSE(shell(QStringLiteral("exit %1").arg(code))) << code;
+}
+
+TEST_F(ChildProcess, isFalseWhenKilledByASignal)
+{
+    for (const int number : { SIGHUP, SIGKILL, SIGTERM, SIGSEGV, SIGABRT })
+        EXPECT_FALSE(shell(QStringLiteral("kill -%1 $$").arg(number))) << number;
+}
+
+TEST_F(ChildProcess, isFalseForAnEmptyList)
+{
+    EXPECT_FALSE(runChildProcess({}));
+}
+
+TEST_F(ChildProcess, isFalseForAMissingProgram)
+{
+    EXPECT_FALSE(runChildProcess({ path(u"missing") }));
+    EXPECT_FALSE(runChildProcess({ QString() }));
+}
+
+TEST_F(ChildProcess, isFalseForWhatCannotBeExecuted)
+{
+    EXPECT_FALSE(runChildProcess({ m_directory.path() }));
+    QFile file(path(u"plain"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    EXPECT_FALSE(runChildProcess({ file.fileName() }));
+}
+
+TEST_F(ChildProcess, doesNotSearchThePath)
+{
+    ASSERT_TRUE(runChildProcess({ QStringLiteral("/bin/true") }));
+    EXPECT_FALSE(runChildProcess({ QStringLiteral("true") }));
+}
+
+TEST_F(ChildProcess, passesEveryTextAsItIsWithTheProgramItselfAsArgumentZero)
+{
+    const QString out = path(u"out");
+    const QString script = QStringLiteral("cat /proc/$$/cmdline > \"$1\"; true");
+    const QStringList arguments
+        = { QStringLiteral("zero"), out, QString(), QStringLiteral("two words"), QStringLiteral("é\n$HOME;'\"") };
+    ASSERT_TRUE(shell(script, arguments));
+    QByteArray expected;
+    for (const QString& text : QStringList{ QStringLiteral("/bin/sh"), QStringLiteral("-c"), script } + arguments)
+        expected += text.toUtf8() + '\0';
+    EXPECT_EQ(contents(out), expected);
+}
+
+TEST_F(ChildProcess, inheritsTheEnvironment)
+{
+    qputenv("VESK_CHILD_PROCESS_TEST", "a value");
+    ASSERT_TRUE(shell(QStringLiteral("printf %s \"$VESK_CHILD_PROCESS_TEST\" > \"$0\""), { path(u"out") }));
+    EXPECT_EQ(contents(path(u"out")), "a value");
+    qunsetenv("VESK_CHILD_PROCESS_TEST");
+}
+
+TEST_F(ChildProcess, hasTheNullDeviceWriteOnlyAsItsThreeDescriptors)
+{
+    for (const int number : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO })
+        EXPECT_EQ(descriptor(number), "/dev/null\n1\n") << number;
+}
+
+TEST_F(ChildProcess, readsNothingFromStandardInput)
+{
+    EXPECT_FALSE(shell(QStringLiteral("cat")));
+}
+
+TEST_F(ChildProcess, writesIntoTheVoid)
+{
+    EXPECT_TRUE(shell(QStringLiteral("echo lost && echo lost >&2")));
+}
+
+TEST_F(ChildProcess, waitsForThatChildOnly)
+{
+    pid_t other = 0;
+    const char* const arguments[] = { "/bin/sh", "-c", "exit 3", nullptr };
+    ASSERT_EQ(posix_spawn(&other, "/bin/sh", nullptr, nullptr, const_cast<char* const*>(arguments), environ), 0);
+    EXPECT_TRUE(shell(QStringLiteral("exit 0")));
+    int status = 0;
+    ASSERT_EQ(waitpid(other, &status, 0), other);
+    EXPECT_EQ(WEXITSTATUS(status), 3);
+}
+
+TEST_F(ChildProcess, leavesNoZombieBehind)
+{
+    EXPECT_TRUE(shell(QStringLiteral("exit 0")));
+    EXPECT_FALSE(runChildProcess({ path(u"missing") }));
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST_F(ChildProcess, goesOnWaitingWhenASignalInterruptsIt)
+{
+    struct sigaction action = {};
+    struct sigaction previous = {};
+    action.sa_handler = [](int) { ++interruptions; };
+    ASSERT_EQ(sigaction(SIGUSR1, &action, &previous), 0);
+    ASSERT_EQ(mkfifo(path(u"started").toUtf8().constData(), 0600), 0);
+    ASSERT_EQ(mkfifo(path(u"released").toUtf8().constData(), 0600), 0);
+
+    const pthread_t waiting = pthread_self();
+    std::thread interrupter([&] {
+        QFile(path(u"started")).open(QIODevice::ReadOnly);
+        // The child runs, so the waiting thread is in its wait or about to enter it.
+        for (int expected = 1; expected <= 50; ++expected) {
+            pthread_kill(waiting, SIGUSR1);
+            while (interruptions < expected)
+                std::this_thread::yield();
+        }
+        QFile(path(u"released")).open(QIODevice::WriteOnly);
+    });
+    // Without the wait the status would still be the one of a success.
+    const QString script = QStringLiteral(": > \"$0\"; : < \"$1\"; exit 1");
+    EXPECT_FALSE(shell(script, { path(u"started"), path(u"released") }));
+    interrupter.join();
+    sigaction(SIGUSR1, &previous, nullptr);
+    EXPECT_GE(interruptions, 50);
+}
+
+TEST_F(ChildProcess, knowsAnExecutableFile)
+{
+    EXPECT_TRUE(isExecutableFile(QStringLiteral("/bin/sh")));
+    EXPECT_FALSE(isExecutableFile(path(u"missing")));
+    EXPECT_FALSE(isExecutableFile(m_directory.path()));
+    EXPECT_FALSE(isExecutableFile(QString()));
+    QFile file(path(u"plain"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(isExecutableFile(file.fileName()));
+    file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_TRUE(isExecutableFile(file.fileName()));
+}

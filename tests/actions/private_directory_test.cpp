@@ -1,0 +1,227 @@
+#include "PrivateDirectory.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <set>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+class PrivateDirectoryTest : public testing::Test
+{
+protected:
+    QString path(const char16_t* name = u"private") const { return m_parent.filePath(QString::fromUtf16(name)); }
+
+    static unsigned modeOf(const QString& name)
+    {
+        struct stat information = {};
+        return lstat(name.toUtf8().constData(), &information) == 0 ? information.st_mode : 0U;
+    }
+
+    static QByteArray contents(const QString& name)
+    {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    }
+
+    static void write(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    static QStringList entries(const QString& directory)
+    {
+        return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    bool store(const QString& name, const QByteArray& bytes) const
+    {
+        const auto directory = PrivateDirectory::open(path());
+        const auto file = directory ? directory->makeFile() : nullptr;
+        return file && file->write(bytes.constData(), bytes.size()) && file->moveTo(name);
+    }
+
+    QTemporaryDir m_parent;
+};
+
+} // namespace
+
+TEST_F(PrivateDirectoryTest, isMadeForItsUserAlone)
+{
+    const mode_t previous = umask(0);
+    EXPECT_TRUE(PrivateDirectory::open(path()).has_value());
+    umask(previous);
+    EXPECT_EQ(modeOf(path()), S_IFDIR | 0700U);
+}
+
+TEST_F(PrivateDirectoryTest, isUsableUnderTheStrictestFileCreationMask)
+{
+    const mode_t previous = umask(0777);
+    EXPECT_TRUE(PrivateDirectory::open(path()).has_value());
+    umask(previous);
+    EXPECT_EQ(modeOf(path()), S_IFDIR | 0700U);
+}
+
+TEST_F(PrivateDirectoryTest, isOpenedAgainWithWhatItHolds)
+{
+    ASSERT_TRUE(store(QStringLiteral("a"), "first"));
+    ASSERT_TRUE(store(QStringLiteral("b"), "second"));
+    EXPECT_EQ(entries(path()), (QStringList{ QStringLiteral("a"), QStringLiteral("b") }));
+}
+
+TEST_F(PrivateDirectoryTest, isNarrowedWhenItsModeIsWider)
+{
+    for (const mode_t mode : { 0777U, 0755U, 0701U, 01777U, 02700U }) {
+        ASSERT_TRUE(QDir().mkpath(path()));
+        ASSERT_EQ(chmod(path().toUtf8().constData(), mode), 0);
+        EXPECT_TRUE(PrivateDirectory::open(path()).has_value());
+        EXPECT_EQ(modeOf(path()), S_IFDIR | 0700U) << std::oct << mode;
+    }
+}
+
+TEST_F(PrivateDirectoryTest, isRefusedWhenItBelongsToAnotherUser)
+{
+    ASSERT_EQ(mkdir(path().toUtf8().constData(), 0700), 0);
+    if (geteuid() == 0) {
+        ASSERT_EQ(chown(path().toUtf8().constData(), 65534, 65534), 0);
+        EXPECT_FALSE(PrivateDirectory::open(path()).has_value());
+        EXPECT_EQ(modeOf(path()), S_IFDIR | 0700U);
+    } else {
+        // The root directory is there on every machine, and not ours.
+        EXPECT_FALSE(PrivateDirectory::open(QStringLiteral("/")).has_value());
+    }
+}
+
+TEST_F(PrivateDirectoryTest, isRefusedWhenASymbolicLinkStandsInItsPlace)
+{
+    ASSERT_TRUE(QDir().mkpath(path(u"elsewhere")));
+    ASSERT_TRUE(QFile::link(path(u"elsewhere"), path()));
+    EXPECT_FALSE(PrivateDirectory::open(path()).has_value());
+    EXPECT_TRUE(entries(path(u"elsewhere")).isEmpty());
+}
+
+TEST_F(PrivateDirectoryTest, isRefusedWhenASymbolicLinkLeadsNowhere)
+{
+    ASSERT_TRUE(QFile::link(path(u"nowhere"), path()));
+    EXPECT_FALSE(PrivateDirectory::open(path()).has_value());
+    EXPECT_EQ(modeOf(path(u"nowhere")), 0U);
+}
+
+TEST_F(PrivateDirectoryTest, isRefusedWhenAFileStandsInItsPlace)
+{
+    write(path(), "in the way");
+    EXPECT_FALSE(PrivateDirectory::open(path()).has_value());
+    EXPECT_EQ(contents(path()), "in the way");
+}
+
+TEST_F(PrivateDirectoryTest, isRefusedWithoutAParentOrAName)
+{
+    EXPECT_FALSE(PrivateDirectory::open(path(u"missing/private")).has_value());
+    EXPECT_FALSE(PrivateDirectory::open(QString()).has_value());
+}
+
+TEST_F(PrivateDirectoryTest, keepsAFileUnderItsFinalNameForItsUserAlone)
+{
+    ASSERT_TRUE(store(QStringLiteral("archive"), "contents"));
+    EXPECT_EQ(contents(path(u"private/archive")), "contents");
+    EXPECT_EQ(modeOf(path(u"private/archive")), S_IFREG | 0600U);
+}
+
+TEST_F(PrivateDirectoryTest, replacesAFileOfTheSameNameWhole)
+{
+    ASSERT_TRUE(store(QStringLiteral("archive"), "a long old text"));
+    ASSERT_TRUE(store(QStringLiteral("archive"), "new"));
+    EXPECT_EQ(contents(path(u"private/archive")), "new");
+}
+
+TEST_F(PrivateDirectoryTest, replacesASymbolicLinkItselfAndNotWhatItLeadsTo)
+{
+    ASSERT_TRUE(PrivateDirectory::open(path()).has_value());
+    write(path(u"victim"), "precious");
+    ASSERT_TRUE(QFile::link(path(u"victim"), path(u"private/archive")));
+    ASSERT_TRUE(store(QStringLiteral("archive"), "new"));
+    EXPECT_EQ(contents(path(u"victim")), "precious");
+    EXPECT_EQ(modeOf(path(u"private/archive")), S_IFREG | 0600U);
+    EXPECT_EQ(contents(path(u"private/archive")), "new");
+}
+
+TEST_F(PrivateDirectoryTest, failsWhenADirectoryHasTheFinalName)
+{
+    ASSERT_TRUE(QDir().mkpath(path(u"private/archive")));
+    EXPECT_FALSE(store(QStringLiteral("archive"), "new"));
+    EXPECT_EQ(entries(path()), QStringList{ QStringLiteral("archive") });
+}
+
+TEST_F(PrivateDirectoryTest, writesEachFileUnderANameOfItsOwnThatNobodyCanPredict)
+{
+    const auto directory = PrivateDirectory::open(path());
+    ASSERT_TRUE(directory.has_value());
+    std::set<QString> names;
+    for (int round = 0; round < 64; ++round) {
+        const auto file = directory->makeFile();
+        ASSERT_NE(file, nullptr);
+        ASSERT_EQ(entries(path()).size(), 1);
+        names.insert(entries(path()).constFirst());
+        EXPECT_GE(entries(path()).constFirst().size(), 24);
+    }
+    EXPECT_EQ(names.size(), 64U);
+}
+
+TEST_F(PrivateDirectoryTest, leavesNothingOfAFileThatGetsNoFinalName)
+{
+    const auto directory = PrivateDirectory::open(path());
+    ASSERT_TRUE(directory.has_value());
+    EXPECT_TRUE(directory->makeFile()->write("half", 4));
+    EXPECT_TRUE(entries(path()).isEmpty());
+}
+
+TEST_F(PrivateDirectoryTest, refusesANameThatIsNotOnePlainName)
+{
+    const QStringList names = { QString(), QStringLiteral(""), QStringLiteral("."), QStringLiteral(".."),
+        QStringLiteral("../archive"), QStringLiteral("/archive"), QStringLiteral("a/b"), QStringLiteral("archive/"),
+        QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b"), QString(256, u'a'), QString(128, u'é') };
+    for (const QString& name : names) {
+        EXPECT_FALSE(isPlainFileName(name)) << name.toStdString();
+        EXPECT_FALSE(store(name, "contents")) << name.toStdString();
+        EXPECT_TRUE(entries(path()).isEmpty()) << name.toStdString();
+    }
+    EXPECT_EQ(entries(m_parent.path()), QStringList{ QStringLiteral("private") });
+}
+
+TEST_F(PrivateDirectoryTest, acceptsEveryPlainName)
+{
+    const QStringList names
+        = { QStringLiteral("a"), QStringLiteral("..."), QStringLiteral("..a"), QStringLiteral("a b"),
+              QStringLiteral("1:2.0~b+c%2f"), QStringLiteral("-rf"), QString(255, u'a'), QString(127, u'é') };
+    for (const QString& name : names) {
+        EXPECT_TRUE(isPlainFileName(name)) << name.toStdString();
+        EXPECT_TRUE(store(name, "contents")) << name.toStdString();
+        EXPECT_EQ(contents(path() + u'/' + name), "contents") << name.toStdString();
+    }
+}
+
+TEST_F(PrivateDirectoryTest, tellsThatNotEveryByteCouldBeWritten)
+{
+    struct rlimit previous = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &previous), 0);
+    const auto previousHandler = signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit small = { 1000, previous.rlim_max };
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    {
+        const auto directory = PrivateDirectory::open(path());
+        const auto file = directory->makeFile();
+        const QByteArray bytes(1500, 'x');
+        EXPECT_FALSE(file->write(bytes.constData(), bytes.size()));
+    }
+    setrlimit(RLIMIT_FSIZE, &previous);
+    signal(SIGXFSZ, previousHandler);
+    EXPECT_TRUE(entries(path()).isEmpty());
+}
