@@ -1,0 +1,81 @@
+#include "ClassicPackageCell.h"
+
+#include "BulletText.h"
+#include "ClassicUI.h"
+
+#include <algorithm>
+
+namespace {
+
+QString nameOf(const VeskPackage& package)
+{
+    return package.name().isEmpty() ? package.packageID() : package.name();
+}
+
+QString subtitleOf(const VeskPackage& package)
+{
+    const QString repositoryName = package.repository() ? package.repository()->name() : QString();
+    const QString source = package.author().isEmpty() ? repositoryName : package.author();
+    const QString version = package.version().isEmpty() ? QStringLiteral("") : package.version();
+    // A bullet without a version behind it is meant to be.
+    return source.isEmpty() ? version : joinedWithBullet(source, version);
+}
+
+ImageView* badge(const QString& symbol, const Color& color)
+{
+    auto* view = new ImageView(Image::systemNamed(symbol));
+    view->setTintColor(color);
+    return view;
+}
+
+} // namespace
+
+ClassicPackageCell::ClassicPackageCell(Style, const QString& reuseIdentifier)
+    : TableViewCell(Style::Subtitle, reuseIdentifier)
+{
+    imageView()->setImage(ClassicUI::assetNamed(QStringLiteral("Homepage")));
+}
+
+void ClassicPackageCell::configureWithPackage(const VeskPackage& package, int variant)
+{
+    ClassicUI::styleCell(*this, variant);
+    setAccessoryType(AccessoryType::None);
+    textLabel()->setText(nameOf(package));
+    detailTextLabel()->setText(subtitleOf(package));
+    m_representedIconURL = package.iconURLString();
+    ClassicUI::loadIconForPackage(package, *imageView());
+    imageView()->setCornerRadius(7);
+    imageView()->setClipsToBounds(true);
+    imageView()->setContentMode(ImageView::ContentMode::AspectFit);
+    showBadge(package);
+}
+
+void ClassicPackageCell::showBadge(const VeskPackage& package)
+{
+    ImageView* view = nullptr;
+    if (package.hasUpdate())
+        view = badge(QStringLiteral("arrow.up.circle.fill"), ClassicUI::veskOrangeColor());
+    else if (package.installed())
+        view = badge(QStringLiteral("checkmark.circle.fill"), ClassicUI::veskBlueColor());
+    setAccessoryView(view);
+    if (!view)
+        setAccessoryType(AccessoryType::DisclosureIndicator);
+}
+
+void ClassicPackageCell::prepareForReuse()
+{
+    TableViewCell::prepareForReuse();
+    m_representedIconURL = QString();
+    imageView()->setImage(ClassicUI::assetNamed(QStringLiteral("Homepage")));
+    setAccessoryView(nullptr);
+    setAccessoryType(AccessoryType::DisclosureIndicator);
+}
+
+void ClassicPackageCell::layoutSubviews()
+{
+    TableViewCell::layoutSubviews();
+    const double textWidth = std::max(0.0, contentView()->width() - 110);
+    imageView()->setFrame({ 12, 9, 42, 42 });
+    textLabel()->setFrame({ 66, 11, textWidth, 22 });
+    detailTextLabel()->setFrame({ 66, 33, textWidth, 18 });
+}

@@ -1,0 +1,25 @@
+#include "IconCache.h"
+
+#include <QMutexLocker>
+
+#include <limits>
+
+IconCache::IconCache(qsizetype bytes)
+    : m_images(bytes)
+{
+}
+
+Image IconCache::image(const QString& urlString)
+{
+    const QMutexLocker locker(&m_mutex);
+    const Image* image = m_images.object(urlString);
+    return image ? *image : Image();
+}
+
+void IconCache::insert(const QString& urlString, const Image& image)
+{
+    constexpr double largestScale = std::numeric_limits<double>::max();
+    const qsizetype cost = image.pixels(largestScale).sizeInBytes();
+    const QMutexLocker locker(&m_mutex);
+    m_images.insert(urlString, new Image(image), cost);
+}

@@ -1,0 +1,47 @@
+#include "IconDownload.h"
+
+#include <utility>
+
+namespace {
+
+// Errors that were made from the status of a complete answer are numbered in these ranges.
+bool isTransportError(QNetworkReply::NetworkError error)
+{
+    const bool isContentError
+        = error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError;
+    const bool isServerError
+        = error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError;
+    return error != QNetworkReply::NoError && !isContentError && !isServerError;
+}
+
+} // namespace
+
+IconDownload::IconDownload(QNetworkReply* reply, qint64 largestBody, Completion completion, QObject* parent)
+    : QObject(parent)
+    , m_reply(reply)
+    , m_largestBody(largestBody)
+    , m_completion(std::move(completion))
+{
+    constexpr qint64 pieceSize = 64 * 1024;
+    reply->setParent(this);
+    reply->setReadBufferSize(pieceSize);
+    connect(reply, &QNetworkReply::readyRead, this, &IconDownload::receive);
+    connect(reply, &QNetworkReply::finished, this, &IconDownload::finish);
+}
+
+void IconDownload::receive()
+{
+    m_body += m_reply->readAll();
+    if (m_body.size() > m_largestBody)
+        m_reply->abort();
+}
+
+void IconDownload::finish()
+{
+    const bool isWhole = !isTransportError(m_reply->error());
+    if (isWhole && m_reply->isReadable())
+        m_body += m_reply->readAll();
+    const bool isGood = isWhole && m_body.size() <= m_largestBody;
+    m_completion(isGood ? m_body : QByteArray());
+    deleteLater();
+}

@@ -1,0 +1,72 @@
+#include "IconLoader.h"
+
+#include "IconDownload.h"
+#include "RepositoryURL.h"
+
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+namespace {
+
+bool isWebURL(const QUrl& url)
+{
+    return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+}
+
+} // namespace
+
+IconLoader::IconLoader(QNetworkAccessManager& manager, const Limits& limits, QObject* parent)
+    : QObject(parent)
+    , m_manager(manager)
+    , m_limits(limits)
+    , m_cache(limits.cacheSize)
+{
+    m_decoders.setMaxThreadCount(1);
+}
+
+IconLoader::~IconLoader()
+{
+    m_decoders.clear();
+    m_decoders.waitForDone();
+}
+
+void IconLoader::load(const QString& urlString, double scale, ImageView& imageView)
+{
+    const auto url = RepositoryURL::fromString(urlString);
+    if (!url)
+        return;
+    const Image cached = m_cache.image(urlString);
+    if (!cached.isNull())
+        imageView.setImage(cached);
+    else if (isWebURL(url->url()))
+        download(url->url(), { urlString, scale, &imageView });
+}
+
+void IconLoader::download(const QUrl& url, const Request& request)
+{
+    QNetworkRequest networkRequest(url);
+    networkRequest.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    networkRequest.setTransferTimeout(static_cast<int>(m_limits.inactivityTimeout.count()));
+    new IconDownload(
+        m_manager.get(networkRequest), m_limits.largestBody,
+        [this, request](const QByteArray& body) { decode(body, request); }, this);
+}
+
+// On another thread: the picture is decoded and goes into the cache, so that drawing never waits for it.
+void IconLoader::decode(const QByteArray& body, const Request& request)
+{
+    m_decoders.start([this, body, request] {
+        const Image image = Image::fromData(body, request.scale);
+        if (!image.isNull())
+            m_cache.insert(request.urlString, image);
+        QMetaObject::invokeMethod(
+            this, [this, image, request] { show(image, request); }, Qt::QueuedConnection);
+    });
+}
+
+void IconLoader::show(const Image& image, const Request& request)
+{
+    if (!image.isNull() && request.imageView)
+        request.imageView->setImage(image);
+    Q_EMIT finished(request.urlString);
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "StatusBarStyle.h"
+#include "Window.h"
+
+#include <QObject>
+
+#include <memory>
+
+// The application: its one window with the tabs in it. It loads nothing and starts no refresh; the screens do.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    // Opens the window; always true.
+    bool didFinishLaunchingWithOptions();
+    StatusBarStyle preferredStatusBarStyle() const { return StatusBarStyle::LightContent; }
+    // Null before the launch.
+    Window* window() const { return m_window.get(); }
+
+private:
+    std::unique_ptr<Window> m_window;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "PackageInstaller.h"
+#include "RepoManager.h"
+#include "TableViewController.h"
+
+#include <vector>
+
+// The "Categories" tab: every section of the catalog with its number of packages, fresh at every appearance.
+class CategoriesViewController : public TableViewController
+{
+    Q_OBJECT
+
+public:
+    explicit CategoriesViewController(RepoManager& manager = *RepoManager::sharedManager(),
+        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
+
+    const std::vector<VeskCategoryPtr>& categories() const { return m_categories; }
+
+    void viewDidLoad() override;
+    void viewWillAppear() override;
+
+    int numberOfRowsInSection(int section) const override;
+    TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) override;
+    View* viewForHeaderInSection(int section) override;
+    double heightForHeaderInSection(int section) const override;
+    void didSelectRowAtIndexPath(const IndexPath& indexPath) override;
+
+private:
+    RepoManager& m_manager;
+    PackageInstaller& m_installer;
+    std::vector<VeskCategoryPtr> m_categories;
+};

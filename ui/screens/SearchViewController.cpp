@@ -1,0 +1,110 @@
+#include "SearchViewController.h"
+
+#include "ClassicUI.h"
+#include "PackageDetailViewController.h"
+#include "PackageListViewController.h"
+#include "ScreenRows.h"
+
+#include <algorithm>
+
+SearchViewController::SearchViewController(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
+    , m_installer(installer)
+{
+}
+
+void SearchViewController::viewDidLoad()
+{
+    setTitle(QStringLiteral("Search"));
+    ClassicUI::styleTableView(*tableView());
+    auto* searchController = new SearchController;
+    searchController->setObscuresBackgroundDuringPresentation(false);
+    searchController->searchBar()->setPlaceholder(QStringLiteral("Search Vesk packages"));
+    searchController->searchBar()->setTintColor(ClassicUI::veskBlueColor());
+    searchController->setSearchResultsUpdater(
+        [this](SearchController* controller) { updateSearchResultsForSearchController(controller); });
+    navigationItem()->setSearchController(searchController);
+    navigationItem()->setHidesSearchBarWhenScrolling(false);
+}
+
+void SearchViewController::updateSearchResultsForSearchController(SearchController* searchController)
+{
+    m_currentQuery = searchController->searchBar()->text();
+    tableView()->reloadData();
+}
+
+int SearchViewController::numberOfRowsInSection(int /*section*/) const
+{
+    if (isQuerying())
+        return static_cast<int>(m_manager.filteredPackagesWithQuery(m_currentQuery).size());
+    return std::max(1, static_cast<int>(m_manager.categories().size()));
+}
+
+View* SearchViewController::viewForHeaderInSection(int /*section*/)
+{
+    const QString title = isQuerying() ? QStringLiteral("Search Results") : QStringLiteral("Browse Categories");
+    return ClassicUI::sectionHeaderViewWithTitle(title, tableView()->width());
+}
+
+double SearchViewController::heightForHeaderInSection(int /*section*/) const
+{
+    return 25;
+}
+
+TableViewCell* SearchViewController::cellForRowAtIndexPath(const IndexPath& indexPath)
+{
+    TableView& table = *tableView();
+    if (isQuerying()) {
+        const VeskPackagePtr package = resultAtRow(indexPath.row);
+        return package ? ScreenRows::packageRow(table, *package, indexPath.row) : goneRow(indexPath.row);
+    }
+    if (const VeskCategoryPtr category = categoryAtRow(indexPath.row))
+        return ScreenRows::categoryRow(table, *category, indexPath.row);
+    return indexPath.row == 0 ? emptyRow() : goneRow(indexPath.row);
+}
+
+// A reused row may still carry the count and the picture of a category.
+TableViewCell* SearchViewController::emptyRow()
+{
+    auto* cell = ScreenRows::emptyCategoryRow(*tableView(), QStringLiteral("Refresh Vesk before searching"));
+    cell->detailTextLabel()->setText(QString());
+    cell->imageView()->setImage({});
+    return cell;
+}
+
+// The catalog may have shrunk since the table counted its rows, and the table asks on for rows as it scrolls.
+TableViewCell* SearchViewController::goneRow(int row)
+{
+    auto* cell = tableView()->dequeueCell<TableViewCell>(QStringLiteral("GoneCell"), TableViewCell::Style::Default);
+    ClassicUI::styleCell(*cell, row);
+    cell->setAccessoryType(TableViewCell::AccessoryType::None);
+    return cell;
+}
+
+VeskPackagePtr SearchViewController::resultAtRow(int row) const
+{
+    const PackageVector& results = m_manager.filteredPackagesWithQuery(m_currentQuery);
+    const auto index = static_cast<std::size_t>(row);
+    return index < results.size() ? results[index] : nullptr;
+}
+
+VeskCategoryPtr SearchViewController::categoryAtRow(int row) const
+{
+    const std::vector<VeskCategoryPtr> categories = m_manager.categories();
+    const auto index = static_cast<std::size_t>(row);
+    return index < categories.size() ? categories[index] : nullptr;
+}
+
+void SearchViewController::didSelectRowAtIndexPath(const IndexPath& indexPath)
+{
+    tableView()->deselectRow(indexPath, TableView::Animation::Animated);
+    ViewController* screen = nullptr;
+    if (isQuerying()) {
+        if (const VeskPackagePtr package = resultAtRow(indexPath.row))
+            screen = new PackageDetailViewController(package, m_installer);
+    } else if (const VeskCategoryPtr category = categoryAtRow(indexPath.row)) {
+        screen = new PackageListViewController(category->name(), m_manager, m_installer);
+    }
+    if (screen)
+        navigationController()->pushViewController(screen, NavigationController::Animation::Animated);
+}

@@ -1,0 +1,218 @@
+#include "VeskHomeViewController.h"
+
+#include "AlertController.h"
+#include "CatalogRefresh.h"
+#include "ClassicUI.h"
+#include "OpenScreen.h"
+#include "ScreenRows.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+enum Section { Featured, Categories, SectionCount };
+
+constexpr size_t featuredCount = 8;
+constexpr double headerHeight = 185;
+
+Label* centredLabel(const QRectF& frame, const QString& text, const Color& color, const QFont& font)
+{
+    auto* label = new Label(frame);
+    label->setText(text);
+    label->setTextAlignment(Qt::AlignHCenter);
+    label->setTextColor(color);
+    label->setFont(font);
+    return label;
+}
+
+View* logo(double left, double width)
+{
+    auto* view = new ImageView(ClassicUI::assetNamed(QStringLiteral("vesklogo@2x")));
+    view->setFrame({ left, 12, width, 72 });
+    view->setContentMode(ImageView::ContentMode::AspectFit);
+    return view;
+}
+
+View* tagline(double left, double width)
+{
+    return centredLabel({ left + 8, 86, width - 16, 24 }, QStringLiteral("The original alternative app store"),
+        ClassicUI::veskTextColor(), Font::boldSystemFont(17));
+}
+
+View* description(double left, double width)
+{
+    Label* label = centredLabel({ left + 18, 112, width - 36, 36 },
+        QStringLiteral("Browse packages, themes, and utilities from your favorite jailbreak sources."),
+        ClassicUI::veskSecondaryTextColor(), Font::systemFont(13));
+    label->setNumberOfLines(2);
+    return label;
+}
+
+View* divider(double left, double width)
+{
+    auto* view = new View({ left + 20, 157, width - 40, 1 });
+    view->setBackgroundColor({ 0.6, 0.6, 0.6, 0.55, {} });
+    return view;
+}
+
+} // namespace
+
+VeskHomeViewController::VeskHomeViewController(RepoManager& manager, PackageInstaller& installer, QObject* parent)
+    : TableViewController(parent)
+    , m_manager(manager)
+    , m_installer(installer)
+{
+}
+
+void VeskHomeViewController::viewDidLoad()
+{
+    TableViewController::viewDidLoad();
+    setTitle(QStringLiteral("Welcome to Vesk"));
+    ClassicUI::styleTableView(*tableView());
+    tableView()->setRowHeight(60);
+    setUpBarButtons();
+    setUpRefreshControl();
+    m_homeHeader = buildHomeHeader();
+    tableView()->setTableHeaderView(m_homeHeader);
+}
+
+void VeskHomeViewController::setUpBarButtons()
+{
+    navigationItem()->setRightBarButtonItem(
+        new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); }));
+    navigationItem()->setLeftBarButtonItem(new BarButtonItem(
+        Image::systemNamed(QStringLiteral("info.circle")), QStringLiteral("About"), [this] { showAbout(); }));
+}
+
+void VeskHomeViewController::setUpRefreshControl()
+{
+    auto* control = new RefreshControl;
+    control->setTintColor(ClassicUI::veskBlueColor());
+    control->setValueChanged([this] { refreshPressed(); });
+    tableView()->setRefreshControl(control);
+}
+
+View* VeskHomeViewController::buildHomeHeader()
+{
+    const double width = std::max(view()->width(), 320.0);
+    const double contentWidth = std::min(width - 24, 560.0);
+    const double left = (width - contentWidth) / 2;
+
+    auto* header = new View({ 0, 0, width, headerHeight });
+    header->setBackgroundColor(ClassicUI::veskBackgroundColor());
+    header->addSubview(logo(left, contentWidth));
+    header->addSubview(tagline(left, contentWidth));
+    header->addSubview(description(left, contentWidth));
+    header->addSubview(divider(left, contentWidth));
+    return header;
+}
+
+void VeskHomeViewController::viewDidLayoutSubviews()
+{
+    TableViewController::viewDidLayoutSubviews();
+    const double width = tableView()->width();
+    if (std::abs(m_homeHeader->width() - width) <= 0.5)
+        return;
+    m_homeHeader->setFrame({ 0, 0, width, headerHeight });
+    tableView()->setTableHeaderView(m_homeHeader);
+}
+
+void VeskHomeViewController::viewWillAppear()
+{
+    TableViewController::viewWillAppear();
+    reloadData();
+}
+
+void VeskHomeViewController::viewDidAppear()
+{
+    TableViewController::viewDidAppear();
+    if (!m_manager.packages().empty())
+        return;
+    m_manager.loadDefaults();
+    refreshPressed();
+}
+
+void VeskHomeViewController::reloadData()
+{
+    m_categories = m_manager.categories();
+    const PackageVector& sorted = m_manager.packagesSortedByName();
+    const auto count = static_cast<std::ptrdiff_t>(std::min(sorted.size(), featuredCount));
+    m_featured.assign(sorted.begin(), sorted.begin() + count);
+    tableView()->reloadData();
+}
+
+void VeskHomeViewController::refreshPressed()
+{
+    refreshCatalog(*this, m_manager, [this] { reloadData(); });
+}
+
+void VeskHomeViewController::showAbout()
+{
+    auto* alert = new AlertController(QStringLiteral("Tarnwell"),
+        QStringLiteral(
+            "A modern rootless recreation of the classic VeskApp interface. Package downloads and installs are "
+            "handled by the device's APT/dpkg environment."),
+        AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("Close"), AlertAction::Style::Default);
+    present(alert);
+}
+
+int VeskHomeViewController::numberOfSections() const
+{
+    return isEmpty() ? 1 : SectionCount;
+}
+
+int VeskHomeViewController::numberOfRowsInSection(int section) const
+{
+    const size_t records = section == Featured ? m_featured.size() : m_categories.size();
+    return std::max(1, static_cast<int>(records));
+}
+
+TableViewCell* VeskHomeViewController::cellForRowAtIndexPath(const IndexPath& indexPath)
+{
+    if (indexPath.section == Categories)
+        return categoryCell(indexPath.row);
+    return featuredCell(indexPath.row);
+}
+
+TableViewCell* VeskHomeViewController::featuredCell(int row)
+{
+    if (!m_featured.empty())
+        return ScreenRows::packageRow(*tableView(), *m_featured[static_cast<size_t>(row)], row);
+    auto* cell = ScreenRows::emptyRow(*tableView(), QStringLiteral("No packages loaded. Tap Reload."));
+    cell->textLabel()->setTextColor(ClassicUI::veskSecondaryTextColor());
+    return cell;
+}
+
+TableViewCell* VeskHomeViewController::categoryCell(int row)
+{
+    if (!m_categories.empty())
+        return ScreenRows::categoryRow(*tableView(), *m_categories[static_cast<size_t>(row)], row);
+    auto* cell = ScreenRows::emptyCategoryRow(*tableView(), QStringLiteral("No categories yet"));
+    // At the left, beside what a reused cell still shows.
+    cell->textLabel()->setTextAlignment(Qt::AlignLeft);
+    return cell;
+}
+
+View* VeskHomeViewController::viewForHeaderInSection(int section)
+{
+    if (isEmpty())
+        return nullptr;
+    const QString title = section == Featured ? QStringLiteral("Hot Apps & Utilities") : QStringLiteral("Categories");
+    return ClassicUI::sectionHeaderViewWithTitle(title, tableView()->width());
+}
+
+double VeskHomeViewController::heightForHeaderInSection(int) const
+{
+    return 25;
+}
+
+void VeskHomeViewController::didSelectRowAtIndexPath(const IndexPath& indexPath)
+{
+    tableView()->deselectRow(indexPath, TableView::Animation::Animated);
+    if (indexPath.section == Featured)
+        openPackage(*this, m_featured, indexPath.row, m_installer);
+    else
+        openCategory(*this, m_categories, indexPath.row, m_manager, m_installer);
+}

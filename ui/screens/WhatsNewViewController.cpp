@@ -1,0 +1,71 @@
+#include "WhatsNewViewController.h"
+
+#include "CatalogRefresh.h"
+#include "ClassicUI.h"
+#include "PackageDetailViewController.h"
+#include "ScreenRows.h"
+
+WhatsNewViewController::WhatsNewViewController(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
+    , m_installer(installer)
+{
+}
+
+void WhatsNewViewController::viewDidLoad()
+{
+    setTitle(QStringLiteral("Changes"));
+    ClassicUI::styleTableView(*tableView());
+    navigationItem()->setRightBarButtonItem(
+        new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); }));
+    auto* refreshControl = new RefreshControl;
+    refreshControl->setTintColor(ClassicUI::veskBlueColor());
+    refreshControl->setValueChanged([this] { refreshPressed(); });
+    tableView()->setRefreshControl(refreshControl);
+}
+
+void WhatsNewViewController::viewWillAppear()
+{
+    reloadData();
+}
+
+void WhatsNewViewController::reloadData()
+{
+    m_packages = m_manager.packagesSortedByName();
+    tableView()->reloadData();
+}
+
+void WhatsNewViewController::refreshPressed()
+{
+    refreshCatalog(*this, m_manager, [this] { reloadData(); });
+}
+
+int WhatsNewViewController::numberOfRowsInSection(int /*section*/) const
+{
+    return m_packages.empty() ? 1 : static_cast<int>(m_packages.size());
+}
+
+View* WhatsNewViewController::viewForHeaderInSection(int /*section*/)
+{
+    return ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("Recent Updates"), tableView()->width());
+}
+
+double WhatsNewViewController::heightForHeaderInSection(int /*section*/) const
+{
+    return 25;
+}
+
+TableViewCell* WhatsNewViewController::cellForRowAtIndexPath(const IndexPath& indexPath)
+{
+    if (m_packages.empty())
+        return ScreenRows::emptyRow(*tableView(), QStringLiteral("No changes available. Tap Reload."));
+    return ScreenRows::packageRow(*tableView(), *m_packages[static_cast<std::size_t>(indexPath.row)], indexPath.row);
+}
+
+void WhatsNewViewController::didSelectRowAtIndexPath(const IndexPath& indexPath)
+{
+    tableView()->deselectRow(indexPath, TableView::Animation::Animated);
+    const auto row = static_cast<std::size_t>(indexPath.row);
+    if (row < m_packages.size())
+        navigationController()->pushViewController(
+            new PackageDetailViewController(m_packages[row], m_installer), NavigationController::Animation::Animated);
+}

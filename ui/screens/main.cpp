@@ -1,0 +1,16 @@
+#include "AppDelegate.h"
+#include "VeskResources.h"
+
+#include <QGuiApplication>
+
+int main(int argc, char** argv)
+{
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("vesk"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
+
+    AppDelegate delegate;
+    delegate.didFinishLaunchingWithOptions();
+    return QGuiApplication::exec();
+}
