@@ -6,8 +6,8 @@
 #include <optional>
 
 // A URL that keeps the text it was made from: its absolute string is that text, never a normalised one.
-// Made by the lenient rule of the platform this program comes from: a text with a blank or control character, an empty or
-// a null text gives none.
+// Made by the lenient rule of the platform this program comes from: a text with a blank or control character, an empty
+// or a null text gives none.
 class RepositoryURL
 {
 public:

@@ -1,0 +1,17 @@
+#include "CatalogWorld.h"
+
+#include "DpkgStatus.h"
+#include "JsonSourceStore.h"
+
+#include <QLocale>
+
+CatalogWorld CatalogWorld::real()
+{
+    CatalogWorld world;
+    world.store = std::make_unique<JsonSourceStore>(JsonSourceStore::standardPath());
+    world.statusPaths = DpkgStatus::standardPaths();
+    world.network = std::make_unique<QNetworkAccessManager>();
+    world.workers = QThreadPool::globalInstance();
+    world.collationLocale = QLocale::system().bcp47Name();
+    return world;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "DpkgStatus.h"
+#include "PackageList.h"
+#include "TextInterner.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+// Turns the text of a package index, fed in pieces of any size, into new package records of one source, in index order.
+// Nothing in the text is an error: what it cannot use it passes over. It lives on one thread, whichever that is.
+class IndexParser
+{
+public:
+    // The status must outlive the parser.
+    IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status);
+    ~IndexParser();
+
+    void feed(std::string_view utf8);
+    std::size_t packageCount() const { return m_packages.size(); }
+    // The end of the text; the parser is used up.
+    PackageVector finish();
+
+private:
+    enum Field : std::size_t {
+        Package,
+        Name,
+        Version,
+        Description,
+        Author,
+        Maintainer,
+        Section,
+        Icon,
+        Depiction,
+        SileoDepiction,
+        ModernDepiction,
+        Homepage,
+        FieldCount,
+    };
+    struct Value
+    {
+        bool isPresent = false;
+        std::string text;
+    };
+    struct FieldName;
+
+    static const std::array<FieldName, FieldCount> fieldNames;
+
+    void readLine(std::string_view line);
+    void endStanza();
+    void addPackage();
+    // The text of the first of the fields that is present, or the null handle.
+    TextPool::Handle firstOf(std::initializer_list<Field> fields);
+
+    VeskRepositoryPtr m_repository;
+    const DpkgStatus& m_status;
+    TextInterner m_texts;
+    PackageVector m_packages;
+    // The stanza being read; the buffers are kept from stanza to stanza.
+    std::array<Value, FieldCount> m_stanza;
+    bool m_stanzaIsEmpty = true;
+    // The beginning of a line that goes on in the next piece.
+    std::string m_partialLine;
+};

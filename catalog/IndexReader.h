@@ -1,0 +1,29 @@
+#pragma once
+
+#include "IndexDecoder.h"
+#include "IndexLimits.h"
+#include "PackageList.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <atomic>
+#include <memory>
+
+// Asks background work to give up early; shared by who asks and who works.
+using CancelFlag = std::shared_ptr<std::atomic<bool>>;
+
+// What is needed to read one index; values only, so that it can be taken to another thread.
+struct IndexJob
+{
+    QByteArray body;
+    Compression compression = Compression::None;
+    VeskRepositoryPtr repository;
+    QStringList statusPaths;
+    IndexLimits limits;
+    CancelFlag cancelled;
+};
+
+// Decompresses, decodes and parses a downloaded index. A body that does not decompress is read as it is; bytes that are
+// not UTF-8 are Latin-1. Empty when there is no package in it or it is beyond the limits. Safe on any thread.
+PackageVector readIndex(const IndexJob& job);

@@ -1,0 +1,257 @@
+#include "RepoManager.h"
+
+#include "DefaultSources.h"
+#include "DpkgStatus.h"
+#include "IndexParser.h"
+#include "IndexRefresh.h"
+#include "TextDecoding.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace {
+
+// A text of no length where none may be missing.
+QString textOrEmpty(const QString& text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+} // namespace
+
+RepoManager* RepoManager::sharedManager()
+{
+    static RepoManager* const manager = new RepoManager(CatalogWorld::real());
+    return manager;
+}
+
+RepoManager::RepoManager(CatalogWorld world, QObject* parent)
+    : QObject(parent)
+    , m_world(std::move(world))
+    , m_cancelled(std::make_shared<std::atomic<bool>>(false))
+    , m_nameOrder(m_world.collationLocale)
+{
+    loadSavedState();
+}
+
+RepoManager::~RepoManager()
+{
+    m_cancelled->store(true);
+}
+
+std::vector<VeskRepositoryPtr> RepoManager::defaultRepositories()
+{
+    return makeDefaultSources();
+}
+
+void RepoManager::loadDefaults()
+{
+    if (!m_repositories.empty())
+        return;
+    m_repositories = defaultRepositories();
+    persistState();
+}
+
+void RepoManager::loadSavedState()
+{
+    const auto stored = m_world.store->sources();
+    if (!stored || stored->empty()) {
+        loadDefaults();
+        persistState();
+        return;
+    }
+    for (const StoredSource& source : *stored) {
+        auto repository = std::make_shared<VeskRepository>();
+        repository->setUrlString(source.url);
+        repository->setName(source.name);
+        repository->setEnabled(source.enabled);
+        m_repositories.push_back(std::move(repository));
+    }
+}
+
+void RepoManager::persistState()
+{
+    std::vector<StoredSource> sources;
+    for (const VeskRepositoryPtr& repository : m_repositories)
+        sources.push_back(
+            { textOrEmpty(repository->urlString()), textOrEmpty(repository->name()), repository->enabled() });
+    m_world.store->setSources(sources);
+}
+
+void RepoManager::removeRepository(const VeskRepositoryPtr& repository)
+{
+    if (!repository)
+        return;
+    // The argument may be an element of the very list.
+    const VeskRepositoryPtr removed = repository;
+    std::erase(m_repositories, removed);
+    m_packages.clear();
+    persistState();
+}
+
+void RepoManager::toggleRepository(const VeskRepositoryPtr& repository, bool enabled)
+{
+    if (repository)
+        repository->setEnabled(enabled);
+    persistState();
+}
+
+void RepoManager::addRepositoryWithURLString(const QString& urlString, const AddCompletion& completion)
+{
+    const auto report = [completion](bool success, const std::optional<RepositoryError>& error = std::nullopt) {
+        if (completion)
+            completion(success, error);
+    };
+    QString text = urlString.trimmed();
+    if (text.isEmpty())
+        return report(false, RepositoryError::invalidURL());
+    if (!text.startsWith(QLatin1String("http")))
+        text.prepend(QLatin1String("https://"));
+    const auto url = RepositoryURL::fromString(text);
+    if (!url || url->scheme().isEmpty())
+        return report(false, RepositoryError::invalidURL());
+    const bool isKnown = std::any_of(m_repositories.begin(), m_repositories.end(), [&](const VeskRepositoryPtr& known) {
+        const auto knownURL = known->url();
+        return known->urlString() == text || (knownURL && knownURL->absoluteString() == url->absoluteString());
+    });
+    if (isKnown)
+        return report(true);
+    const auto repository = VeskRepository::repositoryWithURLString(url->absoluteString(), url->host());
+    m_repositories.push_back(repository);
+    persistState();
+    refreshRepository(repository, [report] { report(true); });
+}
+
+void RepoManager::refreshAllWithCompletion(const Completion& completion)
+{
+    setIsLoading(true);
+    setErrorMessage(QString());
+    m_packages.clear();
+    std::vector<VeskRepositoryPtr> enabled;
+    std::copy_if(m_repositories.begin(), m_repositories.end(), std::back_inserter(enabled),
+        [](const VeskRepositoryPtr& repository) { return repository->enabled(); });
+    const auto finish = [this, completion] {
+        setIsLoading(false);
+        if (completion)
+            completion();
+    };
+    if (enabled.empty())
+        return finish();
+    const auto completed = std::make_shared<std::size_t>(0);
+    const auto countOne = [this, completed, finish, total = enabled.size()] {
+        if (++*completed >= total)
+            QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
+    };
+    for (const VeskRepositoryPtr& repository : enabled)
+        refreshRepository(repository, countOne);
+}
+
+void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const Completion& completion)
+{
+    const auto report = [completion] {
+        if (completion)
+            completion();
+    };
+    const auto root = repository ? repository->url() : std::nullopt;
+    if (!root) {
+        setErrorMessage(QStringLiteral("Invalid repository URL"));
+        return report();
+    }
+    const auto done = [this, repository, report](PackageVector packages) {
+        if (packages.empty()) {
+            setErrorMessage(QStringLiteral("Could not fetch repository packages"));
+        } else {
+            repository->setLastRefresh(QDateTime::currentDateTime());
+            mergePackages(std::move(packages));
+        }
+        report();
+    };
+    const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers, m_world.statusPaths, m_world.limits,
+        m_world.inactivityTimeout, m_cancelled };
+    new IndexRefresh(repository, *root, tools, done, this);
+}
+
+PackageVector RepoManager::parsePackages(const QString& text, const VeskRepositoryPtr& repository) const
+{
+    const DpkgStatus status = DpkgStatus::read(m_world.statusPaths);
+    IndexParser parser(repository, status);
+    parser.feed(viewOf(text.toUtf8()));
+    return parser.finish();
+}
+
+QString RepoManager::installedVersionForPackage(const QString& packageID) const
+{
+    const DpkgStatus status = DpkgStatus::read(m_world.statusPaths);
+    const auto version = packageID.isNull() ? std::nullopt : status.versionOf(viewOf(packageID.toUtf8()));
+    if (!version)
+        return {};
+    return textOrEmpty(QString::fromUtf8(version->data(), static_cast<qsizetype>(version->size())));
+}
+
+const PackageVector& RepoManager::filteredPackagesWithQuery(const QString& query)
+{
+    if (query.isEmpty())
+        return m_packages.all();
+    const QString folded = query.toLower();
+    const auto holds = [&folded](const QString& text) { return text.toLower().contains(folded); };
+    m_found.clear();
+    for (const VeskPackagePtr& package : m_packages) {
+        if (holds(package->name()) || holds(package->packageID()) || holds(package->desc()) || holds(package->author()))
+            m_found.push_back(package);
+    }
+    return m_found;
+}
+
+PackageVector RepoManager::packagesForCategory(const QString& name) const
+{
+    const QByteArray section = name.toUtf8();
+    PackageVector found;
+    for (const VeskPackagePtr& package : m_packages) {
+        if (package->utf8(VeskPackage::Text::Section) == viewOf(section))
+            found.push_back(package);
+    }
+    return found;
+}
+
+std::vector<VeskCategoryPtr> RepoManager::categories() const
+{
+    std::unordered_map<std::string_view, quint64> counts;
+    for (const VeskPackagePtr& package : m_packages)
+        ++counts[package->utf8(VeskPackage::Text::Section)];
+    std::vector<std::pair<std::string, VeskCategoryPtr>> keyed;
+    for (const auto& [section, count] : counts) {
+        const QString name = QString::fromUtf8(section.data(), static_cast<qsizetype>(section.size()));
+        keyed.emplace_back(m_nameOrder.keyOf(section), VeskCategory::categoryWithName(textOrEmpty(name), count));
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::vector<VeskCategoryPtr> categories;
+    for (auto& [key, category] : keyed)
+        categories.push_back(std::move(category));
+    return categories;
+}
+
+const PackageVector& RepoManager::packagesSortedByName()
+{
+    m_sorted = m_packages.all();
+    sortByName(m_sorted);
+    return m_sorted;
+}
+
+void RepoManager::sortByName(PackageVector& packages)
+{
+    m_nameOrder.sort(packages);
+}
+
+void RepoManager::mergePackages(PackageVector packages)
+{
+    std::unordered_set<std::string_view> known;
+    for (const VeskPackagePtr& package : m_packages)
+        known.insert(package->utf8(VeskPackage::Text::PackageID));
+    for (VeskPackagePtr& package : packages) {
+        if (known.insert(package->utf8(VeskPackage::Text::PackageID)).second)
+            m_packages.push_back(std::move(package));
+    }
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "LoopbackServer.h"
+
+#include <QObject>
+#include <QTcpSocket>
+
+// One client's connection to a LoopbackServer; lives on the server's thread and goes when the client does.
+class LoopbackConnection : public QObject
+{
+    Q_OBJECT
+
+public:
+    LoopbackConnection(LoopbackServer& server, QTcpSocket* socket, QObject* parent);
+
+    // Sends a reply held back for this path, if one is.
+    void release(const QByteArray& path);
+
+private:
+    void readRequests();
+    void begin(const LoopbackServer::Reply& reply);
+    void writeFiller();
+    void end();
+
+    LoopbackServer& m_server;
+    QTcpSocket* m_socket;
+    QByteArray m_received;
+    QByteArray m_heldPath;
+    LoopbackServer::Ending m_ending = LoopbackServer::Ending::KeepAlive;
+    qint64 m_fillerLeft = 0;
+    bool m_isReplying = false;
+};
