@@ -51,8 +51,7 @@ public:
 
     void giveUpIfTooSlow(QTimer& timer)
     {
-        const auto allowed = m_limits.patience + std::chrono::milliseconds(m_received * 1000 / m_limits.slowestRate);
-        const auto left = allowed - std::chrono::milliseconds(m_clock.elapsed());
+        const auto left = m_limits.timeAllowed(m_received) - std::chrono::milliseconds(m_clock.elapsed());
         if (left.count() > 0)
             timer.start(left);
         else

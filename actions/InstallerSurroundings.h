@@ -18,6 +18,12 @@ struct DownloadLimits
     qint64 slowestRate = 1024;
     // Bytes; a longer body is refused. Nothing that dpkg installs on a phone comes near it.
     qint64 largestBody = qint64(4) * 1024 * 1024 * 1024;
+
+    // How long a body may take of which so much has been received.
+    std::chrono::milliseconds timeAllowed(qint64 received) const
+    {
+        return patience + std::chrono::milliseconds(received * 1000 / slowestRate);
+    }
 };
 
 // Everything of the outside world that the installer touches; passed to its constructor.

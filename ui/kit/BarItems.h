@@ -17,6 +17,7 @@ class BarButtonItem : public QObject
     Q_PROPERTY(Image image READ image CONSTANT)
     Q_PROPERTY(bool emphasised READ isEmphasised CONSTANT)
     Q_PROPERTY(bool enabled READ isEnabled NOTIFY enabledChanged)
+    Q_PROPERTY(QString shortcut READ shortcut CONSTANT)
     Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel CONSTANT)
 
 public:
@@ -35,6 +36,10 @@ public:
     bool isEnabled() const { return m_enabled; }
     void setEnabled(bool enabled);
 
+    // The keys that press the item while its screen shows, such as "F5"; set once, before the screen shows.
+    const QString& shortcut() const { return m_shortcut; }
+    void setShortcut(const QString& keys) { m_shortcut = keys; }
+
     // Calls the action unless the item is disabled.
     Q_INVOKABLE void press();
 
@@ -45,6 +50,7 @@ private:
     QString m_title;
     Image m_image;
     QString m_accessibilityLabel;
+    QString m_shortcut;
     std::function<void()> m_action;
     Style m_style = Style::Plain;
     bool m_enabled = true;

@@ -10,6 +10,7 @@ class Label : public View
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("views are made in C++")
+    Q_PROPERTY(QString shownText READ shownText NOTIFY labelChanged)
     Q_PROPERTY(QString text READ text NOTIFY labelChanged)
     Q_PROPERTY(QFont font READ font NOTIFY labelChanged)
     Q_PROPERTY(QColor color READ color NOTIFY labelChanged)
@@ -45,6 +46,8 @@ public:
     // The width of the text on one line.
     double naturalWidth() const;
 
+    // As much of the text as could ever be seen: what a source sends may be megabytes long.
+    QString shownText() const;
     QColor color() const { return m_textColor.toQColor(); }
     int alignment() const { return m_alignment; }
     int shadowDirection() const { return m_shadow == Shadow::None ? 0 : (m_shadow == Shadow::Below ? 1 : -1); }

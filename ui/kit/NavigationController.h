@@ -67,10 +67,10 @@ class NavigationController : public ViewController
     Q_PROPERTY(ObjectListModel* pageModel READ pageModel CONSTANT)
     Q_PROPERTY(ViewController* topViewController READ topViewController NOTIFY stackChanged)
     Q_PROPERTY(ViewController* leavingViewController READ leavingViewController NOTIFY stackChanged)
-    Q_PROPERTY(QString backTitle READ backTitle NOTIFY stackChanged)
     Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY stackChanged)
     Q_PROPERTY(bool pushing READ isPushing NOTIFY stackChanged)
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
+    Q_PROPERTY(double barHeight READ barHeight NOTIFY progressChanged)
 
 public:
     enum class Animation { None, Animated };
@@ -88,6 +88,7 @@ public:
     void popToRootViewController(Animation animation);
 
     NavigationController* navigationController() const override { return nullptr; }
+    // The moments of the whole stack are those of its top screen.
     void viewWillAppear() override;
     void viewDidAppear() override;
     void viewWillDisappear() override;
@@ -96,12 +97,12 @@ public:
 
     // The transition between two screens, 0 to 1; 1 while there is none.
     double progress() const { return m_progress; }
+    // Of the navigation bar, on its way from one screen's to the next's during a transition.
+    double barHeight() const;
     bool isTransitioning() const { return m_leaving != nullptr; }
     ViewController* leavingViewController() const { return m_leaving; }
     bool isPushing() const { return m_direction == Direction::Push; }
     bool canGoBack() const { return m_stack.size() > 1; }
-    // The title of the screen below.
-    QString backTitle() const;
     ObjectListModel* pageModel() { return &m_pageModel; }
 
     Q_INVOKABLE void goBack() { popViewController(Animation::Animated); }
@@ -120,6 +121,9 @@ private:
     void finishTransition();
     void setProgress(double progress);
     void layOutPages();
+    void layOutPage(ViewController* page);
+    static double barHeightFor(ViewController* page);
+    void drop(ViewController* controller);
 
     NavigationBar m_navigationBar;
     std::vector<ViewController*> m_stack;

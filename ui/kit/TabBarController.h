@@ -83,6 +83,9 @@ public:
     // A tab was tapped: selects it, or, when it is the selected one, goes back to its root screen.
     Q_INVOKABLE void tapTab(int index);
 
+    // Goes to the first tab whose root screen has a search field, and into that field.
+    void activateSearch();
+
     void viewWillAppear() override;
     void viewDidAppear() override;
     void viewDidLayoutSubviews() override;
@@ -93,7 +96,7 @@ Q_SIGNALS:
     void selectedIndexChanged();
 
 private:
-    QRectF contentFrame() const;
+    QRectF contentFrame();
 
     TabBar m_tabBar;
     std::vector<ViewController*> m_viewControllers;

@@ -14,7 +14,7 @@
 class TableView : public View
 {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(KitTable)
     QML_UNCREATABLE("views are made in C++")
     Q_PROPERTY(ObjectListModel* cellModel READ cellModel CONSTANT)
     Q_PROPERTY(ObjectListModel* headerModel READ headerModel CONSTANT)
@@ -72,9 +72,11 @@ public:
     template <typename Cell>
     Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
     {
-        if (auto* cell = qobject_cast<Cell*>(dequeueReusableCell(identifier)))
-            return cell;
-        return new Cell(style, identifier);
+        if (auto* reused = qobject_cast<Cell*>(dequeueReusableCell(identifier)))
+            return reused;
+        auto* cell = new Cell(style, identifier);
+        cell->setSeparatorInset(m_separatorInset);
+        return cell;
     }
     void deselectRow(const IndexPath& indexPath, Animation animation);
     // The rows are gone from the delegate already; those below move up.
@@ -129,14 +131,19 @@ Q_SIGNALS:
     void rowDeleted();
 
 private:
-    void rebuildLayout();
-    void updateVisibleRows();
+    void rebuildLayout(const std::vector<int>& rowCounts);
+    std::vector<int> askRowCounts() const;
+    void remakeHeaders();
     void placeHeaders();
+    void updateVisibleRows();
+    void retireRowsOutside(double top, double bottom);
     void showRow(const IndexPath& indexPath);
     void retireCell(TableViewCell* cell);
     void retireAllCells();
-    void dropHeaders();
-    void select(const IndexPath& indexPath);
+    void adoptSubview(View*& slot, View* view);
+    void holdContentOffset();
+    void setSelected(const IndexPath& indexPath, bool selected, Animation animation);
+    void setOpenRow(const IndexPath& indexPath);
     bool hasRow(const IndexPath& indexPath) const;
     void setFocusedRow(const IndexPath& indexPath);
     void scrollRowIntoView(const IndexPath& indexPath);
@@ -159,6 +166,7 @@ private:
     IndexPath m_openRow = NoRow;
     IndexPath m_focusedRow = NoRow;
     double m_contentOffset = 0;
+    bool m_loaded = false;
     double m_rowHeight = 44;
     double m_estimatedRowHeight = 44;
     double m_sectionHeaderHeight = 28;

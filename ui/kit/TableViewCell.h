@@ -90,6 +90,7 @@ private:
     void layOutSubtitle(double left, double width);
     void layOutValue1(double left, double width);
     void replaceView(View*& slot, View* view);
+    View* makeTypeAccessory() const;
 
     Style m_style;
     QString m_reuseIdentifier;
@@ -100,7 +101,7 @@ private:
     View* m_backgroundView = nullptr;
     View* m_selectedBackgroundView = nullptr;
     View* m_accessoryView = nullptr;
-    ImageView* m_typeAccessory = nullptr;
+    View* m_typeAccessory = nullptr;
     AccessoryType m_accessoryType = AccessoryType::None;
     Color m_tintColor = Color::black();
     EdgeInsets m_layoutMargins {0, 16, 0, 16};

@@ -27,6 +27,7 @@ class View : public QObject
     Q_PROPERTY(QColor gradientBottom READ gradientBottom NOTIFY appearanceChanged)
     Q_PROPERTY(ObjectListModel* subviewModel READ subviewModel CONSTANT)
     Q_PROPERTY(QString component READ component CONSTANT)
+    Q_PROPERTY(bool accessibilityElement READ isAccessibilityElement NOTIFY appearanceChanged)
     Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY appearanceChanged)
 
 public:
@@ -58,6 +59,9 @@ public:
     void setClipsToBounds(bool clips);
     const QString& accessibilityLabel() const { return m_accessibilityLabel; }
     void setAccessibilityLabel(const QString& label);
+    // Whether a screen reader meets the view by itself, or only as part of what it stands in.
+    bool isAccessibilityElement() const { return m_accessibilityElement; }
+    void setAccessibilityElement(bool element);
     int tag() const { return m_tag; }
     void setTag(int tag) { m_tag = tag; }
 
@@ -97,5 +101,6 @@ private:
     double m_cornerRadius = 0;
     int m_tag = 0;
     bool m_hidden = false;
+    bool m_accessibilityElement = true;
     bool m_clipsToBounds = false;
 };

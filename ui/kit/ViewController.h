@@ -25,6 +25,7 @@ class ViewController : public QObject
     Q_PROPERTY(View* view READ view CONSTANT)
     Q_PROPERTY(NavigationItem* navigationItem READ navigationItem CONSTANT)
     Q_PROPERTY(TabBarItem* tabBarItem READ tabBarItem CONSTANT)
+    Q_PROPERTY(QString backTitle READ backTitle CONSTANT)
     Q_PROPERTY(QString component READ component CONSTANT)
 
 public:
@@ -40,6 +41,9 @@ public:
     // The stack the screen is on, or null.
     virtual NavigationController* navigationController() const { return m_navigationController; }
     void setNavigationController(NavigationController* controller) { m_navigationController = controller; }
+    // What the back button says while this screen is on top: the title of the screen below. Null on a root screen.
+    const QString& backTitle() const { return m_backTitle; }
+    void setBackTitle(const QString& title) { m_backTitle = title; }
     // Hands the alert to the presenter among the parents; without one the alert is dropped.
     void present(AlertController* alert);
 
@@ -69,6 +73,7 @@ private:
 
     NavigationItem m_navigationItem;
     TabBarItem m_tabBarItem;
+    QString m_backTitle;
     View* m_view = nullptr;
     NavigationController* m_navigationController = nullptr;
     Appearance m_appearance = Appearance::Gone;

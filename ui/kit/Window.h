@@ -15,7 +15,7 @@ class QQuickWindow;
 class Window : public QObject, public AlertPresenter
 {
     Q_OBJECT
-    QML_ELEMENT
+    QML_NAMED_ELEMENT(WindowController)
     QML_UNCREATABLE("made in C++")
     Q_PROPERTY(ViewController* rootViewController READ rootViewController CONSTANT)
     Q_PROPERTY(AlertController* alert READ presentedAlert NOTIFY presentedAlertChanged)
@@ -35,6 +35,10 @@ public:
     AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
     void presentAlert(AlertController* alert) override;
 
+    // The window's keys: Alt+Left and Escape, Ctrl+1 to 5, Ctrl+F.
+    Q_INVOKABLE void goBack();
+    Q_INVOKABLE void selectTab(int index);
+    Q_INVOKABLE void search();
     // The window was given a size.
     Q_INVOKABLE void resize(double width, double height);
 

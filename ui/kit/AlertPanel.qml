@@ -1,0 +1,196 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// An alert in the middle of the window, or a sheet at its lower edge (in the middle of a wide window), over a shade that
+// holds back everything else.
+FocusScope {
+    id: root
+
+    required property AlertController alert
+    readonly property bool wide: width >= 600
+    readonly property bool sideBySide: !alert.sheet && alert.actions.length === 2
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: alert.title
+    Accessible.description: alert.message
+    Keys.onEscapePressed: root.alert.cancel()
+    Keys.onReturnPressed: root.alert.confirm()
+    Keys.onEnterPressed: root.alert.confirm()
+    // Tab goes round within the panel.
+    Keys.onTabPressed: event => event.accepted = true
+    Keys.onBacktabPressed: event => event.accepted = true
+
+    Rectangle {
+        anchors.fill: parent
+        color: KitLook.shade
+
+        NumberAnimation on opacity {
+            from: 0
+            to: 1
+            duration: 200
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        onClicked: if (root.alert.sheet)
+            root.alert.cancel()
+        onWheel: wheel => wheel.accepted = true
+    }
+    Rectangle {
+        id: panel
+
+        readonly property double rest: root.alert.sheet && !root.wide ? root.height - height - 8 : (root.height - height) / 2
+
+        x: Math.round((root.width - width) / 2)
+        y: Math.round(rest)
+        width: root.alert.sheet && !root.wide ? root.width - 16 : Math.min(290, root.width - 32)
+        height: contents.height + 28
+        radius: 12
+        border.color: KitLook.panelEdge
+        border.width: 2
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: KitLook.panelTop
+            }
+            GradientStop {
+                position: 1
+                color: KitLook.panelBottom
+            }
+        }
+
+        NumberAnimation on scale {
+            running: !root.alert.sheet
+            from: 0.85
+            to: 1
+            duration: 200
+            easing.type: Easing.OutBack
+        }
+
+        // Touches on the panel do not reach what closes the sheet.
+        MouseArea {
+            anchors.fill: parent
+        }
+        Column {
+            id: contents
+
+            x: 14
+            y: 14
+            width: parent.width - 28
+            spacing: 8
+
+            Text {
+                width: parent.width
+                visible: text.length > 0
+                horizontalAlignment: Text.AlignHCenter
+                text: root.alert.title.slice(0, 500)
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                maximumLineCount: 3
+                elide: Text.ElideRight
+                font.family: KitLook.fontFamily
+                font.pixelSize: 17
+                font.bold: true
+                color: KitLook.panelText
+                style: Text.Sunken
+                styleColor: KitLook.textShadow
+                renderType: Text.NativeRendering
+            }
+            Text {
+                width: parent.width
+                visible: text.length > 0
+                horizontalAlignment: Text.AlignHCenter
+                text: root.alert.message.slice(0, 2000)
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                maximumLineCount: 12
+                elide: Text.ElideRight
+                font.family: KitLook.fontFamily
+                font.pixelSize: 14
+                color: KitLook.panelText
+                style: Text.Sunken
+                styleColor: KitLook.textShadow
+                renderType: Text.NativeRendering
+            }
+            Repeater {
+                id: fields
+
+                model: root.alert.textFields
+                delegate: Rectangle {
+                    id: box
+
+                    required property AlertTextField modelData
+                    required property int index
+
+                    width: contents.width
+                    height: 34
+                    radius: 6
+                    color: KitLook.field
+                    border.color: KitLook.edge
+                    border.width: 1
+
+                    Text {
+                        anchors.fill: input
+                        visible: input.text.length === 0 && input.preeditText.length === 0
+                        verticalAlignment: Text.AlignVCenter
+                        text: box.modelData.placeholder
+                        color: KitLook.fieldPlaceholder
+                        font: input.font
+                        elide: Text.ElideRight
+                        renderType: Text.NativeRendering
+                    }
+                    TextInput {
+                        id: input
+
+                        anchors.fill: parent
+                        anchors.leftMargin: 10
+                        anchors.rightMargin: 10
+                        clip: true
+                        focus: box.index === 0
+                        activeFocusOnTab: true
+                        verticalAlignment: Text.AlignVCenter
+                        font.family: KitLook.fontFamily
+                        font.pixelSize: 15
+                        color: KitLook.fieldText
+                        selectByMouse: true
+                        selectionColor: KitLook.focus
+                        inputMethodHints: box.modelData.inputHints
+                        text: box.modelData.text
+                        renderType: Text.NativeRendering
+
+                        Accessible.role: Accessible.EditableText
+                        Accessible.name: box.modelData.placeholder
+
+                        onTextChanged: box.modelData.text = text
+                        Component.onCompleted: if (box.index === 0)
+                            forceActiveFocus()
+                    }
+                }
+            }
+            Grid {
+                width: parent.width
+                columns: root.sideBySide ? 2 : 1
+                spacing: 8
+                topPadding: 4
+
+                Repeater {
+                    model: root.alert.actions
+                    delegate: PanelButton {
+                        required property AlertAction modelData
+                        required property int index
+
+                        width: root.sideBySide ? (contents.width - 8) / 2 : contents.width
+                        title: modelData.title
+                        look: modelData.destructive ? PanelButton.Destructive : modelData.cancel ? PanelButton.Cancel : PanelButton.Default
+                        onPressed: root.alert.choose(index)
+                    }
+                }
+            }
+        }
+    }
+
+    Component.onCompleted: if (alert.textFields.length === 0)
+        forceActiveFocus()
+}

@@ -1,0 +1,22 @@
+#include "Animations.h"
+
+namespace {
+
+bool s_enabled = true;
+
+} // namespace
+
+int Animations::duration(int milliseconds)
+{
+    return s_enabled ? milliseconds : 0;
+}
+
+bool Animations::areEnabled()
+{
+    return s_enabled;
+}
+
+void Animations::setEnabled(bool enabled)
+{
+    s_enabled = enabled;
+}

@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// What one screen puts into the navigation bar: back button, left item, title, right item, search field.
+FocusScope {
+    id: root
+
+    required property ViewController page
+    required property NavigationBar bar
+    property double titleShift: 0
+    readonly property NavigationItem item: page.navigationItem
+    readonly property double barHeight: 44
+    // The title keeps to the middle while there is room for it there, then to the space between the buttons.
+    readonly property double leftEdge: leftItems.width + 8
+    readonly property double rightEdge: rightItem.visible ? rightItem.width + 8 : 8
+
+    signal back
+
+    Row {
+        id: leftItems
+
+        height: root.barHeight
+
+        BarButton {
+            id: backButton
+
+            bar: root.bar
+            height: root.barHeight
+            visible: root.page.backTitle.length > 0
+            glyph: GlyphImages.back
+            title: root.page.backTitle
+            maximumTitleWidth: Math.max(40, Math.min(root.width / 3, (root.width - title.implicitWidth) / 2 - 40))
+            accessibleName: KitLook.backTitle
+            onPressed: root.back()
+        }
+        BarButton {
+            bar: root.bar
+            height: root.barHeight
+            visible: root.item.leftItem !== null
+            item: root.item.leftItem
+        }
+    }
+    Text {
+        id: title
+
+        readonly property double middle: (root.width - width) / 2
+
+        x: Math.round(Math.max(root.leftEdge, Math.min(middle, root.width - root.rightEdge - width))) + root.titleShift
+        width: Math.min(implicitWidth, root.width - root.leftEdge - root.rightEdge)
+        height: root.barHeight
+        text: root.item.title
+        textFormat: Text.PlainText
+        font: root.bar.titleFont
+        color: root.bar.titleColor
+        elide: Text.ElideRight
+        verticalAlignment: Text.AlignVCenter
+        style: Text.Sunken
+        styleColor: KitLook.textShadow
+        renderType: Text.NativeRendering
+
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    BarButton {
+        id: rightItem
+
+        anchors.right: parent.right
+        bar: root.bar
+        height: root.barHeight
+        visible: root.item.rightItem !== null
+        item: root.item.rightItem
+    }
+    SearchField {
+        y: root.barHeight
+        width: root.width
+        height: 52
+        visible: root.item.searchController !== null
+        searchBar: root.item.searchController ? root.item.searchController.searchBar : null
+        tint: root.bar.tint
+    }
+}

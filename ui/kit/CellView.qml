@@ -1,0 +1,172 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// A row: backgrounds, content, accessory and separator, its touches, and the delete button that a swipe uncovers.
+Item {
+    id: root
+
+    required property TableViewCell view
+    required property KitTable table
+    required property bool sliding
+    required property bool keyboardHere
+    readonly property bool open: table.openSection === view.section && table.openRow === view.row && !view.hidden
+    readonly property bool focusedHere: keyboardHere && KeyboardFocus.shown && table.focusedSection === view.section && table.focusedRow === view.row
+    readonly property double deleteWidth: 88
+
+    x: view.frame.x
+    y: view.frame.y
+    width: view.frame.width
+    height: view.frame.height
+    visible: !view.hidden
+    clip: swipe.active || content.x !== 0
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: view.textLabel.text
+    Accessible.description: view.detailTextLabel ? view.detailTextLabel.text : ""
+    Accessible.selectable: true
+    Accessible.focusable: true
+    Accessible.focused: focusedHere
+    Accessible.onPressAction: root.table.tapRow(root.view.section, root.view.row)
+
+    Behavior on y {
+        enabled: root.sliding
+        NumberAnimation {
+            duration: 250
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    Item {
+        id: content
+
+        width: root.width
+        height: root.height
+        x: swipe.active ? Math.min(0, Math.max(-root.deleteWidth * 1.5, swipe.startX + swipe.activeTranslation.x)) : root.open ? -root.deleteWidth : 0
+
+        Behavior on x {
+            enabled: !swipe.active && !root.sliding
+            NumberAnimation {
+                duration: 200
+                easing.type: Easing.OutCubic
+            }
+        }
+
+        ViewFill {
+            anchors.fill: parent
+            view: root.view
+        }
+        ViewLoader {
+            view: root.view.backgroundView
+        }
+        ViewLoader {
+            view: root.view.selectedBackgroundView
+            opacity: root.view.highlighted ? 1 : 0
+            visible: opacity > 0
+
+            Behavior on opacity {
+                enabled: root.view.fadesSelection
+                NumberAnimation {
+                    duration: 250
+                }
+            }
+        }
+        PictureView {
+            view: root.view.imageView
+        }
+        LabelView {
+            view: root.view.textLabel
+        }
+        ViewLoader {
+            view: root.view.detailTextLabel
+        }
+        ViewLoader {
+            view: root.view.accessory
+        }
+        Rectangle {
+            id: separator
+
+            readonly property double hairline: 1 / Screen.devicePixelRatio
+
+            x: root.view.separatorLeft
+            y: root.height - hairline
+            width: root.width - root.view.separatorLeft - root.view.separatorRight
+            height: hairline
+            color: root.table.separatorTint
+        }
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 2
+            visible: root.focusedHere
+            color: "transparent"
+            border.color: KitLook.focus
+            border.width: 2
+            radius: 6
+        }
+    }
+    Rectangle {
+        id: deleteButton
+
+        x: root.width + content.x
+        width: -content.x
+        height: root.height
+        visible: width > 0
+        clip: true
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: KitLook.destructiveTop
+            }
+            GradientStop {
+                position: 1
+                color: KitLook.destructiveBottom
+            }
+        }
+
+        Accessible.role: Accessible.Button
+        Accessible.name: KitLook.deleteTitle
+        Accessible.ignored: !root.open
+        Accessible.onPressAction: root.table.deleteTapped(root.view.section, root.view.row)
+
+        Text {
+            anchors.centerIn: parent
+            text: KitLook.deleteTitle
+            color: KitLook.panelText
+            font.family: KitLook.fontFamily
+            font.bold: true
+            font.pixelSize: 15
+            style: Text.Sunken
+            styleColor: KitLook.textShadow
+        }
+        MouseArea {
+            anchors.fill: parent
+            onClicked: root.table.deleteTapped(root.view.section, root.view.row)
+        }
+    }
+
+    TapHandler {
+        enabled: !root.view.hidden
+        onPressedChanged: root.table.pressRow(root.view.section, root.view.row, pressed)
+        onTapped: {
+            KeyboardFocus.shown = false;
+            root.table.tapRow(root.view.section, root.view.row);
+        }
+    }
+    DragHandler {
+        id: swipe
+
+        property double startX: 0
+
+        target: null
+        yAxis.enabled: false
+        enabled: !root.view.hidden && root.table.canDeleteRow(root.view.section, root.view.row)
+        onActiveChanged: {
+            if (active)
+                startX = root.open ? -root.deleteWidth : 0;
+            else if (startX + activeTranslation.x < -root.deleteWidth / 2)
+                root.table.openRowForDeletion(root.view.section, root.view.row);
+            else
+                root.table.openRowForDeletion(-1, -1);
+        }
+    }
+}

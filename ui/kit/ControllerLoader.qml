@@ -1,0 +1,19 @@
+import QtQuick
+
+// Draws a controller by the file its kind names, from the first time it is wanted on.
+Loader {
+    id: root
+
+    required property ViewController controller
+    property bool wanted: true
+
+    function load() {
+        if (wanted && status === Loader.Null)
+            setSource(controller.component + ".qml", {
+                "controller": controller
+            });
+    }
+
+    onWantedChanged: load()
+    Component.onCompleted: load()
+}

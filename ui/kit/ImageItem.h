@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Image.h"
+
+#include <QColor>
+#include <QQuickItem>
+
+// Draws an Image: stretched, tiled or fitted, tinted and with round corners. The picture is composed once for its exact size
+// in device pixels and shared by all items that show the same one, so a frame costs a copy of pixels and nothing else.
+class ImageItem : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(Image image READ image WRITE setImage NOTIFY imageChanged)
+    Q_PROPERTY(bool present READ isPresent NOTIFY imageChanged)
+    Q_PROPERTY(QColor tint READ tint WRITE setTint NOTIFY imageChanged)
+    Q_PROPERTY(Mode mode READ mode WRITE setMode NOTIFY imageChanged)
+    Q_PROPERTY(double radius READ radius WRITE setRadius NOTIFY imageChanged)
+
+public:
+    // The numbers are those of ImageView::ContentMode, then what only backgrounds use.
+    enum Mode { ScaleToFill, AspectFit, Tile };
+    Q_ENUM(Mode)
+
+    explicit ImageItem(QQuickItem* parent = nullptr);
+
+    const Image& image() const { return m_image; }
+    void setImage(const Image& image);
+    bool isPresent() const { return !m_image.isNull(); }
+    QColor tint() const { return m_tint; }
+    void setTint(const QColor& tint);
+    Mode mode() const { return m_mode; }
+    void setMode(Mode mode);
+    double radius() const { return m_radius; }
+    void setRadius(double radius);
+
+Q_SIGNALS:
+    void imageChanged();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    void changed();
+
+    Image m_image;
+    QColor m_tint = Qt::black;
+    Mode m_mode = ScaleToFill;
+    double m_radius = 0;
+};

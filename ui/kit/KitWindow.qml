@@ -1,0 +1,71 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+Window {
+    id: root
+
+    required property WindowController controller
+
+    minimumWidth: 320
+    minimumHeight: 320
+    color: "black"
+
+    FocusScope {
+        id: content
+
+        anchors.fill: parent
+        focus: panel.item === null
+        enabled: panel.item === null
+
+        onWidthChanged: root.controller.resize(width, height)
+        onHeightChanged: root.controller.resize(width, height)
+
+        ControllerLoader {
+            anchors.fill: parent
+            focus: true
+            controller: root.controller.rootViewController
+        }
+    }
+    Loader {
+        id: panel
+
+        property AlertController alert: root.controller.alert
+
+        anchors.fill: parent
+        focus: item !== null
+        onAlertChanged: {
+            source = "";
+            if (alert)
+                setSource("AlertPanel.qml", {
+                    "alert": alert
+                });
+            else
+                content.forceActiveFocus();
+        }
+    }
+    Shortcut {
+        sequences: ["Alt+Left", "Escape"]
+        enabled: panel.item === null
+        onActivated: root.controller.goBack()
+    }
+    Shortcut {
+        sequence: "Ctrl+F"
+        enabled: panel.item === null
+        onActivated: root.controller.search()
+    }
+    Repeater {
+        model: 5
+        delegate: Item {
+            id: tabKey
+
+            required property int index
+
+            Shortcut {
+                sequence: "Ctrl+" + (tabKey.index + 1)
+                enabled: panel.item === null
+                onActivated: root.controller.selectTab(tabKey.index)
+            }
+        }
+    }
+}

@@ -1,0 +1,78 @@
+#include "Label.h"
+
+#include "Font.h"
+
+#include <QFontMetricsF>
+
+Label::Label(const QRectF& frame, QObject* parent)
+    : View(frame, parent)
+    , m_font(Font::systemFont(17))
+{
+}
+
+void Label::setText(const QString& text)
+{
+    if (m_text == text && m_text.isNull() == text.isNull())
+        return;
+    m_text = text;
+    Q_EMIT labelChanged();
+}
+
+void Label::setFont(const QFont& font)
+{
+    if (m_font == font)
+        return;
+    m_font = font;
+    Q_EMIT labelChanged();
+}
+
+void Label::setTextColor(const Color& color)
+{
+    if (m_textColor == color)
+        return;
+    m_textColor = color;
+    Q_EMIT labelChanged();
+}
+
+void Label::setTextAlignment(Qt::AlignmentFlag alignment)
+{
+    if (m_alignment == alignment)
+        return;
+    m_alignment = alignment;
+    Q_EMIT labelChanged();
+}
+
+void Label::setNumberOfLines(int lines)
+{
+    if (m_numberOfLines == lines)
+        return;
+    m_numberOfLines = lines;
+    Q_EMIT labelChanged();
+}
+
+void Label::setAdjustsFontSizeToFitWidth(bool adjusts)
+{
+    if (m_adjustsFontSize == adjusts)
+        return;
+    m_adjustsFontSize = adjusts;
+    Q_EMIT labelChanged();
+}
+
+void Label::setShadow(Shadow shadow, const Color& color)
+{
+    m_shadow = shadow;
+    m_shadowColor = color;
+    Q_EMIT labelChanged();
+}
+
+QString Label::shownText() const
+{
+    constexpr qsizetype LongestLine = 1000;
+    constexpr qsizetype LongestText = 20000;
+    return m_text.left(m_numberOfLines == 0 ? LongestText : LongestLine * m_numberOfLines);
+}
+
+double Label::naturalWidth() const
+{
+    return QFontMetricsF(m_font).horizontalAdvance(shownText());
+}

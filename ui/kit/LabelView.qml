@@ -1,0 +1,31 @@
+import QtQuick
+
+Text {
+    id: root
+
+    required property Label view
+
+    x: view.frame.x
+    y: view.frame.y
+    width: view.frame.width
+    height: view.frame.height
+    visible: !view.hidden && text.length > 0
+    text: view.shownText
+    textFormat: Text.PlainText
+    font: view.font
+    color: view.color
+    horizontalAlignment: view.alignment & Qt.AlignHCenter ? Text.AlignHCenter : view.alignment & Qt.AlignRight ? Text.AlignRight : Text.AlignLeft
+    verticalAlignment: Text.AlignVCenter
+    elide: view.numberOfLines === 0 ? Text.ElideNone : Text.ElideRight
+    wrapMode: view.numberOfLines === 1 ? Text.NoWrap : Text.Wrap
+    maximumLineCount: view.numberOfLines > 0 ? view.numberOfLines : 100000
+    fontSizeMode: view.adjustsFontSizeToFitWidth ? Text.HorizontalFit : Text.FixedSize
+    minimumPixelSize: 8
+    style: view.shadowDirection > 0 ? Text.Raised : view.shadowDirection < 0 ? Text.Sunken : Text.Normal
+    styleColor: view.shadowColor
+    renderType: Text.NativeRendering
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+    Accessible.ignored: !view.accessibilityElement
+}

@@ -1,0 +1,56 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// A stack of screens under its navigation bar. During a transition the upper screen slides over the lower one, which moves
+// a third as far.
+FocusScope {
+    id: root
+
+    required property NavigationController controller
+
+    function offsetOf(page) {
+        const p = root.controller.progress;
+        const isLeaving = page === root.controller.leavingViewController;
+        if (!isLeaving && page !== root.controller.topViewController)
+            return root.width;
+        const isUpper = isLeaving !== root.controller.pushing;
+        const away = isLeaving ? p : 1 - p;
+        return Math.round(away * root.width * (isUpper ? 1 : -0.3));
+    }
+
+    Item {
+        anchors.fill: parent
+        clip: true
+
+        Repeater {
+            model: root.controller.pageModel
+            delegate: ScreenPage {
+                id: page
+
+                required property QtObject object
+                readonly property bool onTop: object === root.controller.topViewController
+
+                controller: object as ViewController
+                width: root.width
+                height: root.height
+                x: root.offsetOf(object)
+                visible: onTop || object === root.controller.leavingViewController
+                enabled: onTop
+                focus: onTop
+
+                Rectangle {
+                    anchors.fill: parent
+                    color: KitLook.shade
+                    opacity: Math.abs(parent.x) / Math.max(1, root.width)
+                    visible: parent.x < 0
+                }
+            }
+        }
+    }
+    NavigationBarView {
+        width: root.width
+        height: root.controller.barHeight
+        controller: root.controller
+    }
+}

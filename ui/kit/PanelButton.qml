@@ -1,0 +1,81 @@
+import QtQuick
+
+// A glossy button of an alert or sheet.
+FocusScope {
+    id: root
+
+    enum Look {
+        Default,
+        Cancel,
+        Destructive
+    }
+
+    required property string title
+    required property int look
+    property bool emphasised: false
+
+    signal pressed
+
+    implicitHeight: 44
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.Button
+    Accessible.name: title
+    Accessible.focusable: true
+    Accessible.onPressAction: root.pressed()
+    Keys.onReturnPressed: pressed()
+    Keys.onEnterPressed: pressed()
+    Keys.onSpacePressed: pressed()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 7
+        border.color: KitLook.edge
+        border.width: 1
+        opacity: area.pressed ? 0.7 : 1
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: root.look === PanelButton.Destructive ? KitLook.destructiveTop : root.look === PanelButton.Cancel ? KitLook.cancelTop : KitLook.buttonTop
+            }
+            GradientStop {
+                position: 1
+                color: root.look === PanelButton.Destructive ? KitLook.destructiveBottom : root.look === PanelButton.Cancel ? KitLook.cancelBottom : KitLook.buttonBottom
+            }
+        }
+
+        Rectangle {
+            x: 4
+            y: 1
+            width: parent.width - 8
+            height: 1
+            color: KitLook.highlight
+        }
+    }
+    Text {
+        anchors.fill: parent
+        anchors.margins: 6
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        text: root.title
+        textFormat: Text.PlainText
+        font.family: KitLook.fontFamily
+        font.pixelSize: 16
+        font.bold: true
+        color: KitLook.panelText
+        elide: Text.ElideRight
+        style: Text.Sunken
+        styleColor: KitLook.textShadow
+        renderType: Text.NativeRendering
+    }
+    FocusRing {
+        control: root
+        radius: 8
+    }
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        onClicked: root.pressed()
+    }
+}

@@ -1,0 +1,29 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// A view without a look of its own: its fill, then its subviews.
+Item {
+    id: root
+
+    required property View view
+
+    x: view.frame.x
+    y: view.frame.y
+    width: view.frame.width
+    height: view.frame.height
+    visible: !view.hidden
+
+    ViewFill {
+        anchors.fill: parent
+        view: root.view
+    }
+    Repeater {
+        model: root.view.subviewModel
+        delegate: ViewLoader {
+            required property QtObject object
+
+            view: object as View
+        }
+    }
+}

@@ -1,0 +1,13 @@
+import QtQuick
+
+// A screen that is one view.
+FocusScope {
+    id: root
+
+    required property ViewController controller
+
+    ViewLoader {
+        focus: true
+        view: root.controller.view
+    }
+}

@@ -1,0 +1,26 @@
+import QtQuick
+
+// A thin bar that shows, while the content moves, which part of it is seen.
+Rectangle {
+    id: root
+
+    required property Flickable flickable
+    readonly property double share: Math.min(1, flickable.height / Math.max(1, flickable.contentHeight))
+    readonly property double place: Math.max(0, Math.min(1, flickable.contentY / Math.max(1, flickable.contentHeight - flickable.height)))
+
+    anchors.right: parent.right
+    anchors.rightMargin: 3
+    y: flickable.y + 3 + place * (flickable.height - 6 - height)
+    width: 4
+    height: Math.max(36, share * (flickable.height - 6))
+    radius: 2
+    color: KitLook.shade
+    visible: share < 1 && opacity > 0
+    opacity: flickable.moving ? 1 : 0
+
+    Behavior on opacity {
+        NumberAnimation {
+            duration: 250
+        }
+    }
+}

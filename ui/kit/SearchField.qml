@@ -1,0 +1,159 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// The search field of a navigation bar, with a button that clears it and, while it is in use, one that cancels.
+FocusScope {
+    id: root
+
+    required property SearchBar searchBar
+    required property color tint
+
+    function leave() {
+        root.searchBar.cancel();
+        input.focus = false;
+    }
+
+    Rectangle {
+        id: box
+
+        x: 10
+        y: 8
+        width: root.width - 20 - (cancel.visible ? cancel.width : 0)
+        height: 34
+        radius: height / 2
+        color: KitLook.field
+        border.color: input.activeFocus ? KitLook.focus : KitLook.edge
+        border.width: 1
+
+        Behavior on width {
+            NumberAnimation {
+                duration: 200
+                easing.type: Easing.OutCubic
+            }
+        }
+        ImageItem {
+            x: 10
+            anchors.verticalCenter: parent.verticalCenter
+            width: 16
+            height: 16
+            mode: ImageItem.AspectFit
+            image: GlyphImages.search
+            tint: KitLook.fieldPlaceholder
+        }
+        Text {
+            anchors.fill: input
+            verticalAlignment: Text.AlignVCenter
+            visible: input.text.length === 0 && input.preeditText.length === 0
+            text: root.searchBar ? root.searchBar.placeholder : ""
+            color: KitLook.fieldPlaceholder
+            font: input.font
+            elide: Text.ElideRight
+            renderType: Text.NativeRendering
+        }
+        TextInput {
+            id: input
+
+            x: 32
+            width: parent.width - 64
+            height: parent.height
+            focus: true
+            clip: true
+            activeFocusOnTab: true
+            verticalAlignment: Text.AlignVCenter
+            font.family: KitLook.fontFamily
+            font.pixelSize: 15
+            color: KitLook.fieldText
+            selectionColor: root.searchBar ? root.searchBar.tint : KitLook.focus
+            selectByMouse: true
+            inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
+            renderType: Text.NativeRendering
+
+            Accessible.role: Accessible.EditableText
+            Accessible.name: root.searchBar ? root.searchBar.placeholder : ""
+            Accessible.searchEdit: true
+
+            onTextChanged: if (root.searchBar)
+                root.searchBar.text = text
+            onActiveFocusChanged: if (root.searchBar && activeFocus)
+                root.searchBar.active = true
+            Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
+            Keys.onEscapePressed: root.leave()
+        }
+        ImageItem {
+            id: clear
+
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            width: 18
+            height: 18
+            mode: ImageItem.AspectFit
+            image: GlyphImages.clear
+            tint: KitLook.fieldPlaceholder
+            visible: input.text.length > 0
+
+            Accessible.role: Accessible.Button
+            Accessible.name: KitLook.clearTitle
+            Accessible.onPressAction: input.clear()
+
+            MouseArea {
+                anchors.fill: parent
+                anchors.margins: -10
+                onClicked: {
+                    input.clear();
+                    input.forceActiveFocus();
+                }
+            }
+        }
+    }
+    Text {
+        id: cancel
+
+        anchors.right: parent.right
+        anchors.rightMargin: 4
+        y: 8
+        width: implicitWidth + 16
+        height: 34
+        visible: root.searchBar !== null && root.searchBar.active
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        text: KitLook.cancelTitle
+        color: root.tint
+        opacity: cancelArea.pressed ? 0.5 : 1
+        font.family: KitLook.fontFamily
+        font.pixelSize: 15
+        style: Text.Sunken
+        styleColor: KitLook.textShadow
+        activeFocusOnTab: true
+        renderType: Text.NativeRendering
+
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+        Accessible.onPressAction: root.leave()
+        Keys.onReturnPressed: root.leave()
+        Keys.onSpacePressed: root.leave()
+
+        FocusRing {
+            control: cancel
+        }
+        MouseArea {
+            id: cancelArea
+
+            anchors.fill: parent
+            onClicked: root.leave()
+        }
+    }
+    Connections {
+        function onTextChanged() {
+            if (input.text !== root.searchBar.text)
+                input.text = root.searchBar.text;
+        }
+        function onActiveChanged() {
+            if (root.searchBar.active)
+                input.forceActiveFocus();
+        }
+
+        target: root.searchBar
+    }
+}

@@ -1,0 +1,21 @@
+#include "Switch.h"
+
+Switch::Switch(QObject* parent)
+    : View({0, 0, 51, 31}, parent)
+{
+}
+
+void Switch::setOn(bool on)
+{
+    if (m_on == on)
+        return;
+    m_on = on;
+    Q_EMIT onChanged();
+}
+
+void Switch::toggle()
+{
+    setOn(!m_on);
+    if (m_valueChanged)
+        m_valueChanged(this);
+}

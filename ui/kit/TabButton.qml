@@ -1,0 +1,52 @@
+import QtQuick
+
+FocusScope {
+    id: root
+
+    required property TabBarItem item
+    required property TabBar bar
+    required property bool selected
+
+    signal pressed
+
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.PageTab
+    Accessible.name: item.title
+    Accessible.selected: selected
+    Accessible.selectable: true
+    Accessible.focusable: true
+    Accessible.onPressAction: root.pressed()
+    Keys.onReturnPressed: pressed()
+    Keys.onEnterPressed: pressed()
+    Keys.onSpacePressed: pressed()
+
+    ImageItem {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 6
+        width: 26
+        height: 26
+        mode: ImageItem.AspectFit
+        image: root.item.image
+        tint: root.selected ? root.bar.selectedIconColor : root.bar.iconColor
+    }
+    Text {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 33
+        width: Math.min(implicitWidth, root.width - 4)
+        text: root.item.title
+        textFormat: Text.PlainText
+        font: root.bar.titleFont
+        color: root.selected ? root.bar.selectedTitleColor : root.bar.titleColor
+        elide: Text.ElideRight
+        renderType: Text.NativeRendering
+    }
+    FocusRing {
+        control: root
+        anchors.margins: 2
+    }
+    MouseArea {
+        anchors.fill: parent
+        onClicked: root.pressed()
+    }
+}

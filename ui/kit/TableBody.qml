@@ -1,0 +1,165 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+
+// A table: its cells and headers where C++ put them, scrolled, pulled and driven by keys.
+FocusScope {
+    id: root
+
+    required property KitTable view
+    readonly property RefreshControl refresh: view.refreshControl
+    readonly property double refreshRoom: 60
+    property bool sliding: false
+
+    x: view.frame.x
+    y: view.frame.y
+    width: view.frame.width
+    height: view.frame.height
+    visible: !view.hidden
+    activeFocusOnTab: true
+    focus: true
+
+    Accessible.role: Accessible.List
+    Accessible.focusable: true
+
+    Keys.onPressed: event => {
+        const page = Math.max(1, Math.floor(root.height / 60) - 1);
+        const steps = {
+            [Qt.Key_Down]: 1,
+            [Qt.Key_Up]: -1,
+            [Qt.Key_PageDown]: page,
+            [Qt.Key_PageUp]: -page,
+            [Qt.Key_End]: 0x3fffffff,
+            [Qt.Key_Home]: -0x3fffffff
+        };
+        event.accepted = true;
+        KeyboardFocus.shown = true;
+        if (event.key in steps)
+            root.view.moveFocus(steps[event.key]);
+        else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
+            root.view.activateFocusedRow();
+        else if (event.key === Qt.Key_Delete)
+            root.view.deleteFocusedRow();
+        else
+            event.accepted = false;
+    }
+
+    ViewFill {
+        anchors.fill: parent
+        view: root.view
+    }
+    Spinner {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Math.min(18, -flick.contentY - 42) + (root.refresh && root.refresh.refreshing ? 0 : 0)
+        visible: root.refresh !== null && flick.contentY < -12
+        tint: root.refresh ? root.refresh.tint : "transparent"
+        running: root.refresh !== null && root.refresh.refreshing
+        fraction: Math.min(1, -flick.contentY / (root.refreshRoom * 1.4))
+    }
+    Flickable {
+        id: flick
+
+        anchors.fill: parent
+        clip: true
+        pixelAligned: true
+        contentWidth: width
+        contentHeight: root.view.contentHeight
+        boundsBehavior: Flickable.DragAndOvershootBounds
+        flickDeceleration: 1500
+        maximumFlickVelocity: 8000
+
+        onContentYChanged: root.view.setContentOffset(contentY)
+        onDraggingChanged: {
+            if (dragging)
+                root.view.clearFocus();
+            else if (root.refresh && contentY < -root.refreshRoom * 1.4)
+                root.refresh.pull();
+        }
+
+        Item {
+            width: flick.width
+            height: flick.contentHeight
+
+            ViewLoader {
+                view: root.view.tableHeaderView
+            }
+            Repeater {
+                model: root.view.cellModel
+                delegate: CellView {
+                    required property QtObject object
+
+                    view: object as TableViewCell
+                    table: root.view
+                    sliding: root.sliding
+                    keyboardHere: root.activeFocus
+                }
+            }
+            Repeater {
+                model: root.view.headerModel
+                delegate: HeaderView {
+                    required property QtObject object
+
+                    view: object as View
+                }
+            }
+        }
+    }
+    ScrollIndicator {
+        flickable: flick
+    }
+
+    NumberAnimation {
+        id: settle
+
+        target: flick
+        property: "contentY"
+        duration: 250
+        easing.type: Easing.OutCubic
+        onFinished: if (!root.refresh || !root.refresh.refreshing)
+            flick.topMargin = 0
+    }
+    Timer {
+        id: slideEnd
+
+        interval: 300
+        onTriggered: root.sliding = false
+    }
+    Connections {
+        function onContentOffsetChanged() {
+            if (flick.contentY !== root.view.contentOffset)
+                flick.contentY = root.view.contentOffset;
+        }
+        function onRowDeleted() {
+            root.sliding = true;
+            slideEnd.restart();
+        }
+
+        target: root.view
+    }
+    Connections {
+        function onRefreshingChanged() {
+            root.showRefreshing();
+        }
+
+        target: root.refresh
+    }
+
+    // The room for the spinner is there at once; only the content moves.
+    function showRefreshing() {
+        const begins = root.refresh.refreshing;
+        if (begins)
+            flick.topMargin = root.refreshRoom;
+        if (begins ? flick.contentY <= 0 : flick.contentY < 0) {
+            settle.to = begins ? -root.refreshRoom : 0;
+            settle.restart();
+        } else if (!begins) {
+            flick.topMargin = 0;
+        }
+    }
+
+    Component.onCompleted: {
+        flick.contentY = root.view.contentOffset;
+        if (root.refresh && root.refresh.refreshing)
+            root.showRefreshing();
+    }
+}

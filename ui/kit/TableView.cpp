@@ -1,0 +1,413 @@
+#include "TableView.h"
+
+#include <algorithm>
+
+TableView::TableView(QObject* parent)
+    : View({}, parent)
+{
+}
+
+TableView::~TableView() = default;
+
+void TableView::setDelegate(TableViewDelegate* delegate)
+{
+    m_delegate = delegate;
+}
+
+void TableView::setSeparatorColor(const Color& color)
+{
+    m_separatorColor = color;
+    Q_EMIT appearanceChanged();
+}
+
+void TableView::adoptSubview(View*& slot, View* view)
+{
+    if (slot == view)
+        return;
+    delete slot;
+    slot = view;
+    if (view)
+        addSubview(view);
+}
+
+void TableView::setTableFooterView(View* view)
+{
+    adoptSubview(m_tableFooterView, view);
+}
+
+void TableView::setTableHeaderView(View* view)
+{
+    adoptSubview(m_tableHeaderView, view);
+    Q_EMIT tableHeaderViewChanged();
+    if (!m_loaded)
+        return;
+    rebuildLayout(askRowCounts());
+    updateVisibleRows();
+}
+
+void TableView::setRefreshControl(RefreshControl* control)
+{
+    delete m_refreshControl;
+    m_refreshControl = control;
+    if (control)
+        control->setParent(this);
+    Q_EMIT refreshControlChanged();
+}
+
+// MARK: loading
+
+void TableView::reloadData()
+{
+    m_loaded = true;
+    setOpenRow(NoRow);
+    m_selectedRow = NoRow;
+    retireAllCells();
+    rebuildLayout(askRowCounts());
+    remakeHeaders();
+    if (!hasRow(m_focusedRow))
+        setFocusedRow(NoRow);
+    holdContentOffset();
+    updateVisibleRows();
+}
+
+std::vector<int> TableView::askRowCounts() const
+{
+    std::vector<int> rowCounts;
+    const int sections = m_delegate ? m_delegate->numberOfSections() : 0;
+    for (int section = 0; section < sections; ++section)
+        rowCounts.push_back(std::max(0, m_delegate->numberOfRowsInSection(section)));
+    return rowCounts;
+}
+
+void TableView::rebuildLayout(const std::vector<int>& rowCounts)
+{
+    TableLayout::Heights heights;
+    heights.tableHeader = m_tableHeaderView ? m_tableHeaderView->height() : 0;
+    heights.rowCounts = rowCounts;
+    for (int section = 0; section < static_cast<int>(rowCounts.size()); ++section) {
+        const double header = m_delegate->heightForHeaderInSection(section);
+        heights.sectionHeaders.push_back(header < 0 ? m_sectionHeaderHeight : header);
+        heights.sectionFooters.push_back(m_sectionFooterHeight);
+    }
+    heights.row = [this](const IndexPath& indexPath) {
+        const double height = m_delegate->heightForRowAtIndexPath(indexPath);
+        return height < 0 ? m_rowHeight : height;
+    };
+    m_layout = TableLayout(heights);
+    Q_EMIT contentHeightChanged();
+}
+
+void TableView::remakeHeaders()
+{
+    for (const auto& [section, header] : m_headers) {
+        m_headerModel.remove(header);
+        delete header;
+    }
+    m_headers.clear();
+    for (int section = 0; section < m_layout.sectionCount(); ++section) {
+        View* header = m_delegate->viewForHeaderInSection(section);
+        if (!header)
+            continue;
+        addSubview(header);
+        m_headers[section] = header;
+        m_headerModel.append(header);
+    }
+    placeHeaders();
+}
+
+void TableView::placeHeaders()
+{
+    for (const auto& [section, header] : m_headers)
+        header->setFrame({0, m_layout.headerTop(section, m_contentOffset), width(), m_layout.headerHeight(section)});
+}
+
+void TableView::layoutSubviews()
+{
+    if (!m_loaded) {
+        if (m_delegate)
+            reloadData();
+        return;
+    }
+    std::vector<int> rowCounts;
+    for (int section = 0; section < m_layout.sectionCount(); ++section)
+        rowCounts.push_back(m_layout.rowCount(section));
+    rebuildLayout(rowCounts);
+    remakeHeaders();
+    for (const auto& [indexPath, cell] : m_visibleCells)
+        cell->setFrame(rectForRow(indexPath));
+    holdContentOffset();
+    updateVisibleRows();
+}
+
+// MARK: cells
+
+TableViewCell* TableView::dequeueReusableCell(const QString& identifier)
+{
+    const auto found = std::find_if(m_reusableCells.begin(), m_reusableCells.end(),
+        [&](const TableViewCell* cell) { return cell->reuseIdentifier() == identifier; });
+    if (found == m_reusableCells.end())
+        return nullptr;
+    TableViewCell* cell = *found;
+    m_reusableCells.erase(found);
+    cell->prepareForReuse();
+    return cell;
+}
+
+void TableView::updateVisibleRows()
+{
+    if (!m_loaded)
+        return;
+    const double top = m_contentOffset;
+    const double bottom = m_contentOffset + height();
+    retireRowsOutside(top, bottom);
+    for (int section = 0; section < m_layout.sectionCount(); ++section) {
+        const auto [first, end] = m_layout.rowsBetween(section, top, bottom);
+        for (int row = first; row < end; ++row)
+            if (!m_visibleCells.contains({section, row}))
+                showRow({section, row});
+    }
+    for (TableViewCell* cell : m_reusableCells)
+        cell->setHidden(true);
+}
+
+void TableView::retireRowsOutside(double top, double bottom)
+{
+    for (auto row = m_visibleCells.begin(); row != m_visibleCells.end();) {
+        const bool isSeen = m_layout.rowBottom(row->first) > top && m_layout.rowTop(row->first) < bottom;
+        if (!isSeen)
+            retireCell(row->second);
+        row = isSeen ? std::next(row) : m_visibleCells.erase(row);
+    }
+}
+
+void TableView::showRow(const IndexPath& indexPath)
+{
+    TableViewCell* cell = m_delegate->cellForRowAtIndexPath(indexPath);
+    m_visibleCells[indexPath] = cell;
+    cell->setIndexPath(indexPath);
+    cell->setFrame(rectForRow(indexPath));
+    cell->setNeedsLayout();
+    cell->setHidden(false);
+    if (indexPath == m_selectedRow)
+        cell->setSelected(true, TableViewCell::Fade::Immediately);
+    if (cell->superview() == this)
+        return;
+    addSubview(cell);
+    m_cellModel.append(cell);
+}
+
+void TableView::retireCell(TableViewCell* cell)
+{
+    m_reusableCells.push_back(cell);
+}
+
+void TableView::retireAllCells()
+{
+    for (const auto& [indexPath, cell] : m_visibleCells)
+        retireCell(cell);
+    m_visibleCells.clear();
+}
+
+// MARK: rows
+
+QRectF TableView::rectForRow(const IndexPath& indexPath) const
+{
+    if (!hasRow(indexPath))
+        return {};
+    const double top = m_layout.rowTop(indexPath);
+    return {0, top, width(), m_layout.rowBottom(indexPath) - top};
+}
+
+std::optional<IndexPath> TableView::indexPathForRowAtPoint(const QPointF& point) const
+{
+    if (point.x() < 0 || point.x() > width())
+        return std::nullopt;
+    return m_layout.rowAt(point.y());
+}
+
+TableViewCell* TableView::cellForRow(const IndexPath& indexPath) const
+{
+    const auto found = m_visibleCells.find(indexPath);
+    return found == m_visibleCells.end() ? nullptr : found->second;
+}
+
+std::vector<IndexPath> TableView::indexPathsForVisibleRows() const
+{
+    std::vector<IndexPath> rows;
+    for (const auto& [indexPath, cell] : m_visibleCells)
+        rows.push_back(indexPath);
+    return rows;
+}
+
+View* TableView::headerView(int section) const
+{
+    const auto found = m_headers.find(section);
+    return found == m_headers.end() ? nullptr : found->second;
+}
+
+bool TableView::hasRow(const IndexPath& indexPath) const
+{
+    return indexPath.row >= 0 && indexPath.row < m_layout.rowCount(indexPath.section);
+}
+
+// After the content shrank, its end is the furthest that shows. A table that is pulled down stays so.
+void TableView::holdContentOffset()
+{
+    if (height() > 0)
+        setContentOffset(std::min(m_contentOffset, std::max(0.0, contentHeight() - height())));
+}
+
+void TableView::setContentOffset(double offset)
+{
+    if (offset == m_contentOffset)
+        return;
+    m_contentOffset = offset;
+    placeHeaders();
+    updateVisibleRows();
+    Q_EMIT contentOffsetChanged();
+}
+
+void TableView::setSelected(const IndexPath& indexPath, bool selected, Animation animation)
+{
+    const auto fade = animation == Animation::Animated ? TableViewCell::Fade::Animated : TableViewCell::Fade::Immediately;
+    if (TableViewCell* cell = cellForRow(indexPath))
+        cell->setSelected(selected, fade);
+    m_selectedRow = selected ? indexPath : NoRow;
+}
+
+void TableView::deselectRow(const IndexPath& indexPath, Animation animation)
+{
+    if (indexPath == m_selectedRow)
+        setSelected(indexPath, false, animation);
+}
+
+// The cells below keep their rows' content and take the place above; a new one comes in at the end.
+void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
+{
+    if (!hasRow(indexPath))
+        return;
+    setOpenRow(NoRow);
+    if (animation == Animation::Animated)
+        Q_EMIT rowDeleted();
+    std::map<IndexPath, TableViewCell*> moved;
+    for (const auto& [old, cell] : m_visibleCells) {
+        const bool isBelow = old.section == indexPath.section && old.row > indexPath.row;
+        if (old == indexPath)
+            retireCell(cell);
+        else
+            moved[isBelow ? IndexPath {old.section, old.row - 1} : old] = cell;
+    }
+    m_visibleCells = std::move(moved);
+    rebuildLayout(askRowCounts());
+    for (const auto& [now, cell] : m_visibleCells) {
+        cell->setIndexPath(now);
+        cell->setFrame(rectForRow(now));
+    }
+    placeHeaders();
+    holdContentOffset();
+    updateVisibleRows();
+}
+
+// MARK: what a person does
+
+void TableView::tapRow(int section, int row)
+{
+    const IndexPath indexPath {section, row};
+    if (m_openRow != NoRow)
+        return setOpenRow(NoRow);
+    if (!hasRow(indexPath) || !m_delegate)
+        return;
+    if (m_selectedRow != NoRow)
+        setSelected(m_selectedRow, false, Animation::None);
+    setSelected(indexPath, true, Animation::None);
+    m_delegate->didSelectRowAtIndexPath(indexPath);
+}
+
+void TableView::pressRow(int section, int row, bool pressed)
+{
+    if (TableViewCell* cell = cellForRow({section, row}))
+        cell->setPressed(pressed && m_openRow == NoRow);
+}
+
+bool TableView::canDeleteRow(int section, int row) const
+{
+    return hasRow({section, row}) && m_delegate->canEditRowAtIndexPath({section, row});
+}
+
+void TableView::openRowForDeletion(int section, int row)
+{
+    setOpenRow(canDeleteRow(section, row) ? IndexPath {section, row} : NoRow);
+}
+
+void TableView::deleteTapped(int section, int row)
+{
+    if (!canDeleteRow(section, row))
+        return;
+    setOpenRow(NoRow);
+    m_delegate->commitEditingStyle(EditingStyle::Delete, {section, row});
+}
+
+void TableView::setOpenRow(const IndexPath& indexPath)
+{
+    if (m_openRow == indexPath)
+        return;
+    m_openRow = indexPath;
+    Q_EMIT openRowChanged();
+}
+
+void TableView::moveFocus(int rows)
+{
+    const auto visible = indexPathsForVisibleRows();
+    if (visible.empty())
+        return;
+    const bool isFirst = m_focusedRow == NoRow;
+    const auto target = isFirst ? std::optional(rows > 0 ? visible.front() : visible.back()) : m_layout.rowAfter(m_focusedRow, rows);
+    if (target)
+        focusRow(target->section, target->row);
+}
+
+void TableView::focusRow(int section, int row)
+{
+    if (!hasRow({section, row}))
+        return;
+    setFocusedRow({section, row});
+    scrollRowIntoView({section, row});
+}
+
+void TableView::scrollRowIntoView(const IndexPath& indexPath)
+{
+    const QRectF rect = rectForRow(indexPath);
+    const double pinned = m_layout.headerHeight(indexPath.section);
+    const bool isFirst = indexPath == IndexPath {0, 0};
+    if (isFirst)
+        setContentOffset(std::min(m_contentOffset, 0.0));
+    if (rect.top() - pinned < m_contentOffset)
+        setContentOffset(std::max(0.0, rect.top() - pinned));
+    else if (rect.bottom() > m_contentOffset + height())
+        setContentOffset(rect.bottom() - height());
+}
+
+void TableView::activateFocusedRow()
+{
+    if (hasRow(m_focusedRow))
+        tapRow(m_focusedRow.section, m_focusedRow.row);
+}
+
+void TableView::deleteFocusedRow()
+{
+    if (hasRow(m_focusedRow))
+        deleteTapped(m_focusedRow.section, m_focusedRow.row);
+}
+
+void TableView::clearFocus()
+{
+    setFocusedRow(NoRow);
+}
+
+void TableView::setFocusedRow(const IndexPath& indexPath)
+{
+    if (m_focusedRow == indexPath)
+        return;
+    m_focusedRow = indexPath;
+    Q_EMIT focusedRowChanged();
+}

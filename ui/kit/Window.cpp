@@ -1,0 +1,104 @@
+#include "Window.h"
+
+#include "NavigationController.h"
+#include "TabBarController.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickWindow>
+#include <QScreen>
+
+#include <algorithm>
+
+Q_IMPORT_QML_PLUGIN(ui_kitPlugin)
+
+namespace {
+
+constexpr QSizeF DesktopSize(390, 844);
+
+// A screen that is no wider than a large phone held upright is a phone's.
+bool isPhone(const QSizeF& screen)
+{
+    return std::min(screen.width(), screen.height()) <= 480;
+}
+
+} // namespace
+
+Window::Window(QObject* parent)
+    : QObject(parent)
+    , m_engine(std::make_unique<QQmlEngine>())
+{
+    m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+}
+
+Window::~Window()
+{
+    delete m_quickWindow;
+}
+
+void Window::setRootViewController(ViewController* controller)
+{
+    m_rootViewController = controller;
+    controller->setParent(this);
+}
+
+void Window::makeKeyAndVisible(const QString& title)
+{
+    const QSizeF available = QGuiApplication::primaryScreen()->availableGeometry().size();
+    const QSizeF size = isPhone(available) ? available : DesktopSize.boundedTo(available);
+    resize(size.width(), size.height());
+
+    QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));
+    QObject* object = component.createWithInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(this)},
+        {QStringLiteral("title"), title}, {QStringLiteral("width"), size.width()}, {QStringLiteral("height"), size.height()}});
+    m_quickWindow = qobject_cast<QQuickWindow*>(object);
+    if (!m_quickWindow)
+        qFatal("The interface cannot be made: %s", qPrintable(component.errorString()));
+    m_rootViewController->beginAppearance();
+    if (isPhone(available))
+        m_quickWindow->showFullScreen();
+    else
+        m_quickWindow->show();
+    m_rootViewController->endAppearance();
+}
+
+void Window::resize(double width, double height)
+{
+    m_rootViewController->layOut({0, 0, width, height});
+}
+
+void Window::goBack()
+{
+    auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController);
+    if (auto* const stack = qobject_cast<NavigationController*>(tabs ? tabs->selectedViewController() : m_rootViewController))
+        stack->goBack();
+}
+
+void Window::selectTab(int index)
+{
+    if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))
+        tabs->setSelectedIndex(index);
+}
+
+void Window::search()
+{
+    if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))
+        tabs->activateSearch();
+}
+
+void Window::presentAlert(AlertController* alert)
+{
+    alert->setParent(this);
+    m_alerts.append(alert);
+    connect(alert, &AlertController::dismissed, this, [this, alert] {
+        const bool isShown = alert == presentedAlert();
+        m_alerts.removeOne(alert);
+        if (isShown)
+            Q_EMIT presentedAlertChanged();
+        alert->deleteLater();
+    });
+    if (m_alerts.size() == 1)
+        Q_EMIT presentedAlertChanged();
+}
