@@ -39,8 +39,9 @@ bool mayLead(const QUrl& from, const QUrl& to)
 class Reception
 {
 public:
-    Reception(QNetworkReply& reply, const DownloadLimits& limits, const PrivateDirectory* directory)
+    Reception(QNetworkReply& reply, const DownloadLimits& limits, const PrivateDirectory* directory, QEventLoop& loop)
         : m_reply(reply)
+        , m_loop(loop)
         , m_limits(limits)
         , m_directory(directory)
     {
@@ -62,13 +63,12 @@ public:
             giveUp();
     }
 
+    // The transfer itself ends with the reply.
     void giveUp()
     {
-        if (std::exchange(m_isGivenUp, true))
-            return;
+        m_isGivenUp = true;
         m_file.reset();
-        if (m_reply.isRunning())
-            m_reply.abort();
+        m_loop.quit();
     }
 
     std::unique_ptr<PartialFile> takeFile()
@@ -118,6 +118,7 @@ private:
     }
 
     QNetworkReply& m_reply;
+    QEventLoop& m_loop;
     const DownloadLimits& m_limits;
     const PrivateDirectory* m_directory;
     QElapsedTimer m_clock;
@@ -159,7 +160,7 @@ ArchiveRequest::Answer ArchiveRequest::ask(
     QEventLoop loop;
     const std::unique_ptr<QNetworkReply> reply(m_manager.get(requestFor(url, m_limits)));
     reply->setReadBufferSize(readBufferSize);
-    const auto reception = std::make_unique<Reception>(*reply, m_limits, directory);
+    const auto reception = std::make_unique<Reception>(*reply, m_limits, directory, loop);
     QObject::connect(reply.get(), &QIODevice::readyRead, &loop, [&] { reception->drain(); });
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
 
