@@ -88,6 +88,7 @@ public:
     void popToRootViewController(Animation animation);
 
     NavigationController* navigationController() const override { return nullptr; }
+    TabBarItem* tabBarItem() override { return m_stack.front()->tabBarItem(); }
     // The moments of the whole stack are those of its top screen.
     void viewWillAppear() override;
     void viewDidAppear() override;

@@ -34,7 +34,8 @@ public:
     const QString& title() const { return m_navigationItem.title(); }
     void setTitle(const QString& title) { m_navigationItem.setTitle(title); }
     NavigationItem* navigationItem() { return &m_navigationItem; }
-    TabBarItem* tabBarItem() { return &m_tabBarItem; }
+    // What stands for the screen in a tab bar; a stack's is that of its root screen.
+    virtual TabBarItem* tabBarItem() { return &m_tabBarItem; }
     // Makes the view, then calls viewDidLoad(), on the first call.
     View* view();
     bool isViewLoaded() const { return m_view != nullptr; }
