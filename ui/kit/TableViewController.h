@@ -12,6 +12,8 @@ public:
     using ViewController::ViewController;
 
     TableView* tableView();
+    // Null until the view is made.
+    const TableView* tableView() const { return static_cast<const TableView*>(loadedView()); }
 
 protected:
     View* loadView() override;

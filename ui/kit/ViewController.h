@@ -38,6 +38,7 @@ public:
     // Makes the view, then calls viewDidLoad(), on the first call.
     View* view();
     bool isViewLoaded() const { return m_view != nullptr; }
+    const View* loadedView() const { return m_view; }
     // The stack the screen is on, or null.
     virtual NavigationController* navigationController() const { return m_navigationController; }
     void setNavigationController(NavigationController* controller) { m_navigationController = controller; }

@@ -1,0 +1,224 @@
+#include "ClassicPackageCell.h"
+
+#include "ClassicUI.h"
+#include "LoopbackServer.h"
+#include "TestImage.h"
+#include "TestPackage.h"
+#include "VeskResources.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+[[maybe_unused]] const bool resourcesAreThere = (initialiseResources(), true);
+
+class PackageCell : public testing::Test
+{
+protected:
+    PackageCell() { cell.setFrame({ 0, 0, 390, 60 }); }
+
+    QString detail() const { return cell.detailTextLabel()->text(); }
+    void configure(int variant = 0) { cell.configureWithPackage(*package, variant); }
+    const ImageView* badge() const { return qobject_cast<ImageView*>(cell.accessoryView()); }
+    void expectBadge(const QString& symbol, const Color& color) const
+    {
+        ASSERT_NE(badge(), nullptr);
+        EXPECT_EQ(badge()->image(), Image::systemNamed(symbol));
+        EXPECT_FALSE(badge()->image().isNull());
+        EXPECT_EQ(badge()->tintColor(), color);
+        EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::None);
+    }
+    bool showsPlaceholder() const { return cell.imageView()->image() == placeholder; }
+
+    const Image placeholder = Image::named(QStringLiteral("Homepage"));
+    VeskPackagePtr package = makePackage(QStringLiteral("Alpha"));
+    ClassicPackageCell cell{ TableViewCell::Style::Value1, QStringLiteral("PackageCell") };
+};
+
+} // namespace
+
+TEST_F(PackageCell, isInTheSubtitleStyleWhateverStyleIsAskedFor)
+{
+    EXPECT_EQ(cell.style(), TableViewCell::Style::Subtitle);
+    EXPECT_EQ(cell.reuseIdentifier(), QStringLiteral("PackageCell"));
+    EXPECT_TRUE(showsPlaceholder());
+}
+
+TEST_F(PackageCell, showsTheNameAndTheAuthorBesideTheVersion)
+{
+    configure();
+    EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("Alpha"));
+    EXPECT_EQ(detail(), QStringLiteral("Ada  \u2022  1.0"));
+}
+
+TEST_F(PackageCell, showsTheIdentifierOfAPackageWithoutAName)
+{
+    package->setName(QString());
+    configure();
+    EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("org.example.package"));
+    package->setName(QStringLiteral(""));
+    configure();
+    EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("org.example.package"));
+}
+
+TEST_F(PackageCell, showsTheSourceOfAPackageWithoutAnAuthor)
+{
+    package->setAuthor(QString());
+    configure();
+    EXPECT_EQ(detail(), QStringLiteral("Source  \u2022  1.0"));
+    package->setAuthor(QStringLiteral(""));
+    configure();
+    EXPECT_EQ(detail(), QStringLiteral("Source  \u2022  1.0"));
+}
+
+TEST_F(PackageCell, endsInABulletWhenThereIsNoVersion)
+{
+    package->setVersion(QString());
+    configure();
+    EXPECT_EQ(detail(), QStringLiteral("Ada  \u2022  "));
+}
+
+TEST_F(PackageCell, showsTheVersionAloneWhenNeitherAuthorNorSourceHaveAName)
+{
+    package->setAuthor(QString());
+    package->repository()->setName(QString());
+    configure();
+    EXPECT_EQ(detail(), QStringLiteral("1.0"));
+}
+
+TEST_F(PackageCell, showsAnEmptyDetailTextWhenNothingIsKnown)
+{
+    package->setAuthor(QString());
+    package->setVersion(QString());
+    package->setRepository(nullptr);
+    configure();
+    EXPECT_EQ(detail(), QStringLiteral(""));
+    EXPECT_FALSE(detail().isNull());
+}
+
+TEST_F(PackageCell, leadsOnWhenThePackageIsNotInstalled)
+{
+    configure();
+    EXPECT_EQ(cell.accessoryView(), nullptr);
+    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+}
+
+TEST_F(PackageCell, hasABlueBadgeWhenThePackageIsInstalled)
+{
+    package->setInstalledVersion(QStringLiteral("1.0"));
+    configure();
+    expectBadge(QStringLiteral("checkmark.circle.fill"), ClassicUI::veskBlueColor());
+}
+
+TEST_F(PackageCell, hasOnlyTheOrangeBadgeWhenAnInstalledPackageHasAnUpdate)
+{
+    package->setInstalledVersion(QStringLiteral("0.9"));
+    configure();
+    expectBadge(QStringLiteral("arrow.up.circle.fill"), ClassicUI::veskOrangeColor());
+}
+
+TEST_F(PackageCell, losesItsBadgeWhenItIsPreparedForReuse)
+{
+    package->setInstalledVersion(QStringLiteral("0.9"));
+    configure();
+    cell.prepareForReuse();
+    EXPECT_EQ(cell.accessoryView(), nullptr);
+    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+}
+
+TEST_F(PackageCell, losesItsBadgeWhenItIsConfiguredForAnotherPackage)
+{
+    package->setInstalledVersion(QStringLiteral("0.9"));
+    configure();
+    cell.configureWithPackage(*makePackage(QStringLiteral("Beta")), 1);
+    EXPECT_EQ(cell.accessoryView(), nullptr);
+    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+}
+
+TEST_F(PackageCell, remembersTheIconItRepresentsUntilItIsReused)
+{
+    EXPECT_TRUE(cell.representedIconURL().isNull());
+    package->setIconURLString(QStringLiteral("no icon here"));
+    configure();
+    EXPECT_EQ(cell.representedIconURL(), QStringLiteral("no icon here"));
+    cell.prepareForReuse();
+    EXPECT_TRUE(cell.representedIconURL().isNull());
+}
+
+TEST_F(PackageCell, alternatesItsBackgroundWithTheRow)
+{
+    const auto background = [this] { return static_cast<ImageView*>(cell.backgroundView())->image().identity(); };
+    configure(0);
+    EXPECT_EQ(background(), Image::named(QStringLiteral("cellback1")).identity());
+    configure(1);
+    EXPECT_EQ(background(), Image::named(QStringLiteral("cellback2")).identity());
+    configure(2);
+    EXPECT_EQ(background(), Image::named(QStringLiteral("cellback1")).identity());
+}
+
+TEST_F(PackageCell, clipsTheIconToRoundCorners)
+{
+    configure();
+    EXPECT_EQ(cell.imageView()->cornerRadius(), 7);
+    EXPECT_TRUE(cell.imageView()->clipsToBounds());
+    EXPECT_EQ(cell.imageView()->contentMode(), ImageView::ContentMode::AspectFit);
+}
+
+TEST_F(PackageCell, hasAFixedGeometry)
+{
+    configure();
+    cell.layoutSubviews();
+    const double width = cell.contentView()->width();
+    EXPECT_GT(width, 300);
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(12, 9, 42, 42));
+    EXPECT_EQ(cell.textLabel()->frame(), QRectF(66, 11, width - 110, 22));
+    EXPECT_EQ(cell.detailTextLabel()->frame(), QRectF(66, 33, width - 110, 18));
+}
+
+TEST_F(PackageCell, keepsItsGeometryWhenTheIconArrives)
+{
+    configure();
+    cell.imageView()->setImage(Image::fromData(pngOf(Qt::red, { 300, 20 }), 1));
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(12, 9, 42, 42));
+}
+
+TEST_F(PackageCell, givesTheTextsNoWidthInAVeryNarrowRow)
+{
+    configure();
+    cell.setFrame({ 0, 0, 100, 60 });
+    EXPECT_EQ(cell.textLabel()->width(), 0);
+    EXPECT_EQ(cell.detailTextLabel()->width(), 0);
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(12, 9, 42, 42));
+}
+
+TEST_F(PackageCell, showsThePlaceholderAtOnceAndTheIconWhenItHasArrived)
+{
+    LoopbackServer server;
+    server.serve("/icon.png", pngOf(Qt::red));
+    package->setIconURLString(server.url(QStringLiteral("/icon.png")));
+    QSignalSpy changes(cell.imageView(), &ImageView::imageChanged);
+    configure();
+    EXPECT_TRUE(showsPlaceholder());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !showsPlaceholder(); }, 20000));
+    EXPECT_EQ(cell.imageView()->image().pixels(1).pixelColor(5, 5), QColor(Qt::red));
+}
+
+// A late icon goes to whatever row the cell shows by then; the row's next configuration puts it right.
+TEST_F(PackageCell, isGivenALateIconEvenAfterItWasReused)
+{
+    LoopbackServer server;
+    server.setReply("/icon.png", { .body = pngOf(Qt::blue), .timing = LoopbackServer::Timing::Held });
+    package->setIconURLString(server.url(QStringLiteral("/icon.png")));
+    configure();
+    cell.prepareForReuse();
+    const VeskPackagePtr other = makePackage(QStringLiteral("Beta"));
+    cell.configureWithPackage(*other, 1);
+    server.release("/icon.png");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !showsPlaceholder(); }, 20000));
+    EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("Beta"));
+    EXPECT_EQ(cell.imageView()->image().pixels(1).pixelColor(5, 5), QColor(Qt::blue));
+    cell.configureWithPackage(*other, 1);
+    EXPECT_TRUE(showsPlaceholder());
+}

@@ -1,0 +1,259 @@
+#include "IconLoader.h"
+
+#include "LoopbackServer.h"
+#include "TestImage.h"
+
+#include <QNetworkReply>
+#include <QSignalSpy>
+#include <QTemporaryFile>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int generousMilliseconds = 20000;
+
+// The real network, with a count of what is asked of it.
+class CountingManager : public QNetworkAccessManager
+{
+public:
+    int requests = 0;
+
+protected:
+    QNetworkReply* createRequest(Operation operation, const QNetworkRequest& request, QIODevice* data) override
+    {
+        ++requests;
+        return QNetworkAccessManager::createRequest(operation, request, data);
+    }
+};
+
+class Loader : public testing::Test
+{
+protected:
+    void restart(const IconLoader::Limits& limits)
+    {
+        loader = std::make_unique<IconLoader>(manager, limits);
+        finished = std::make_unique<QSignalSpy>(loader.get(), &IconLoader::finished);
+    }
+    Loader() { restart({}); }
+
+    void load(const QString& url, ImageView& target, double scale = 1) { loader->load(url, scale, target); }
+    void waitFor(int count)
+    {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return finished->count() >= count; }, generousMilliseconds));
+        EXPECT_EQ(finished->count(), count);
+    }
+    // Loads from the server's path until the load has ended.
+    void loadAndWait(const QString& path)
+    {
+        const int before = static_cast<int>(finished->count());
+        load(server.url(path), view);
+        waitFor(before + 1);
+    }
+    static QColor colorOf(const ImageView& shown) { return shown.image().pixels(1).pixelColor(1, 1); }
+    bool isEmpty() const { return view.image().isNull(); }
+
+    LoopbackServer server;
+    CountingManager manager;
+    ImageView view;
+    std::unique_ptr<IconLoader> loader;
+    std::unique_ptr<QSignalSpy> finished;
+};
+
+} // namespace
+
+TEST_F(Loader, showsADownloadedIcon)
+{
+    server.serve("/icon.png", pngOf(Qt::red));
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, decodesForTheScaleOfTheScreen)
+{
+    server.serve("/icon.png", pngOf(Qt::red, { 120, 60 }));
+    load(server.url(QStringLiteral("/icon.png")), view, 2);
+    waitFor(1);
+    EXPECT_EQ(view.image().size(), QSizeF(60, 30));
+}
+
+TEST_F(Loader, showsACachedIconAtOnceWithoutADownload)
+{
+    server.serve("/icon.png", pngOf(Qt::red));
+    loadAndWait(QStringLiteral("/icon.png"));
+    ImageView other;
+    load(server.url(QStringLiteral("/icon.png")), other);
+    EXPECT_EQ(other.image(), view.image());
+    EXPECT_EQ(manager.requests, 1);
+}
+
+TEST_F(Loader, asksTheNetworkForNothingThatIsNotAWebURL)
+{
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write(pngOf(Qt::red));
+    file.flush();
+    for (const QString& url : { QString(), QStringLiteral(""), QStringLiteral("not a url"), QStringLiteral("icon.png"),
+             QStringLiteral("/icon.png"), QStringLiteral("file://") + file.fileName(),
+             QStringLiteral("FILE:///icon.png"), QStringLiteral("qrc:/assets/Homepage.png"),
+             QStringLiteral("data:image/png;base64,AAAA"), QStringLiteral("ftp://127.0.0.1/icon.png"),
+             QStringLiteral("http://127.0.0.1/a b.png") })
+        load(url, view);
+    EXPECT_EQ(manager.requests, 0);
+    EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(Loader, sendsNoHeadersOfItsOwn)
+{
+    server.serve("/icon.png", pngOf(Qt::red));
+    loadAndWait(QStringLiteral("/icon.png"));
+    const auto requests = server.requests();
+    ASSERT_EQ(requests.size(), 1U);
+    EXPECT_EQ(requests.front().method, "GET");
+    EXPECT_TRUE(requests.front().header("Cache-Control").isNull());
+    EXPECT_TRUE(requests.front().header("Cookie").isNull());
+}
+
+TEST_F(Loader, followsARedirectToTheWebAndToNothingElse)
+{
+    server.serve("/icon.png", pngOf(Qt::red));
+    server.redirect("/moved.png", server.url(QStringLiteral("/icon.png")).toUtf8());
+    loadAndWait(QStringLiteral("/moved.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write(pngOf(Qt::blue));
+    file.flush();
+    server.redirect("/file.png", "file://" + file.fileName().toUtf8());
+    loadAndWait(QStringLiteral("/file.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, keepsWhatIsShownWhenTheDownloadFails)
+{
+    view.setImage(Image::fromData(pngOf(Qt::green), 1));
+    server.setReply("/empty.png", { .body = "" });
+    server.setReply("/broken.png", { .body = "this is no picture" });
+    server.setReply("/half.png",
+        { .body = pngOf(Qt::red).left(40), .declaredLength = 5000, .ending = LoopbackServer::Ending::Close });
+    server.setReply("/reset.png", { .garbage = "HTTP/1.1 2", .ending = LoopbackServer::Ending::Reset });
+    server.setReply("/garbage.png", { .garbage = "no HTTP at all\r\n\r\n", .ending = LoopbackServer::Ending::Close });
+    for (const QString& path :
+        { QStringLiteral("/empty.png"), QStringLiteral("/broken.png"), QStringLiteral("/half.png"),
+            QStringLiteral("/reset.png"), QStringLiteral("/garbage.png"), QStringLiteral("/absent.png") }) {
+        loadAndWait(path);
+        EXPECT_EQ(colorOf(view), QColor(Qt::green)) << qPrintable(path);
+    }
+}
+
+TEST_F(Loader, triesAgainAfterAFailure)
+{
+    server.setReply("/icon.png", { .body = "this is no picture" });
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_TRUE(isEmpty());
+    server.serve("/icon.png", pngOf(Qt::red));
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+    EXPECT_EQ(manager.requests, 2);
+}
+
+// What counts is the body, not the status.
+TEST_F(Loader, showsAPictureThatCameWithAnErrorStatus)
+{
+    server.setReply("/icon.png", { .status = 404, .body = pngOf(Qt::red) });
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, startsADownloadForEachViewThatWaitsForTheSameIcon)
+{
+    server.setReply("/icon.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
+    ImageView other;
+    load(server.url(QStringLiteral("/icon.png")), view);
+    load(server.url(QStringLiteral("/icon.png")), other);
+    server.release("/icon.png");
+    waitFor(2);
+    EXPECT_EQ(manager.requests, 2);
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+    EXPECT_EQ(colorOf(other), QColor(Qt::red));
+}
+
+TEST_F(Loader, fillsTheCacheForAViewThatIsGone)
+{
+    server.setReply("/icon.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
+    auto gone = std::make_unique<ImageView>();
+    load(server.url(QStringLiteral("/icon.png")), *gone);
+    gone.reset();
+    server.release("/icon.png");
+    waitFor(1);
+    load(server.url(QStringLiteral("/icon.png")), view);
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+    EXPECT_EQ(manager.requests, 1);
+}
+
+TEST_F(Loader, refusesABodyOverItsBoundAndStopsReadingIt)
+{
+    constexpr qint64 bound = 100000;
+    restart({ .largestBody = bound });
+    server.setReply("/icon.png", { .body = pngOf(Qt::red), .fillerSize = qint64(200) * 1024 * 1024 });
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_TRUE(isEmpty());
+    constexpr qint64 whatSocketsHold = qint64(50) * 1024 * 1024;
+    EXPECT_LT(server.bytesSent(), whatSocketsHold);
+}
+
+TEST_F(Loader, takesABodyOfExactlyItsBound)
+{
+    const QByteArray body = pngOf(Qt::red);
+    restart({ .largestBody = body.size() });
+    server.serve("/icon.png", body);
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+
+    restart({ .largestBody = body.size() - 1 });
+    view.setImage({});
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(Loader, takesABodyLargerThanItsReadBuffer)
+{
+    QByteArray body = pngOf(Qt::red);
+    body.append(QByteArray(300000, 'x'));
+    server.serve("/icon.png", body);
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, givesUpOnASilentServer)
+{
+    restart({ .inactivityTimeout = std::chrono::milliseconds(50) });
+    server.setReply("/icon.png", { .body = "a", .declaredLength = 100, .ending = LoopbackServer::Ending::Stall });
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(Loader, downloadsAgainWhatItsCacheHadNoRoomFor)
+{
+    restart({ .cacheSize = 100 });
+    server.serve("/icon.png", pngOf(Qt::red));
+    loadAndWait(QStringLiteral("/icon.png"));
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_EQ(manager.requests, 2);
+}
+
+TEST_F(Loader, canGoAwayDuringDownloadsAndDecodings)
+{
+    server.setReply("/held.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
+    server.serve("/icon.png", pngOf(Qt::red, { 2000, 2000 }));
+    load(server.url(QStringLiteral("/icon.png")), view);
+    load(server.url(QStringLiteral("/held.png")), view);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return server.requests().size() == 2; }, generousMilliseconds));
+    loader.reset();
+    server.release("/held.png");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isEmpty());
+}
