@@ -118,6 +118,8 @@ IndexPath TouchDriver::rowWithText(int section, const QString& text) const
 bool TouchDriver::scrollToRow(int section, const QString& text)
 {
     constexpr int MostStrokes = 60;
+    if (rowWithText(section, text).row < 0)
+        scrollToRow({ 0, 0 });
     for (int stroke = 0; stroke < MostStrokes; ++stroke) {
         const IndexPath row = rowWithText(section, text);
         if (row.row >= 0)
@@ -259,6 +261,15 @@ void TouchDriver::moveTo(const QPointF& point)
     QTest::touchEvent(&quickWindow(), m_finger).move(0, point.toPoint());
 }
 
+void TouchDriver::glideTo(const QPointF& point)
+{
+    const QPointF from = m_touched;
+    for (int step = 1; step <= DragSteps; ++step) {
+        QTest::qWait(StepMilliseconds);
+        moveTo(from + (point - from) * step / DragSteps);
+    }
+}
+
 void TouchDriver::release()
 {
     QTest::touchEvent(&quickWindow(), m_finger).release(0, m_touched.toPoint());
@@ -274,10 +285,7 @@ void TouchDriver::tap(const QPointF& point)
 void TouchDriver::drag(const QPointF& from, const QPointF& to, Release release)
 {
     press(from);
-    for (int step = 1; step <= DragSteps; ++step) {
-        QTest::qWait(StepMilliseconds);
-        moveTo(from + (to - from) * step / DragSteps);
-    }
+    glideTo(to);
     // A finger that rests before it lifts gives no momentum.
     for (int step = 0; release == Release::AfterResting && step < DragSteps; ++step) {
         QTest::qWait(StepMilliseconds);

@@ -58,6 +58,8 @@ public:
     enum class Release { AtOnce, AfterResting };
     void press(const QPointF& point);
     void moveTo(const QPointF& point);
+    // Moves the finger that is down, in small steps.
+    void glideTo(const QPointF& point);
     void release();
     void tap(const QPointF& point);
     void drag(const QPointF& from, const QPointF& to, Release release = Release::AfterResting);
