@@ -94,6 +94,8 @@ void IndexRefresh::acceptIndex(ParsedIndex parsed, std::size_t index)
 
 void IndexRefresh::finish(ParsedIndex parsed)
 {
+    // Whoever is told may delete this, by way of the manager.
+    const Done done = std::move(m_done);
     deleteLater();
-    m_done(std::move(parsed));
+    done(std::move(parsed));
 }

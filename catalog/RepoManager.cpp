@@ -6,6 +6,8 @@
 #include "IndexRefresh.h"
 #include "TextDecoding.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <unordered_map>
 
@@ -32,13 +34,22 @@ RepoManager::RepoManager(CatalogWorld world, QObject* parent)
     , m_index(m_packages, m_nameOrder)
     , m_cancelled(std::make_shared<std::atomic<bool>>(false))
 {
+    if (QCoreApplication* application = QCoreApplication::instance())
+        connect(application, &QCoreApplication::aboutToQuit, this, &RepoManager::dropRefreshes);
     loadSavedState();
 }
 
 // The refreshes go first: they stand on the network, which goes with the members.
 RepoManager::~RepoManager()
 {
+    dropRefreshes();
+}
+
+// Workers that still read an index stop at their next window, so that nobody waits for them.
+void RepoManager::dropRefreshes()
+{
     m_cancelled->store(true);
+    m_cancelled = std::make_shared<std::atomic<bool>>(false);
     qDeleteAll(findChildren<IndexRefresh*>(QString(), Qt::FindDirectChildrenOnly));
 }
 

@@ -77,6 +77,8 @@ public:
     void sortByName(PackageVector& packages);
 
 private:
+    void dropRefreshes();
+
     CatalogWorld m_world;
     bool m_isLoading = false;
     std::vector<VeskRepositoryPtr> m_repositories;
