@@ -2,7 +2,7 @@
 
 #include "ClassicUI.h"
 #include "InstalledPackages.h"
-#include "PackageDetailViewController.h"
+#include "OpenScreen.h"
 #include "ScreenRows.h"
 
 InstalledAppsViewController::InstalledAppsViewController(RepoManager& manager, PackageInstaller& installer)
@@ -48,8 +48,5 @@ TableViewCell* InstalledAppsViewController::cellForRowAtIndexPath(const IndexPat
 void InstalledAppsViewController::didSelectRowAtIndexPath(const IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, TableView::Animation::Animated);
-    const auto row = static_cast<std::size_t>(indexPath.row);
-    if (row < m_installed.size())
-        navigationController()->pushViewController(
-            new PackageDetailViewController(m_installed[row], m_installer), NavigationController::Animation::Animated);
+    openPackage(*this, m_installed, indexPath.row, m_installer);
 }

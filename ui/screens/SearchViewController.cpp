@@ -1,8 +1,7 @@
 #include "SearchViewController.h"
 
 #include "ClassicUI.h"
-#include "PackageDetailViewController.h"
-#include "PackageListViewController.h"
+#include "OpenScreen.h"
 #include "ScreenRows.h"
 
 #include <algorithm>
@@ -98,13 +97,8 @@ VeskCategoryPtr SearchViewController::categoryAtRow(int row) const
 void SearchViewController::didSelectRowAtIndexPath(const IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, TableView::Animation::Animated);
-    ViewController* screen = nullptr;
-    if (isQuerying()) {
-        if (const VeskPackagePtr package = resultAtRow(indexPath.row))
-            screen = new PackageDetailViewController(package, m_installer);
-    } else if (const VeskCategoryPtr category = categoryAtRow(indexPath.row)) {
-        screen = new PackageListViewController(category->name(), m_manager, m_installer);
-    }
-    if (screen)
-        navigationController()->pushViewController(screen, NavigationController::Animation::Animated);
+    if (isQuerying())
+        openPackage(*this, m_manager.filteredPackagesWithQuery(m_currentQuery), indexPath.row, m_installer);
+    else
+        openCategory(*this, m_manager.categories(), indexPath.row, m_manager, m_installer);
 }

@@ -2,7 +2,7 @@
 
 #include "CatalogRefresh.h"
 #include "ClassicUI.h"
-#include "PackageDetailViewController.h"
+#include "OpenScreen.h"
 #include "ScreenRows.h"
 
 WhatsNewViewController::WhatsNewViewController(RepoManager& manager, PackageInstaller& installer)
@@ -64,8 +64,5 @@ TableViewCell* WhatsNewViewController::cellForRowAtIndexPath(const IndexPath& in
 void WhatsNewViewController::didSelectRowAtIndexPath(const IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, TableView::Animation::Animated);
-    const auto row = static_cast<std::size_t>(indexPath.row);
-    if (row < m_packages.size())
-        navigationController()->pushViewController(
-            new PackageDetailViewController(m_packages[row], m_installer), NavigationController::Animation::Animated);
+    openPackage(*this, m_packages, indexPath.row, m_installer);
 }

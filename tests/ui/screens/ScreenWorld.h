@@ -1,0 +1,113 @@
+#pragma once
+
+#include "AlertController.h"
+#include "NavigationController.h"
+#include "PackageInstaller.h"
+#include "RepoManager.h"
+#include "ScriptedNetwork.h"
+#include "TableViewController.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+// A source list that is kept in memory and counts what is written to it.
+class MemoryStore : public SourceStore
+{
+public:
+    std::optional<std::vector<StoredSource>> sources() const override { return m_sources; }
+    bool setSources(const std::vector<StoredSource>& sources) override
+    {
+        m_sources = sources;
+        ++m_writes;
+        return true;
+    }
+    int writes() const { return m_writes; }
+
+private:
+    std::vector<StoredSource> m_sources{ { QStringLiteral("http://127.0.0.1/first"), QStringLiteral("First"), true } };
+    int m_writes = 0;
+};
+
+// Has a handler for every URL, and only writes down what it is asked to open.
+class RecordingOpener : public URLOpener
+{
+public:
+    explicit RecordingOpener(QStringList& opened)
+        : m_opened(opened)
+    {
+    }
+    bool canOpenURL(const QString& /*url*/) override { return true; }
+    void openURL(const QString& url) override { m_opened.append(url); }
+
+private:
+    QStringList& m_opened;
+};
+
+// Stands where the window does and keeps every alert that a screen presents.
+class AlertRecorder : public QObject, public AlertPresenter
+{
+public:
+    void presentAlert(AlertController* alert) override
+    {
+        alert->setParent(this);
+        m_alerts.append(alert);
+    }
+    const QList<AlertController*>& alerts() const { return m_alerts; }
+
+private:
+    QList<AlertController*> m_alerts;
+};
+
+// The world of a screen under test: a catalog and an installer of its own, no network, and a real stack of screens of
+// 390 by 800 points without anything that draws it.
+class ScreenTest : public testing::Test
+{
+protected:
+    ScreenTest();
+    ~ScreenTest() override;
+
+    // Puts the screen on a stack and makes it appear.
+    template <typename Screen> Screen* show(Screen* screen)
+    {
+        showOnStack(screen);
+        return screen;
+    }
+    void appearAgain();
+    void dismissScreen() { navigation.reset(); }
+
+    TableView* table() const { return static_cast<TableView*>(navigation->topViewController()->view()); }
+    TableViewCell* cell(int section, int row) const { return table()->cellForRow({ section, row }); }
+    QString text(int section, int row) const { return cell(section, row)->textLabel()->text(); }
+    QString detail(int section, int row) const { return cell(section, row)->detailTextLabel()->text(); }
+    QStringList texts(int section) const;
+    QString headerText(int section) const;
+    std::size_t stackSize() const { return navigation->viewControllers().size(); }
+    // The screen on top of the stack, null when it is of another kind.
+    template <typename Screen> Screen* top() const { return dynamic_cast<Screen*>(navigation->topViewController()); }
+    AlertController* lastAlert() const { return window.alerts().isEmpty() ? nullptr : window.alerts().last(); }
+
+    VeskPackagePtr addPackage(const QString& name, const QString& section = QStringLiteral("Other"));
+    VeskPackagePtr addInstalledPackage(const QString& name, const QString& version, const QString& installedVersion);
+
+    // Lets the main loop turn until the condition holds; fails after a generous while.
+    static bool waitUntil(const std::function<bool()>& condition);
+    // Lets every task run that is posted by now.
+    static void turnLoop();
+
+    MemoryStore* store = nullptr;
+    ScriptedNetwork* network = nullptr;
+    QTemporaryDir directory;
+    QStringList openedURLs;
+    std::unique_ptr<RepoManager> manager;
+    std::unique_ptr<PackageInstaller> installer;
+    AlertRecorder window;
+    std::unique_ptr<NavigationController> navigation;
+
+private:
+    void showOnStack(ViewController* screen);
+};
