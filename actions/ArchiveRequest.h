@@ -25,6 +25,8 @@ bool isAcceptable(const ArchiveResponse& response);
 class ArchiveRequest
 {
 public:
+    static constexpr int mostRedirects = 20;
+
     ArchiveRequest(QNetworkAccessManager& manager, const DownloadLimits& limits);
 
     // Null when the response is not acceptable, when the body cannot be written, or once told to stop; nothing is left
@@ -32,6 +34,15 @@ public:
     std::unique_ptr<PartialFile> fetch(const QUrl& url, const PrivateDirectory* directory, const std::stop_token& stop);
 
 private:
+    struct Answer
+    {
+        std::unique_ptr<PartialFile> file;
+        // Valid when the answer is to ask there.
+        QUrl redirect;
+    };
+
+    Answer ask(const QUrl& url, const PrivateDirectory* directory, const std::stop_token& stop);
+
     QNetworkAccessManager& m_manager;
     DownloadLimits m_limits;
 };

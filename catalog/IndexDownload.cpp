@@ -5,8 +5,6 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
-#include <algorithm>
-
 namespace {
 
 const QByteArray userAgent = QByteArrayLiteral("Telesphoreo APT-HTTP/1.0.592");
@@ -53,14 +51,7 @@ IndexDownload::IndexDownload(
             this, [this] { m_done(std::nullopt); }, Qt::QueuedConnection);
 }
 
-IndexDownload::~IndexDownload()
-{
-    if (m_reply == nullptr)
-        return;
-    m_reply->disconnect(this);
-    m_reply->abort();
-    m_reply->deleteLater();
-}
+IndexDownload::~IndexDownload() { dropReply(); }
 
 void IndexDownload::start(QNetworkAccessManager& network, const RepositoryURL& url)
 {
@@ -72,18 +63,29 @@ void IndexDownload::start(QNetworkAccessManager& network, const RepositoryURL& u
 
 void IndexDownload::readAvailable()
 {
-    if (m_isRefused)
-        return;
     m_body.append(m_reply->readAll());
-    m_isRefused = statusOf(*m_reply) != statusOK || static_cast<std::size_t>(m_body.size()) > m_bounds.bodySize;
-    if (m_isRefused)
-        m_reply->abort();
+    if (statusOf(*m_reply) != statusOK || static_cast<std::size_t>(m_body.size()) > m_bounds.bodySize) {
+        dropReply();
+        m_done(std::nullopt);
+    }
 }
 
 void IndexDownload::finish()
 {
-    readAvailable();
-    const bool isSound = !m_isRefused && m_reply->error() == QNetworkReply::NoError && statusOf(*m_reply) == statusOK
-        && !m_body.isEmpty();
+    bool isSound = m_reply->error() == QNetworkReply::NoError && statusOf(*m_reply) == statusOK;
+    if (isSound)
+        m_body.append(m_reply->readAll());
+    isSound = isSound && !m_body.isEmpty() && static_cast<std::size_t>(m_body.size()) <= m_bounds.bodySize;
+    dropReply();
     m_done(isSound ? std::optional(std::move(m_body)) : std::nullopt);
+}
+
+// A reply that is deleted ends its connection by itself; one that is aborted first may report its own error on top.
+void IndexDownload::dropReply()
+{
+    if (m_reply == nullptr)
+        return;
+    m_reply->disconnect(this);
+    m_reply->deleteLater();
+    m_reply = nullptr;
 }

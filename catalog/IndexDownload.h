@@ -35,10 +35,10 @@ private:
     void start(QNetworkAccessManager& network, const RepositoryURL& url);
     void readAvailable();
     void finish();
+    void dropReply();
 
     Bounds m_bounds;
     Done m_done;
     QNetworkReply* m_reply = nullptr;
     QByteArray m_body;
-    bool m_isRefused = false;
 };

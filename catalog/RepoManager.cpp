@@ -37,9 +37,11 @@ RepoManager::RepoManager(CatalogWorld world, QObject* parent)
     loadSavedState();
 }
 
+// The refreshes go first: they stand on the network, which goes with the members.
 RepoManager::~RepoManager()
 {
     m_cancelled->store(true);
+    qDeleteAll(findChildren<IndexRefresh*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 std::vector<VeskRepositoryPtr> RepoManager::defaultRepositories()
@@ -207,8 +209,10 @@ const PackageVector& RepoManager::filteredPackagesWithQuery(const QString& query
 
 PackageVector RepoManager::packagesForCategory(const QString& name) const
 {
-    const QByteArray section = name.toUtf8();
     PackageVector found;
+    if (name.isNull())
+        return found;
+    const QByteArray section = name.toUtf8();
     for (const VeskPackagePtr& package : m_packages) {
         if (package->utf8(VeskPackage::Text::Section) == viewOf(section))
             found.push_back(package);

@@ -2,11 +2,12 @@
 
 namespace {
 
+// The rule for file paths: slashes at the end do not count, and a text of nothing else is the root.
 QString lastPathComponent(QStringView text)
 {
     while (text.size() > 1 && text.endsWith(u'/'))
         text.chop(1);
-    return text.mid(text.lastIndexOf(u'/') + 1).toString();
+    return text == u"/" ? text.toString() : text.mid(text.lastIndexOf(u'/') + 1).toString();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // An alert in the middle of the window, or a sheet at its lower edge (in the middle of a wide window), over a shade that
 // holds back everything else.

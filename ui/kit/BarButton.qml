@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // A button of the navigation bar: a glyph, a text, or both. With an item, it shows and presses that item.
 FocusScope {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // What one screen puts into the navigation bar: back button, left item, title, right item, search field.
 FocusScope {

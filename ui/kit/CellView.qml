@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // A row: backgrounds, content, accessory and separator, its touches, and the delete button that a swipe uncovers.
 Item {

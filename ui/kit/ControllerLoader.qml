@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // Draws a controller by the file its kind names, from the first time it is wanted on.
 Loader {

@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // Shows which control the keyboard acts on.
 Rectangle {

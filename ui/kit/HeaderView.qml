@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // A section's header above the rows, pinned by C++.
 PlainView {

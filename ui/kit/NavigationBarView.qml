@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // The bar above a stack: its background, and the titles and buttons of the screens, which cross-fade in a transition.
 FocusScope {

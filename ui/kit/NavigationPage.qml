@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // A stack of screens under its navigation bar. During a transition the upper screen slides over the lower one, which moves
 // a third as far.

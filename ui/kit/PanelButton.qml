@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // A glossy button of an alert or sheet.
 FocusScope {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // A view without a look of its own: its fill, then its subviews.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // A screen that is one view.
 FocusScope {

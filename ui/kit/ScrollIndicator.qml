@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // A thin bar that shows, while the content moves, which part of it is seen.
 Rectangle {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // The search field of a navigation bar, with a button that clears it and, while it is in use, one that cancels.
 FocusScope {

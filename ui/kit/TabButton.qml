@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 FocusScope {
     id: root

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // The selected tab's screen above the tab bar. The other tabs' screens are made when they are first selected and then kept.
 FocusScope {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // A table: its cells and headers where C++ put them, scrolled, pulled and driven by keys.
 FocusScope {

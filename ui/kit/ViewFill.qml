@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // What stands behind a view's subviews: its colour or pattern, and its gradient.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // Draws any view by the file its kind names; nothing for none.
 Loader {

@@ -51,11 +51,11 @@ void Window::makeKeyAndVisible(const QString& title)
     resize(size.width(), size.height());
 
     QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));
+    if (component.isError())
+        qFatal("The interface cannot be made: %s", qPrintable(component.errorString()));
     QObject* object = component.createWithInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(this)},
         {QStringLiteral("title"), title}, {QStringLiteral("width"), size.width()}, {QStringLiteral("height"), size.height()}});
     m_quickWindow = qobject_cast<QQuickWindow*>(object);
-    if (!m_quickWindow)
-        qFatal("The interface cannot be made: %s", qPrintable(component.errorString()));
     m_rootViewController->beginAppearance();
     if (isPhone(available))
         m_quickWindow->showFullScreen();

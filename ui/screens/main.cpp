@@ -10,6 +10,8 @@ int main(int argc, char** argv)
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
 
+    initialiseResources();
+
     AppDelegate delegate;
     delegate.didFinishLaunchingWithOptions();
     return QGuiApplication::exec();

@@ -1,0 +1,520 @@
+// The queue run from end to end, with a server and a dpkg of the test's own.
+#include "LoopbackServer.h"
+#include "PackageInstaller.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+constexpr int longestWait = 20000;
+
+struct Opened
+{
+    QString url;
+    QDateTime time;
+    QThread* thread;
+};
+
+class RecordingOpener : public URLOpener
+{
+public:
+    explicit RecordingOpener(std::vector<Opened>& opened)
+        : m_opened(opened)
+    {
+    }
+    bool canOpenURL(const QString&) override { return true; }
+    void openURL(const QString& url) override
+    {
+        m_opened.push_back({ url, QDateTime::currentDateTimeUtc(), QThread::currentThread() });
+    }
+
+private:
+    std::vector<Opened>& m_opened;
+};
+
+class QueueExecution : public testing::Test
+{
+protected:
+    QueueExecution()
+    {
+        writeDpkg(QStringLiteral("exit 0"));
+        InstallerSurroundings surroundings{
+            .dpkgPath = path(u"dpkg"),
+            .temporaryDirectory = path(u"archives"),
+            .urlOpener = std::make_unique<RecordingOpener>(opened),
+        };
+        surroundings.handOffDelay = std::chrono::milliseconds(0);
+        installer = std::make_unique<PackageInstaller>(std::move(surroundings));
+    }
+
+    QString path(const char16_t* name) const { return m_directory.filePath(QString::fromUtf16(name)); }
+
+    // A dpkg that notes its arguments, one line a call, and then does what the script says.
+    void writeDpkg(const QString& script) const
+    {
+        QFile::remove(path(u"dpkg"));
+        QFile file(path(u"dpkg"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(QStringLiteral("#!/bin/sh\necho \"$*\" >> '%1'\n%2\n").arg(path(u"calls"), script).toUtf8());
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    QStringList dpkgCalls() const
+    {
+        QFile file(path(u"calls"));
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    QString archive(const QString& identifier) const
+    {
+        return path(u"archives/") + identifier + QStringLiteral("_1_iphoneos-arm.deb");
+    }
+
+    static QByteArray served(const QString& identifier)
+    {
+        return "/debs/" + identifier.toUtf8() + "_1_iphoneos-arm.deb";
+    }
+
+    VeskPackagePtr package(const QString& identifier) const
+    {
+        auto result = std::make_shared<VeskPackage>();
+        result->setRepository(VeskRepository::repositoryWithURLString(server.url(), {}));
+        result->setPackageID(identifier);
+        result->setVersion(QStringLiteral("1"));
+        return result;
+    }
+
+    // The source offers the package's archive.
+    QueueEntryPtr enqueueOffered(const QString& identifier, qint64 action = QueueActionInstall)
+    {
+        server.serve(served(identifier), QByteArray(1500, 'd'));
+        return enqueueMissing(identifier, action);
+    }
+
+    QueueEntryPtr enqueueMissing(const QString& identifier, qint64 action = QueueActionInstall)
+    {
+        installer->enqueuePackage(package(identifier), action);
+        return installer->queue().back();
+    }
+
+    void start()
+    {
+        installer->executeQueueWithCompletion([this] { ++completions; });
+    }
+
+    bool waitForCompletions(int count)
+    {
+        return QTest::qWaitFor([&] { return completions >= count; }, longestWait);
+    }
+
+    void run()
+    {
+        const int before = completions;
+        start();
+        ASSERT_TRUE(waitForCompletions(before + 1));
+    }
+
+    QStringList openedURLs() const
+    {
+        QStringList urls;
+        for (const Opened& one : opened)
+            urls.append(one.url);
+        return urls;
+    }
+
+    QTemporaryDir m_directory;
+    LoopbackServer server;
+    std::vector<Opened> opened;
+    int completions = 0;
+    std::unique_ptr<PackageInstaller> installer;
+};
+
+const QString one = QStringLiteral("one");
+const QString two = QStringLiteral("two");
+const QString three = QStringLiteral("three");
+
+QString handOff(const QString& identifier)
+{
+    return QStringLiteral("sileo://package/") + identifier;
+}
+
+} // namespace
+
+TEST_F(QueueExecution, downloadsAndInstallsAnEntry)
+{
+    const QueueEntryPtr entry = enqueueOffered(one);
+    run();
+    EXPECT_EQ(entry->status(), QueueStatusComplete);
+    EXPECT_EQ(dpkgCalls(), QStringList{ QStringLiteral("-i ") + archive(one) });
+    EXPECT_EQ(QFileInfo(archive(one)).size(), 1500);
+    EXPECT_TRUE(opened.empty());
+    EXPECT_EQ(installer->completedCount(), 1U);
+    EXPECT_EQ(installer->failedCount(), 0U);
+}
+
+TEST_F(QueueExecution, isInstallingFromTheCallUntilJustBeforeTheCompletion)
+{
+    enqueueOffered(one);
+    EXPECT_FALSE(installer->isInstalling());
+    bool duringCompletion = true;
+    installer->executeQueueWithCompletion([&] {
+        duringCompletion = installer->isInstalling();
+        ++completions;
+    });
+    EXPECT_TRUE(installer->isInstalling());
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_FALSE(duringCompletion);
+}
+
+TEST_F(QueueExecution, callsTheCompletionOnTheMainThreadInALaterTurn)
+{
+    QThread* thread = nullptr;
+    installer->executeQueueWithCompletion([&] {
+        thread = QThread::currentThread();
+        ++completions;
+    });
+    EXPECT_EQ(completions, 0);
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(thread, QCoreApplication::instance()->thread());
+}
+
+TEST_F(QueueExecution, letsGoOfTheCompletionOnTheMainThread)
+{
+    QThread* thread = nullptr;
+    {
+        const auto note = [&](const int*) { thread = QThread::currentThread(); };
+        const std::shared_ptr<int> held(new int, [note](int* value) {
+            note(value);
+            delete value;
+        });
+        installer->executeQueueWithCompletion([this, held] { ++completions; });
+    }
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(thread, QCoreApplication::instance()->thread());
+}
+
+TEST_F(QueueExecution, runsWithoutACompletion)
+{
+    const QueueEntryPtr entry = enqueueOffered(one);
+    installer->executeQueueWithCompletion(nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !installer->isInstalling(); }, longestWait));
+    EXPECT_EQ(entry->status(), QueueStatusComplete);
+}
+
+TEST_F(QueueExecution, runsOnceWhenCalledTwiceAndDropsTheSecondCompletion)
+{
+    enqueueOffered(one);
+    bool secondCame = false;
+    start();
+    installer->executeQueueWithCompletion([&] { secondCame = true; });
+    ASSERT_TRUE(waitForCompletions(1));
+    run();
+    EXPECT_FALSE(secondCame);
+    EXPECT_EQ(dpkgCalls().size(), 1);
+    EXPECT_EQ(server.requests().size(), 1U);
+}
+
+TEST_F(QueueExecution, finishesAQueueOfCompleteEntriesWithoutTouchingThem)
+{
+    enqueueOffered(one)->setStatus(QueueStatusComplete);
+    enqueueOffered(two)->setStatus(QueueStatusFailed);
+    run();
+    EXPECT_TRUE(server.requests().empty());
+    EXPECT_TRUE(dpkgCalls().isEmpty());
+}
+
+TEST_F(QueueExecution, runsEntriesStrictlyInTheOrderOfTheQueue)
+{
+    for (const QString& identifier : { three, one, two })
+        enqueueOffered(identifier);
+    run();
+    EXPECT_EQ(dpkgCalls(),
+        (QStringList{ QStringLiteral("-i ") + archive(three), QStringLiteral("-i ") + archive(one),
+            QStringLiteral("-i ") + archive(two) }));
+    EXPECT_EQ(installer->completedCount(), 3U);
+}
+
+TEST_F(QueueExecution, downloadsAndInstallsAnUninstallEntryLikeAnyOther)
+{
+    const QueueEntryPtr entry = enqueueOffered(one, QueueActionUninstall);
+    run();
+    EXPECT_EQ(entry->status(), QueueStatusComplete);
+    EXPECT_EQ(dpkgCalls(), QStringList{ QStringLiteral("-i ") + archive(one) });
+}
+
+TEST_F(QueueExecution, handsOverWhatCannotBeDownloaded)
+{
+    const QueueEntryPtr entry = enqueueMissing(one);
+    run();
+    EXPECT_EQ(entry->status(), QueueStatusReady);
+    EXPECT_TRUE(dpkgCalls().isEmpty());
+    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
+    EXPECT_EQ(opened[0].thread, QCoreApplication::instance()->thread());
+    EXPECT_EQ(installer->completedCount(), 0U);
+    EXPECT_EQ(installer->failedCount(), 0U);
+}
+
+TEST_F(QueueExecution, handsOverWhatDpkgRefuses)
+{
+    writeDpkg(QStringLiteral("exit 1"));
+    const QueueEntryPtr entry = enqueueOffered(one);
+    run();
+    EXPECT_EQ(entry->status(), QueueStatusReady);
+    EXPECT_EQ(dpkgCalls().size(), 1);
+    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
+    EXPECT_EQ(opened[0].thread, QCoreApplication::instance()->thread());
+    EXPECT_EQ(installer->failedCount(), 0U);
+}
+
+TEST_F(QueueExecution, handsOverWhenDpkgIsKilledMissingOrNotExecutable)
+{
+    writeDpkg(QStringLiteral("kill -KILL $$"));
+    enqueueOffered(one);
+    run();
+    ASSERT_TRUE(QFile::setPermissions(path(u"dpkg"), QFile::ReadOwner));
+    run();
+    ASSERT_TRUE(QFile::remove(path(u"dpkg")));
+    run();
+    EXPECT_EQ(installer->queue()[0]->status(), QueueStatusReady);
+    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(one), handOff(one) }));
+    EXPECT_EQ(dpkgCalls().size(), 1);
+}
+
+TEST_F(QueueExecution, handsEachFailedEntryOverInTheirOrder)
+{
+    writeDpkg(QStringLiteral("exit 1"));
+    enqueueMissing(one);
+    enqueueOffered(two);
+    enqueueMissing(three);
+    run();
+    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(two), handOff(three) }));
+}
+
+TEST_F(QueueExecution, handsOverWhileTheWorkerGoesOn)
+{
+    enqueueMissing(one);
+    const QueueEntryPtr second = enqueueOffered(two);
+    LoopbackServer::Reply held;
+    held.body = QByteArray(1500, 'd');
+    held.timing = LoopbackServer::Timing::Held;
+    server.setReply(served(two), held);
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.empty(); }, longestWait));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return second->status() == QueueStatusDownloading; }, longestWait));
+    EXPECT_TRUE(installer->isInstalling());
+    server.release(served(two));
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(second->status(), QueueStatusComplete);
+}
+
+TEST_F(QueueExecution, waitsSixTenthsOfASecondBeforeAHandOffAfterAFailedDpkg)
+{
+    InstallerSurroundings surroundings{
+        .dpkgPath = path(u"dpkg"),
+        .temporaryDirectory = path(u"archives"),
+        .urlOpener = std::make_unique<RecordingOpener>(opened),
+    };
+    installer = std::make_unique<PackageInstaller>(std::move(surroundings));
+    writeDpkg(QStringLiteral("exit 1"));
+    enqueueOffered(one);
+    run();
+    const QDateTime dpkgRan = QFileInfo(path(u"calls")).lastModified().toUTC();
+    ASSERT_EQ(opened.size(), 1U);
+    EXPECT_GE(dpkgRan.msecsTo(opened[0].time), 600);
+}
+
+TEST_F(QueueExecution, runsAgainWhatWasHandedOverAndSkipsWhatIsComplete)
+{
+    const QueueEntryPtr first = enqueueMissing(one);
+    const QueueEntryPtr second = enqueueOffered(two);
+    run();
+    EXPECT_EQ(first->status(), QueueStatusReady);
+    EXPECT_EQ(second->status(), QueueStatusComplete);
+    server.serve(served(one), QByteArray(1500, 'd'));
+    run();
+    EXPECT_EQ(first->status(), QueueStatusComplete);
+    EXPECT_EQ(dpkgCalls(), (QStringList{ QStringLiteral("-i ") + archive(two), QStringLiteral("-i ") + archive(one) }));
+}
+
+TEST_F(QueueExecution, doesNotRunWhatIsAddedDuringTheRun)
+{
+    enqueueOffered(one);
+    start();
+    const QueueEntryPtr late = enqueueOffered(two);
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(late->status(), QueueStatusQueued);
+    EXPECT_EQ(dpkgCalls().size(), 1);
+}
+
+TEST_F(QueueExecution, goesOnOverItsSnapshotWhenTheQueueIsCleared)
+{
+    const QueueEntryPtr first = enqueueOffered(one);
+    enqueueOffered(two);
+    start();
+    installer->removeEntry(first);
+    installer->clearQueue();
+    EXPECT_TRUE(installer->queue().empty());
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(dpkgCalls().size(), 2);
+    EXPECT_EQ(first->status(), QueueStatusComplete);
+    EXPECT_EQ(installer->completedCount(), 0U);
+}
+
+TEST_F(QueueExecution, keepsTheRecordsOfARunUntilItsEndAndLetsGoOfThemThen)
+{
+    const std::weak_ptr<QueueEntry> entry = enqueueOffered(one);
+    start();
+    installer->clearQueue();
+    EXPECT_FALSE(entry.expired());
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_TRUE(entry.expired());
+}
+
+TEST_F(QueueExecution, doesNotTouchTheInstalledVersion)
+{
+    const QueueEntryPtr entry = enqueueOffered(one);
+    entry->package()->setInstalledVersion(QStringLiteral("0.5"));
+    run();
+    EXPECT_EQ(entry->package()->installedVersion(), QStringLiteral("0.5"));
+}
+
+TEST_F(QueueExecution, canBeStartedAgainByItsCompletion)
+{
+    enqueueMissing(one);
+    installer->executeQueueWithCompletion([this] { start(); });
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(one) }));
+}
+
+TEST_F(QueueExecution, canBeDestroyedByItsCompletion)
+{
+    enqueueOffered(one);
+    installer->executeQueueWithCompletion([this] {
+        installer.reset();
+        ++completions;
+    });
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_EQ(installer, nullptr);
+}
+
+TEST_F(QueueExecution, isGivenUpInADownloadWhenTheInstallerIsDestroyed)
+{
+    const QueueEntryPtr entry = enqueueOffered(one);
+    LoopbackServer::Reply stalled;
+    stalled.body = QByteArray(1500, 'd');
+    stalled.declaredLength = 3000;
+    stalled.ending = LoopbackServer::Ending::Stall;
+    server.setReply(served(one), stalled);
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return server.bytesSent() > 1500; }, longestWait));
+    installer.reset();
+    EXPECT_EQ(server.requests().size(), 1U);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(completions, 0);
+    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(QDir(path(u"archives")).entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+TEST_F(QueueExecution, waitsForARunningDpkgWhenTheInstallerIsDestroyed)
+{
+    const QString script = QStringLiteral("sleep 0.3; echo done >> '%1'; exit 1").arg(path(u"calls"));
+    writeDpkg(script);
+    const QueueEntryPtr entry = enqueueOffered(one);
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dpkgCalls().size() == 1; }, longestWait));
+    installer.reset();
+    EXPECT_EQ(dpkgCalls().size(), 2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(completions, 0);
+    EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(QueueExecution, forgetsWhatItHasPostedWhenTheInstallerIsDestroyed)
+{
+    const QueueEntryPtr entry = enqueueMissing(one);
+    start();
+    // Without a turn of the event loop: the worker's tasks wait to be run.
+    while (entry->status() != QueueStatusReady)
+        QThread::yieldCurrentThread();
+    installer.reset();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(completions, 0);
+    EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(QueueExecution, survivesAnEntryWithoutAPackage)
+{
+    installer->queue().push_back(QueueEntry::entryWithPackage(nullptr, QueueActionInstall));
+    installer->enqueuePackage(package(one), QueueActionInstall);
+    run();
+    EXPECT_EQ(installer->queue()[0]->status(), QueueStatusReady);
+    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
+}
+
+TEST_F(QueueExecution, installsAFileWithDpkg)
+{
+    EXPECT_TRUE(installer->installWithDPKG(QStringLiteral("/a b/c.deb"), nullptr));
+    EXPECT_EQ(dpkgCalls(), QStringList{ QStringLiteral("-i /a b/c.deb") });
+    writeDpkg(QStringLiteral("exit 2"));
+    EXPECT_FALSE(installer->installWithDPKG(QStringLiteral("/c.deb"), package(one)));
+    ASSERT_TRUE(QFile::remove(path(u"dpkg")));
+    EXPECT_FALSE(installer->installWithDPKG(QStringLiteral("/c.deb"), package(one)));
+    EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(QueueExecution, runsACommand)
+{
+    EXPECT_TRUE(installer->runCommand({ path(u"dpkg"), QStringLiteral("--version") }));
+    EXPECT_EQ(dpkgCalls(), QStringList{ QStringLiteral("--version") });
+    EXPECT_FALSE(installer->runCommand({}));
+}
+
+TEST_F(QueueExecution, uninstallsAPackageByItsIdentifier)
+{
+    EXPECT_TRUE(installer->uninstallPackage(package(one)));
+    EXPECT_EQ(dpkgCalls(), QStringList{ QStringLiteral("-r one") });
+    EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(QueueExecution, handsOverOnTheCallersThreadWhatDpkgCannotUninstall)
+{
+    writeDpkg(QStringLiteral("exit 1"));
+    EXPECT_FALSE(installer->uninstallPackage(package(one)));
+    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
+    ASSERT_TRUE(QFile::remove(path(u"dpkg")));
+    bool answer = true;
+    QThread* other = QThread::create([&] { answer = installer->uninstallPackage(package(two)); });
+    other->start();
+    ASSERT_TRUE(other->wait(longestWait));
+    EXPECT_FALSE(answer);
+    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(two) }));
+    EXPECT_EQ(opened[1].thread, other);
+    delete other;
+}
+
+TEST_F(QueueExecution, opensNothingForNoPackageAndNoSource)
+{
+    EXPECT_FALSE(installer->uninstallPackage(nullptr));
+    installer->openPackageInPackageManager(nullptr);
+    installer->openRepositoryInPackageManager(nullptr);
+    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(dpkgCalls().isEmpty());
+}
+
+TEST_F(QueueExecution, opensASourceWithItsTextAsStored)
+{
+    installer->openRepositoryInPackageManager(
+        VeskRepository::repositoryWithURLString(QStringLiteral("https://example.org/a"), {}));
+    EXPECT_EQ(openedURLs(), QStringList{ QStringLiteral("sileo://source/https://example.org/a") });
+}
