@@ -63,6 +63,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
+    Q_CLEANUP_RESOURCE(vesk_pictures);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
