@@ -18,9 +18,6 @@ FocusScope {
     Keys.onEscapePressed: root.alert.cancel()
     Keys.onReturnPressed: root.alert.confirm()
     Keys.onEnterPressed: root.alert.confirm()
-    // Tab goes round within the panel.
-    Keys.onTabPressed: event => event.accepted = true
-    Keys.onBacktabPressed: event => event.accepted = true
 
     Rectangle {
         anchors.fill: parent

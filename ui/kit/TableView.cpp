@@ -24,7 +24,10 @@ void TableView::adoptSubview(View*& slot, View* view)
 {
     if (slot == view)
         return;
-    delete slot;
+    if (slot) {
+        slot->removeFromSuperview();
+        slot->deleteLater();
+    }
     slot = view;
     if (view)
         addSubview(view);
@@ -39,10 +42,8 @@ void TableView::setTableHeaderView(View* view)
 {
     adoptSubview(m_tableHeaderView, view);
     Q_EMIT tableHeaderViewChanged();
-    if (!m_loaded)
-        return;
-    rebuildLayout(askRowCounts());
-    updateVisibleRows();
+    if (m_loaded)
+        placeEverything();
 }
 
 void TableView::setRefreshControl(RefreshControl* control)
@@ -101,7 +102,8 @@ void TableView::remakeHeaders()
 {
     for (const auto& [section, header] : m_headers) {
         m_headerModel.remove(header);
-        delete header;
+        header->removeFromSuperview();
+        header->deleteLater();
     }
     m_headers.clear();
     for (int section = 0; section < m_layout.sectionCount(); ++section) {
@@ -128,13 +130,20 @@ void TableView::layoutSubviews()
             reloadData();
         return;
     }
+    remakeHeaders();
+    placeEverything();
+}
+
+// The rows stay those last asked for; only their places are found anew.
+void TableView::placeEverything()
+{
     std::vector<int> rowCounts;
     for (int section = 0; section < m_layout.sectionCount(); ++section)
         rowCounts.push_back(m_layout.rowCount(section));
     rebuildLayout(rowCounts);
-    remakeHeaders();
     for (const auto& [indexPath, cell] : m_visibleCells)
         cell->setFrame(rectForRow(indexPath));
+    placeHeaders();
     holdContentOffset();
     updateVisibleRows();
 }

@@ -133,6 +133,7 @@ Q_SIGNALS:
 private:
     void rebuildLayout(const std::vector<int>& rowCounts);
     std::vector<int> askRowCounts() const;
+    void placeEverything();
     void remakeHeaders();
     void placeHeaders();
     void updateVisibleRows();

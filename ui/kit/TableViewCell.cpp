@@ -10,8 +10,10 @@
 namespace {
 
 const Color DisclosureColor {0.5, 0.56, 0.63, 1, {}};
-constexpr double AccessoryMargin = 12; // right of the accessory
-constexpr double AccessoryGap = 8; // between the content and the accessory
+// Right of an accessory, and between it and the content. A glyph has its own room around it.
+constexpr double ViewMargin = 12;
+constexpr double ViewGap = 8;
+constexpr double GlyphMargin = 4;
 constexpr double ImageGap = 12; // between the image and the text
 
 double lineHeight(const Label& label)
@@ -50,13 +52,13 @@ void TableViewCell::replaceView(View*& slot, View* view)
     slot = view;
     if (view)
         addSubview(view);
-    if (before) {
-        before->removeFromSuperview();
-        // Later, for it may be the very view whose action this is.
-        before->deleteLater();
-    }
     layoutSubviews();
     Q_EMIT cellChanged();
+    if (!before)
+        return;
+    before->removeFromSuperview();
+    // Later, for it may be the very view whose action this is, and what draws it goes first.
+    before->deleteLater();
 }
 
 void TableViewCell::setBackgroundView(View* view)
@@ -126,9 +128,9 @@ void TableViewCell::layoutSubviews()
     double contentWidth = width();
     if (View* accessory = shownAccessory()) {
         const QSizeF size = accessory->frame().size();
-        const double left = width() - AccessoryMargin - size.width();
+        const double left = width() - size.width() - (m_accessoryView ? ViewMargin : GlyphMargin);
         accessory->setFrame({{left, std::floor((height() - size.height()) / 2)}, size});
-        contentWidth = left - AccessoryGap;
+        contentWidth = left - (m_accessoryView ? ViewGap : 0);
     }
     m_contentView->setFrame({0, 0, std::max(0.0, contentWidth), height()});
     if (m_backgroundView)
