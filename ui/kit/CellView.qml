@@ -57,10 +57,10 @@ Item {
             anchors.fill: parent
             view: root.view
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.backgroundView
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.selectedBackgroundView
             opacity: root.view.highlighted ? 1 : 0
             visible: opacity > 0
@@ -78,10 +78,10 @@ Item {
         LabelView {
             view: root.view.textLabel
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.detailTextLabel
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.accessory
         }
         Rectangle {

@@ -19,12 +19,7 @@ Item {
         anchors.fill: parent
         view: root.view
     }
-    Repeater {
-        model: root.view.subviewModel
-        delegate: ViewLoader {
-            required property QtObject object
-
-            view: object as View
-        }
+    SubviewsItem {
+        view: root.view
     }
 }

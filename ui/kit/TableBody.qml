@@ -81,7 +81,7 @@ FocusScope {
             width: flick.width
             height: flick.contentHeight
 
-            ViewLoader {
+            ViewSlot {
                 view: root.view.tableHeaderView
             }
             Repeater {
