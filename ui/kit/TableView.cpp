@@ -1,10 +1,14 @@
 #include "TableView.h"
 
+#include "Animations.h"
+
 #include <algorithm>
 
 TableView::TableView(QObject* parent)
     : View({}, parent)
 {
+    m_slide.setSingleShot(true);
+    connect(&m_slide, &QTimer::timeout, this, &TableView::slidingChanged);
 }
 
 TableView::~TableView() = default;
@@ -296,8 +300,10 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
     if (!hasRow(indexPath))
         return;
     setOpenRow(NoRow);
-    if (animation == Animation::Animated)
-        Q_EMIT rowDeleted();
+    if (animation == Animation::Animated) {
+        m_slide.start(Animations::duration(Animations::Fade));
+        Q_EMIT slidingChanged();
+    }
     std::map<IndexPath, TableViewCell*> moved;
     for (const auto& [old, cell] : m_visibleCells) {
         const bool isBelow = old.section == indexPath.section && old.row > indexPath.row;

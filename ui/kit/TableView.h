@@ -5,6 +5,8 @@
 #include "TableViewCell.h"
 #include "TableViewDelegate.h"
 
+#include <QTimer>
+
 #include <map>
 #include <memory>
 #include <vector>
@@ -23,6 +25,8 @@ class TableView : public View
     Q_PROPERTY(double contentHeight READ contentHeight NOTIFY contentHeightChanged)
     Q_PROPERTY(double contentOffset READ contentOffset NOTIFY contentOffsetChanged)
     Q_PROPERTY(QColor separatorTint READ separatorTint NOTIFY appearanceChanged)
+    Q_PROPERTY(bool sliding READ isSliding NOTIFY slidingChanged)
+    Q_PROPERTY(bool keyboardHere MEMBER m_keyboardHere NOTIFY keyboardHereChanged)
     Q_PROPERTY(int openSection READ openSection NOTIFY openRowChanged)
     Q_PROPERTY(int openRow READ openRow NOTIFY openRowChanged)
     Q_PROPERTY(int focusedSection READ focusedSection NOTIFY focusedRowChanged)
@@ -111,7 +115,11 @@ public:
     Q_INVOKABLE void activateFocusedRow();
     Q_INVOKABLE void deleteFocusedRow();
     Q_INVOKABLE void clearFocus();
+    // Asks for the window's keyboard focus.
+    Q_INVOKABLE void takeKeyboard() { Q_EMIT keyboardWanted(); }
 
+    // While the rows below a deleted one move up to their new frames.
+    bool isSliding() const { return m_slide.isActive(); }
     ObjectListModel* cellModel() { return &m_cellModel; }
     ObjectListModel* headerModel() { return &m_headerModel; }
     QColor separatorTint() const { return m_separatorColor.toQColor(); }
@@ -127,8 +135,9 @@ Q_SIGNALS:
     void contentOffsetChanged();
     void openRowChanged();
     void focusedRowChanged();
-    // Rows have moved by the deletion of one: the QML side slides them to their new frames.
-    void rowDeleted();
+    void slidingChanged();
+    void keyboardHereChanged();
+    void keyboardWanted();
 
 private:
     void rebuildLayout(const std::vector<int>& rowCounts);
@@ -167,6 +176,8 @@ private:
     IndexPath m_openRow = NoRow;
     IndexPath m_focusedRow = NoRow;
     double m_contentOffset = 0;
+    QTimer m_slide;
+    bool m_keyboardHere = false;
     bool m_loaded = false;
     double m_rowHeight = 44;
     double m_estimatedRowHeight = 44;

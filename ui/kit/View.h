@@ -26,6 +26,7 @@ class View : public QObject
     Q_PROPERTY(QColor gradientTop READ gradientTop NOTIFY appearanceChanged)
     Q_PROPERTY(QColor gradientBottom READ gradientBottom NOTIFY appearanceChanged)
     Q_PROPERTY(ObjectListModel* subviewModel READ subviewModel CONSTANT)
+    Q_PROPERTY(View* superview READ superview CONSTANT)
     Q_PROPERTY(QString component READ component CONSTANT)
     Q_PROPERTY(bool accessibilityElement READ isAccessibilityElement NOTIFY appearanceChanged)
     Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY appearanceChanged)
