@@ -11,8 +11,8 @@
 #include <memory>
 #include <vector>
 
-// A table of sections and rows with a pinned section header. It keeps a cell for each visible row only, and gives the cells
-// of rows that left to those that come. Lives on the main thread.
+// A table of sections and rows with a pinned section header. It keeps a cell for each visible row only, and gives the
+// cells of rows that left to those that come. Lives on the main thread.
 class TableView : public View
 {
     Q_OBJECT
@@ -59,7 +59,8 @@ public:
     // Without one, separators are drawn on below the last row.
     View* tableFooterView() const { return m_tableFooterView; }
     void setTableFooterView(View* view);
-    // Stands above the first section and scrolls with it; its frame's height counts. Setting it again takes its new size.
+    // Stands above the first section and scrolls with it; its frame's height counts. Setting it again takes its new
+    // size.
     View* tableHeaderView() const { return m_tableHeaderView; }
     void setTableHeaderView(View* view);
     bool delaysContentTouches() const { return m_delaysContentTouches; }
@@ -73,8 +74,7 @@ public:
     // A cell that stood for another row before, prepared for reuse, or null.
     TableViewCell* dequeueReusableCell(const QString& identifier);
     // A reused cell, or a new one made from the arguments and the identifier.
-    template <typename Cell>
-    Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
+    template <typename Cell> Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
     {
         if (auto* reused = qobject_cast<Cell*>(dequeueReusableCell(identifier)))
             return reused;
@@ -109,7 +109,8 @@ public:
     // Opens the row's delete button and closes any other; a negative row closes all.
     Q_INVOKABLE void openRowForDeletion(int section, int row);
     Q_INVOKABLE void deleteTapped(int section, int row);
-    // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus away.
+    // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus
+    // away.
     Q_INVOKABLE void moveFocus(int rows);
     Q_INVOKABLE void focusRow(int section, int row);
     Q_INVOKABLE void activateFocusedRow();
@@ -158,7 +159,7 @@ private:
     void setFocusedRow(const IndexPath& indexPath);
     void scrollRowIntoView(const IndexPath& indexPath);
 
-    static constexpr IndexPath NoRow {-1, -1};
+    static constexpr IndexPath NoRow{ -1, -1 };
 
     TableViewDelegate* m_delegate = nullptr;
     TableLayout m_layout;
@@ -170,7 +171,7 @@ private:
     View* m_tableHeaderView = nullptr;
     View* m_tableFooterView = nullptr;
     RefreshControl* m_refreshControl = nullptr;
-    Color m_separatorColor {0.6, 0.6, 0.6, 1, {}};
+    Color m_separatorColor{ 0.6, 0.6, 0.6, 1, {} };
     EdgeInsets m_separatorInset;
     IndexPath m_selectedRow = NoRow;
     IndexPath m_openRow = NoRow;
