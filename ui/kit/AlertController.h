@@ -71,8 +71,9 @@ private:
     Autocorrection m_autocorrection = Autocorrection::Yes;
 };
 
-// A message with buttons over everything else, or a sheet of actions from the window's lower edge. It is dismissed by any of
-// its actions; the action's handler runs after that. Presented by ViewController::present(), which takes ownership.
+// A message with buttons over everything else, or a sheet of actions from the window's lower edge. It is dismissed by
+// any of its actions; the action's handler runs after that. Presented by ViewController::present(), which takes
+// ownership.
 class AlertController : public QObject
 {
     Q_OBJECT

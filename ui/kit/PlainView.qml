@@ -15,11 +15,15 @@ Item {
     height: view.frame.height
     visible: !view.hidden
 
+    Accessible.role: Accessible.Heading
+    Accessible.name: view.accessibilityLabel
+    Accessible.ignored: view.accessibilityLabel.length === 0
+
     ViewFill {
         anchors.fill: parent
         view: root.view
     }
     SubviewsItem {
-        view: root.view
+        model: root.view.subviewModel
     }
 }

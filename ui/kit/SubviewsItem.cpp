@@ -2,29 +2,26 @@
 
 #include <QQmlEngine>
 
-void SubviewsItem::setView(View* view)
+void SubviewsItem::setModel(ObjectListModel* model)
 {
-    if (m_view == view)
-        return;
-    m_view = view;
-    Q_EMIT viewChanged();
+    m_model = model;
+    Q_EMIT modelChanged();
 }
 
 void SubviewsItem::componentComplete()
 {
     QQuickItem::componentComplete();
-    if (!m_view)
+    if (!m_model)
         return;
-    ObjectListModel* const model = m_view->subviewModel();
-    for (QObject* subview : model->objects())
+    for (QObject* subview : m_model->objects())
         addSlot(subview);
-    connect(model, &ObjectListModel::rowsInserted, this, [this, model](const QModelIndex&, int first, int last) {
+    connect(m_model, &ObjectListModel::rowsInserted, this, [this](const QModelIndex&, int first, int last) {
         for (int row = first; row <= last; ++row)
-            addSlot(model->objects().at(row));
+            addSlot(m_model->objects().at(row));
     });
-    connect(model, &ObjectListModel::rowsAboutToBeRemoved, this, [this, model](const QModelIndex&, int first, int last) {
+    connect(m_model, &ObjectListModel::rowsAboutToBeRemoved, this, [this](const QModelIndex&, int first, int last) {
         for (int row = first; row <= last; ++row)
-            removeSlot(model->objects().at(row));
+            removeSlot(m_model->objects().at(row));
     });
 }
 

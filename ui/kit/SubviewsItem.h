@@ -4,22 +4,22 @@
 
 #include <unordered_map>
 
-// Draws a view's subviews, in their order. Not a Repeater: that gives up its items later than the views may go.
+// Draws the views of a list, in their order. Not a Repeater: that gives up its items later than the views may go.
 class SubviewsItem : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(View* view READ view WRITE setView NOTIFY viewChanged)
+    Q_PROPERTY(ObjectListModel* model READ model WRITE setModel NOTIFY modelChanged)
 
 public:
     using QQuickItem::QQuickItem;
 
-    View* view() const { return m_view; }
-    // Set once.
-    void setView(View* view);
+    ObjectListModel* model() const { return m_model; }
+    // Set once, when the item is made.
+    void setModel(ObjectListModel* model);
 
 Q_SIGNALS:
-    void viewChanged();
+    void modelChanged();
 
 protected:
     void componentComplete() override;
@@ -28,6 +28,6 @@ private:
     void addSlot(QObject* subview);
     void removeSlot(QObject* subview);
 
-    QPointer<View> m_view;
+    QPointer<ObjectListModel> m_model;
     std::unordered_map<QObject*, ViewSlot*> m_slots;
 };

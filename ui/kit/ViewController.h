@@ -15,8 +15,8 @@ public:
     virtual void presentAlert(AlertController* alert) = 0;
 };
 
-// A screen: a view, what it puts into the bars around it, and the moments of its life. Its view is made when it is first
-// asked for. Owned by the controller that shows it.
+// A screen: a view, what it puts into the bars around it, and the moments of its life. Its view is made when it is
+// first asked for. Owned by the controller that shows it.
 class ViewController : public QObject
 {
     Q_OBJECT

@@ -30,9 +30,10 @@ void ViewSlot::makeItem()
 {
     if (!m_view)
         return;
-    QQmlComponent component(qmlEngine(this), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/%1.qml").arg(m_view->component())));
+    QQmlComponent component(
+        qmlEngine(this), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/%1.qml").arg(m_view->component())));
     QObject* const made = component.createWithInitialProperties(
-        {{QStringLiteral("view"), QVariant::fromValue<QObject*>(m_view)}}, qmlContext(this));
+        { { QStringLiteral("view"), QVariant::fromValue<QObject*>(m_view) } }, qmlContext(this));
     m_item = qobject_cast<QQuickItem*>(made);
     if (!m_item)
         qFatal("A view cannot be drawn: %s", qPrintable(component.errorString()));

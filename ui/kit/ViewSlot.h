@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QQuickItem>
 
-// The place of any view in QML: makes the item that the view's kind names and gives it up when the view changes. The item
-// is a child that goes with the slot at once, so no item outlives the view it draws.
+// The place of any view in QML: makes the item that the view's kind names and gives it up when the view changes. The
+// item is a child that goes with the slot at once, so no item outlives the view it draws.
 class ViewSlot : public QQuickItem
 {
     Q_OBJECT
