@@ -9,17 +9,6 @@
 #include <memory>
 #include <stop_token>
 
-// What is known of a response when its archive is judged.
-struct ArchiveResponse
-{
-    bool hasTransportError = false;
-    qint64 length = 0;
-    int status = 0;
-};
-
-// No transport error, at least 1000 bytes, status 200: tested in this order.
-bool isAcceptable(const ArchiveResponse& response);
-
 // Sends one GET and streams the body of the answer into a new file of the directory, a piece at a time, so that memory
 // does not grow with the body. Blocks in an event loop of its own; used in the manager's thread.
 class ArchiveRequest

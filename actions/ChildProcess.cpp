@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QFile>
 
-#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <spawn.h>
@@ -20,7 +19,10 @@ constexpr int exitStatusMask = 0xff7f;
 class SpawnFileActions
 {
 public:
-    SpawnFileActions() { m_usable = posix_spawn_file_actions_init(&m_actions) == 0; }
+    SpawnFileActions()
+        : m_usable(posix_spawn_file_actions_init(&m_actions) == 0)
+    {
+    }
     SpawnFileActions(const SpawnFileActions&) = delete;
     SpawnFileActions& operator=(const SpawnFileActions&) = delete;
     ~SpawnFileActions()
@@ -39,7 +41,7 @@ public:
 
 private:
     posix_spawn_file_actions_t m_actions = {};
-    bool m_usable = false;
+    bool m_usable;
 };
 
 std::vector<char*> nullTerminated(QList<QByteArray>& texts)

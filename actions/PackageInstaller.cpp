@@ -56,9 +56,8 @@ void PackageInstaller::enqueuePackage(const VeskPackagePtr& package, qint64 acti
 
 void PackageInstaller::removeEntry(const QueueEntryPtr& entry)
 {
-    // The caller may well pass an element of the queue itself.
-    const QueueEntryPtr removed = entry;
-    std::erase(m_queue, removed);
+    // Compared by address: the caller may well pass an element of the queue itself, which moves while it is removed.
+    std::erase_if(m_queue, [removed = entry.get()](const QueueEntryPtr& other) { return other.get() == removed; });
 }
 
 void PackageInstaller::clearQueue()
@@ -147,7 +146,7 @@ void PackageInstaller::finishRun()
         completion();
 }
 
-QString PackageInstaller::downloadPackage(const VeskPackagePtr& package)
+QString PackageInstaller::downloadPackage(const VeskPackagePtr& package) const
 {
     return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.limits).download(package, {});
 }
@@ -175,13 +174,13 @@ bool PackageInstaller::uninstallPackage(const VeskPackagePtr& package)
     return false;
 }
 
-void PackageInstaller::openPackageInPackageManager(const VeskPackagePtr& package)
+void PackageInstaller::openPackageInPackageManager(const VeskPackagePtr& package) const
 {
     if (package)
         openFirstURL(handOffURLs(*package), *m_surroundings.urlOpener);
 }
 
-void PackageInstaller::openRepositoryInPackageManager(const VeskRepositoryPtr& repository)
+void PackageInstaller::openRepositoryInPackageManager(const VeskRepositoryPtr& repository) const
 {
     if (repository)
         openFirstURL(handOffURLs(*repository), *m_surroundings.urlOpener);

@@ -50,7 +50,7 @@ public:
     void executeQueueWithCompletion(std::function<void()> completion);
 
     // The path of the downloaded archive, or null.
-    QString downloadPackage(const VeskPackagePtr& package);
+    QString downloadPackage(const VeskPackagePtr& package) const;
     // Program path and arguments; true exactly when the program exits with code 0.
     bool runCommand(const QStringList& arguments);
     bool installWithDPKG(const QString& path, const VeskPackagePtr& package);
@@ -58,8 +58,8 @@ public:
     bool uninstallPackage(const VeskPackagePtr& package);
 
     // Open the first URL that has a handler; nothing at all when none has.
-    void openPackageInPackageManager(const VeskPackagePtr& package);
-    void openRepositoryInPackageManager(const VeskRepositoryPtr& repository);
+    void openPackageInPackageManager(const VeskPackagePtr& package) const;
+    void openRepositoryInPackageManager(const VeskRepositoryPtr& repository) const;
 
 private:
     QueueRun runOf(const std::vector<QueueEntryPtr>& entries);

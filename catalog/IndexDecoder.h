@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string_view>
 
 // How an index is compressed, as far as its file name tells.
@@ -13,15 +12,26 @@ enum class DecodeResult {
     Broken,
     // More text came out than was allowed.
     TooLarge,
-    // The receiver asked for no more.
+    // The target wanted no more.
     Stopped,
 };
 
-// Takes each stretch of decompressed bytes, which is good during the call only; false stops the decoder.
-using DecodeSink = std::function<bool(std::string_view)>;
+// Where decompressed bytes go, a window at a time.
+class DecodeTarget
+{
+public:
+    static constexpr std::size_t windowSize = 65536;
 
-// Decompresses the first stream of a body in passes of 64 KiB. What came before a failure has been handed out already.
-// Both are pure functions of their arguments and safe on any thread.
-DecodeResult decodeBzip2(std::string_view body, std::size_t maximumSize, const DecodeSink& sink);
+    virtual ~DecodeTarget() = default;
+
+    // A window of windowSize bytes to write to, or null when no more is wanted.
+    virtual char* window() = 0;
+    // The first so many bytes of the window just given are written; never 0.
+    virtual void accept(std::size_t size) = 0;
+};
+
+// Decompresses the first stream of a body, in passes of one window. What came before a failure has been handed out
+// already. Pure functions of their arguments, safe on any thread.
+DecodeResult decodeBzip2(std::string_view body, std::size_t maximumSize, DecodeTarget& target);
 // A gzip or a zlib header is recognised.
-DecodeResult decodeGzip(std::string_view body, std::size_t maximumSize, const DecodeSink& sink);
+DecodeResult decodeGzip(std::string_view body, std::size_t maximumSize, DecodeTarget& target);

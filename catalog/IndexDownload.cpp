@@ -51,7 +51,10 @@ IndexDownload::IndexDownload(
             this, [this] { m_done(std::nullopt); }, Qt::QueuedConnection);
 }
 
-IndexDownload::~IndexDownload() { dropReply(); }
+IndexDownload::~IndexDownload()
+{
+    dropReply();
+}
 
 void IndexDownload::start(QNetworkAccessManager& network, const RepositoryURL& url)
 {

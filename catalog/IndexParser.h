@@ -18,7 +18,8 @@ public:
     ~IndexParser();
 
     void feed(std::string_view utf8);
-    std::size_t packageCount() const { return m_packages.size(); }
+    // The packages of the stanzas that have ended so far.
+    const PackageVector& packages() const { return m_packages; }
     // The end of the text; the parser is used up.
     PackageVector finish();
 

@@ -1,111 +1,120 @@
 #include "IndexReader.h"
 
-#include "IndexParser.h"
-#include "TextDecoding.h"
+#include "IndexTextReader.h"
+#include "WindowRing.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <system_error>
+#include <thread>
 
 namespace {
 
-enum class Encoding { Utf8, Latin1 };
+using Encoding = IndexTextReader::Encoding;
+using State = IndexTextReader::State;
 
-enum class ReadResult { Complete, NotUtf8, NotDecoded, Refused };
+// A body smaller than this is read before a second thread would be at work.
+constexpr qsizetype smallestSharedBody = 65536;
 
-// One attempt to read the body in one encoding.
-class Attempt
+// Reads each window as soon as it is written, on the same thread.
+class ReadingTarget : public DecodeTarget
 {
 public:
-    Attempt(const IndexJob& job, const DpkgStatus& status, Encoding encoding)
-        : m_job(job)
-        , m_encoding(encoding)
-        , m_parser(job.repository, status)
+    explicit ReadingTarget(IndexTextReader& reader)
+        : m_reader(reader)
     {
     }
 
-    ReadResult readDecoded()
-    {
-        const auto sink = [this](std::string_view bytes) { return take(bytes); };
-        const auto decode = m_job.compression == Compression::Gzip ? decodeGzip : decodeBzip2;
-        const DecodeResult result = decode(viewOf(m_job.body), m_job.limits.textSize, sink);
-        if (result == DecodeResult::Stopped)
-            return m_outcome;
-        return result == DecodeResult::Complete ? atEnd() : ReadResult::NotDecoded;
-    }
-
-    ReadResult readPlain()
-    {
-        constexpr std::size_t stretch = 65536;
-        std::string_view rest = viewOf(m_job.body);
-        while (!rest.empty()) {
-            if (!take(rest.substr(0, stretch)))
-                return m_outcome;
-            rest.remove_prefix(std::min(rest.size(), stretch));
-        }
-        return atEnd();
-    }
-
-    PackageVector packages() { return m_parser.finish(); }
+    char* window() override { return m_isWanted ? m_window->data() : nullptr; }
+    void accept(std::size_t size) override { m_isWanted = m_reader.feed({ m_window->data(), size }); }
 
 private:
-    bool take(std::string_view bytes)
-    {
-        if (m_job.cancelled && m_job.cancelled->load(std::memory_order_relaxed))
-            return stop(ReadResult::Refused);
-        if (m_encoding == Encoding::Latin1)
-            m_parser.feed(viewOf(utf8FromLatin1(bytes)));
-        else if (!m_check.feed(bytes))
-            return stop(ReadResult::NotUtf8);
-        else
-            m_parser.feed(std::exchange(m_isFirst, false) ? withoutByteOrderMark(bytes) : bytes);
-        return m_parser.packageCount() <= m_job.limits.packageCount || stop(ReadResult::Refused);
-    }
-
-    bool stop(ReadResult outcome)
-    {
-        m_outcome = outcome;
-        return false;
-    }
-
-    ReadResult atEnd() const
-    {
-        return m_encoding == Encoding::Latin1 || m_check.isComplete() ? ReadResult::Complete : ReadResult::NotUtf8;
-    }
-
-    const IndexJob& m_job;
-    Encoding m_encoding;
-    bool m_isFirst = true;
-    Utf8Check m_check;
-    IndexParser m_parser;
-    ReadResult m_outcome = ReadResult::Complete;
+    IndexTextReader& m_reader;
+    bool m_isWanted = true;
+    std::unique_ptr<std::array<char, windowSize>> m_window{ new std::array<char, windowSize> };
 };
 
-struct Reading
+DecodeResult decode(const IndexJob& job, DecodeTarget& target)
 {
-    ReadResult result = ReadResult::Refused;
-    PackageVector packages;
-};
+    const auto decoder = job.compression == Compression::Gzip ? decodeGzip : decodeBzip2;
+    return decoder(viewOf(job.body), job.limits.textSize, target);
+}
 
-template <typename Read> Reading readInEitherEncoding(const IndexJob& job, const DpkgStatus& status, Read read)
+void readWindows(WindowRing& ring, IndexTextReader& reader)
 {
-    Reading reading;
-    for (const Encoding encoding : { Encoding::Utf8, Encoding::Latin1 }) {
-        Attempt attempt(job, status, encoding);
-        reading.result = read(attempt);
-        if (reading.result == ReadResult::Complete)
-            reading.packages = attempt.packages();
-        if (reading.result != ReadResult::NotUtf8)
+    for (std::string_view window = ring.next(); !window.empty(); window = ring.next()) {
+        if (!reader.feed(window))
             break;
     }
-    return reading;
+    ring.leave();
+}
+
+DecodeResult decodeBesideReader(const IndexJob& job, IndexTextReader& reader)
+{
+    WindowRing ring;
+    std::thread second;
+    try {
+        second = std::thread([&ring, &reader] { readWindows(ring, reader); });
+    } catch (const std::system_error&) {
+        ReadingTarget target(reader);
+        return decode(job, target);
+    }
+    const DecodeResult result = decode(job, ring);
+    ring.finish();
+    second.join();
+    return result;
+}
+
+// None when the body does not decompress.
+std::optional<State> readDecoded(const IndexJob& job, IndexTextReader& reader)
+{
+    DecodeResult result = DecodeResult::Broken;
+    if (job.body.size() < smallestSharedBody) {
+        ReadingTarget target(reader);
+        result = decode(job, target);
+    } else {
+        result = decodeBesideReader(job, reader);
+    }
+    if (result == DecodeResult::Broken || result == DecodeResult::TooLarge)
+        return std::nullopt;
+    return reader.finish();
+}
+
+std::optional<State> readPlain(const IndexJob& job, IndexTextReader& reader)
+{
+    std::string_view rest = viewOf(job.body);
+    while (!rest.empty() && reader.feed(rest.substr(0, DecodeTarget::windowSize)))
+        rest.remove_prefix(std::min(rest.size(), DecodeTarget::windowSize));
+    return reader.finish();
+}
+
+using Read = std::optional<State> (*)(const IndexJob&, IndexTextReader&);
+
+std::optional<ParsedIndex> readInEitherEncoding(const IndexJob& job, const DpkgStatus& status, Read read)
+{
+    for (const Encoding encoding : { Encoding::Utf8, Encoding::Latin1 }) {
+        IndexTextReader reader(job, status, encoding);
+        const std::optional<State> state = read(job, reader);
+        if (!state)
+            return std::nullopt;
+        if (state == State::Sound)
+            return reader.takeIndex();
+        if (state == State::Refused)
+            break;
+    }
+    return ParsedIndex();
 }
 
 } // namespace
 
-PackageVector readIndex(const IndexJob& job)
+ParsedIndex readIndex(const IndexJob& job)
 {
     const DpkgStatus status = DpkgStatus::read(job.statusPaths);
-    if (job.compression != Compression::None) {
-        Reading decoded = readInEitherEncoding(job, status, [](Attempt& attempt) { return attempt.readDecoded(); });
-        if (decoded.result != ReadResult::NotDecoded)
-            return std::move(decoded.packages);
-    }
-    return readInEitherEncoding(job, status, [](Attempt& attempt) { return attempt.readPlain(); }).packages;
+    std::optional<ParsedIndex> index;
+    if (job.compression != Compression::None)
+        index = readInEitherEncoding(job, status, readDecoded);
+    if (!index)
+        index = readInEitherEncoding(job, status, readPlain);
+    return std::move(*index);
 }

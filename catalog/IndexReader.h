@@ -2,7 +2,7 @@
 
 #include "IndexDecoder.h"
 #include "IndexLimits.h"
-#include "PackageList.h"
+#include "ParsedIndex.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -20,10 +20,13 @@ struct IndexJob
     Compression compression = Compression::None;
     VeskRepositoryPtr repository;
     QStringList statusPaths;
+    std::shared_ptr<const NameOrder> nameOrder;
     IndexLimits limits;
     CancelFlag cancelled;
 };
 
 // Decompresses, decodes and parses a downloaded index. A body that does not decompress is read as it is; bytes that are
-// not UTF-8 are Latin-1. Empty when there is no package in it or it is beyond the limits. Safe on any thread.
-PackageVector readIndex(const IndexJob& job);
+// not UTF-8 are Latin-1. Without packages when there is none in it, when it is beyond the limits, or when it was
+// cancelled. Safe on any thread. A large compressed body is decompressed on the calling thread while a second one does
+// all the rest.
+ParsedIndex readIndex(const IndexJob& job);

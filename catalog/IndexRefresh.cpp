@@ -71,29 +71,31 @@ void IndexRefresh::attempt(std::size_t index)
 void IndexRefresh::read(QByteArray body, std::size_t index)
 {
     const IndexJob job{ std::move(body), candidates[index].compression, m_repository, m_tools.statusPaths,
-        m_tools.limits, m_tools.cancelled };
+        m_tools.nameOrder, m_tools.limits, m_tools.cancelled };
     // The worker does not touch this object: it posts to the application, which outlives the workers, and the call
     // finds out on the main thread whether anybody still waits.
     m_tools.workers->start([job, index, self = QPointer<IndexRefresh>(this)] {
-        auto packages = std::make_shared<PackageVector>(readIndex(job));
-        const auto deliver = [self, index, packages] {
+        auto parsed = std::make_shared<ParsedIndex>(readIndex(job));
+        const auto deliver = [self, index, parsed] {
             if (self)
-                self->acceptPackages(std::move(*packages), index);
+                self->acceptIndex(std::move(*parsed), index);
         };
         QMetaObject::invokeMethod(QCoreApplication::instance(), deliver, Qt::QueuedConnection);
     });
 }
 
-void IndexRefresh::acceptPackages(PackageVector packages, std::size_t index)
+void IndexRefresh::acceptIndex(ParsedIndex parsed, std::size_t index)
 {
-    if (packages.empty())
+    if (parsed.packages.empty())
         attempt(index + 1);
     else
-        finish(std::move(packages));
+        finish(std::move(parsed));
 }
 
-void IndexRefresh::finish(PackageVector packages)
+void IndexRefresh::finish(ParsedIndex parsed)
 {
+    // Whoever is told may delete this, by way of the manager.
+    const Done done = std::move(m_done);
     deleteLater();
-    m_done(std::move(packages));
+    done(std::move(parsed));
 }

@@ -20,12 +20,13 @@ public:
         QNetworkAccessManager* network = nullptr;
         QThreadPool* workers = nullptr;
         QStringList statusPaths;
+        std::shared_ptr<const NameOrder> nameOrder;
         IndexLimits limits;
         std::chrono::milliseconds inactivityTimeout{};
         CancelFlag cancelled;
     };
     // No packages: every candidate failed.
-    using Done = std::function<void(PackageVector packages)>;
+    using Done = std::function<void(ParsedIndex parsed)>;
 
     // The first attempt begins in a later turn of the event loop. Done is called exactly once, and this deletes itself
     // then.
@@ -35,8 +36,8 @@ public:
 private:
     void attempt(std::size_t index);
     void read(QByteArray body, std::size_t index);
-    void acceptPackages(PackageVector packages, std::size_t index);
-    void finish(PackageVector packages);
+    void acceptIndex(ParsedIndex parsed, std::size_t index);
+    void finish(ParsedIndex parsed);
 
     VeskRepositoryPtr m_repository;
     QString m_base;

@@ -1,6 +1,7 @@
 #include "NameOrder.h"
 
-#include <algorithm>
+#include <array>
+#include <cstdint>
 
 #include <unicode/coll.h>
 #include <unicode/locid.h>
@@ -46,34 +47,29 @@ NameOrder::NameOrder(const QString& locale)
 
 NameOrder::~NameOrder() = default;
 
-std::string NameOrder::keyOf(std::string_view utf8) const
+void NameOrder::appendKey(std::string_view utf8, std::string& keys) const
 {
     const auto text = icu::UnicodeString::fromUTF8({ utf8.data(), static_cast<int32_t>(utf8.size()) });
-    std::string key(utf8.size() * 2 + 16, '\0');
-    // Without any collation data at all, letters without their case still give a sensible order.
     if (!m_collator->order) {
-        icu::UnicodeString folded(text);
-        key.clear();
-        return folded.foldCase().toUTF8String(key);
+        // Without any collation data at all, texts without their case still stand in a sensible order.
+        icu::UnicodeString(text).foldCase().toUTF8String(keys);
+        return;
     }
-    const auto keyFits = [&] {
-        const auto capacity = static_cast<int32_t>(key.size());
-        const int32_t needed
-            = m_collator->order->getSortKey(text, reinterpret_cast<std::uint8_t*>(key.data()), capacity);
-        key.resize(static_cast<std::size_t>(needed));
-        return needed <= capacity;
-    };
-    if (!keyFits())
-        keyFits();
-    return key;
+    std::array<std::uint8_t, 256> buffer;
+    const int32_t length = m_collator->order->getSortKey(text, buffer.data(), static_cast<int32_t>(buffer.size()));
+    const auto needed = static_cast<std::size_t>(length);
+    if (needed <= buffer.size()) {
+        keys.append(reinterpret_cast<const char*>(buffer.data()), needed);
+        return;
+    }
+    const std::size_t begin = keys.size();
+    keys.resize(begin + needed);
+    m_collator->order->getSortKey(text, reinterpret_cast<std::uint8_t*>(keys.data() + begin), length);
 }
 
-void NameOrder::sort(PackageVector& packages) const
+std::string NameOrder::keyOf(std::string_view utf8) const
 {
-    std::vector<std::pair<std::string, VeskPackagePtr>> keyed;
-    keyed.reserve(packages.size());
-    for (VeskPackagePtr& package : packages)
-        keyed.emplace_back(keyOf(package->utf8(VeskPackage::Text::Name)), std::move(package));
-    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::transform(keyed.begin(), keyed.end(), packages.begin(), [](auto& pair) { return std::move(pair.second); });
+    std::string key;
+    appendKey(utf8, key);
+    return key;
 }

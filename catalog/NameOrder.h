@@ -1,7 +1,5 @@
 #pragma once
 
-#include "PackageList.h"
-
 #include <QString>
 
 #include <memory>
@@ -9,18 +7,17 @@
 #include <string_view>
 
 // The order of texts for a person who reads a language: its own order of letters, upper and lower case equal.
-// Made for one locale, such as "de" or "sv_SE"; one without an order of its own gets the general one. Safe on any
-// thread.
+// Made for one locale, such as "de" or "sv_SE"; one without an order of its own gets the general one. Any number of
+// threads may use one at once.
 class NameOrder
 {
 public:
     explicit NameOrder(const QString& locale);
     ~NameOrder();
 
-    // A key that compares bytewise as the texts do in this order.
+    // Appends a key that compares bytewise as the texts do in this order.
+    void appendKey(std::string_view utf8, std::string& keys) const;
     std::string keyOf(std::string_view utf8) const;
-    // By name, packages of equal names staying as they stood.
-    void sort(PackageVector& packages) const;
 
 private:
     struct Collator;

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace {
 
@@ -31,16 +30,26 @@ RepoManager* RepoManager::sharedManager()
 RepoManager::RepoManager(CatalogWorld world, QObject* parent)
     : QObject(parent)
     , m_world(std::move(world))
+    , m_nameOrder(std::make_shared<const NameOrder>(m_world.collationLocale))
+    , m_index(m_packages, m_nameOrder)
     , m_cancelled(std::make_shared<std::atomic<bool>>(false))
-    , m_nameOrder(m_world.collationLocale)
 {
+    if (QCoreApplication* application = QCoreApplication::instance())
+        connect(application, &QCoreApplication::aboutToQuit, this, &RepoManager::dropRefreshes);
     loadSavedState();
 }
 
 // The refreshes go first: they stand on the network, which goes with the members.
 RepoManager::~RepoManager()
 {
+    dropRefreshes();
+}
+
+// Workers that still read an index stop at their next window, so that nobody waits for them.
+void RepoManager::dropRefreshes()
+{
     m_cancelled->store(true);
+    m_cancelled = std::make_shared<std::atomic<bool>>(false);
     qDeleteAll(findChildren<IndexRefresh*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -90,7 +99,7 @@ void RepoManager::removeRepository(const VeskRepositoryPtr& repository)
     // The argument may be an element of the very list.
     const VeskRepositoryPtr removed = repository;
     std::erase(m_repositories, removed);
-    m_packages.clear();
+    m_index.clear();
     persistState();
 }
 
@@ -131,7 +140,7 @@ void RepoManager::refreshAllWithCompletion(const Completion& completion)
 {
     setIsLoading(true);
     setErrorMessage(QString());
-    m_packages.clear();
+    m_index.clear();
     std::vector<VeskRepositoryPtr> enabled;
     std::copy_if(m_repositories.begin(), m_repositories.end(), std::back_inserter(enabled),
         [](const VeskRepositoryPtr& repository) { return repository->enabled(); });
@@ -162,17 +171,17 @@ void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const C
         setErrorMessage(QStringLiteral("Invalid repository URL"));
         return report();
     }
-    const auto done = [this, repository, report](PackageVector packages) {
-        if (packages.empty()) {
+    const auto done = [this, repository, report](ParsedIndex index) {
+        if (index.packages.empty()) {
             setErrorMessage(QStringLiteral("Could not fetch repository packages"));
         } else {
             repository->setLastRefresh(QDateTime::currentDateTime());
-            mergePackages(std::move(packages));
+            m_index.merge(std::move(index));
         }
         report();
     };
-    const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers, m_world.statusPaths, m_world.limits,
-        m_world.inactivityTimeout, m_cancelled };
+    const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers, m_world.statusPaths, m_nameOrder,
+        m_world.limits, m_world.inactivityTimeout, m_cancelled };
     new IndexRefresh(repository, *root, tools, done, this);
 }
 
@@ -195,16 +204,7 @@ QString RepoManager::installedVersionForPackage(const QString& packageID) const
 
 const PackageVector& RepoManager::filteredPackagesWithQuery(const QString& query)
 {
-    if (query.isEmpty())
-        return m_packages.all();
-    const QString folded = query.toLower();
-    const auto holds = [&folded](const QString& text) { return text.toLower().contains(folded); };
-    m_found.clear();
-    for (const VeskPackagePtr& package : m_packages) {
-        if (holds(package->name()) || holds(package->packageID()) || holds(package->desc()) || holds(package->author()))
-            m_found.push_back(package);
-    }
-    return m_found;
+    return m_index.packagesMatching(query);
 }
 
 PackageVector RepoManager::packagesForCategory(const QString& name) const
@@ -228,7 +228,7 @@ std::vector<VeskCategoryPtr> RepoManager::categories() const
     std::vector<std::pair<std::string, VeskCategoryPtr>> keyed;
     for (const auto& [section, count] : counts) {
         const QString name = QString::fromUtf8(section.data(), static_cast<qsizetype>(section.size()));
-        keyed.emplace_back(m_nameOrder.keyOf(section), VeskCategory::categoryWithName(textOrEmpty(name), count));
+        keyed.emplace_back(m_nameOrder->keyOf(section), VeskCategory::categoryWithName(textOrEmpty(name), count));
     }
     std::sort(keyed.begin(), keyed.end());
     std::vector<VeskCategoryPtr> categories;
@@ -239,23 +239,10 @@ std::vector<VeskCategoryPtr> RepoManager::categories() const
 
 const PackageVector& RepoManager::packagesSortedByName()
 {
-    m_sorted = m_packages.all();
-    sortByName(m_sorted);
-    return m_sorted;
+    return m_index.packagesByName();
 }
 
 void RepoManager::sortByName(PackageVector& packages)
 {
-    m_nameOrder.sort(packages);
-}
-
-void RepoManager::mergePackages(PackageVector packages)
-{
-    std::unordered_set<std::string_view> known;
-    for (const VeskPackagePtr& package : m_packages)
-        known.insert(package->utf8(VeskPackage::Text::PackageID));
-    for (VeskPackagePtr& package : packages) {
-        if (known.insert(package->utf8(VeskPackage::Text::PackageID)).second)
-            m_packages.push_back(std::move(package));
-    }
+    m_index.sortByName(packages);
 }

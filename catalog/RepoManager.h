@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CatalogIndex.h"
 #include "CatalogWorld.h"
 #include "IndexReader.h"
-#include "NameOrder.h"
 #include "PackageList.h"
 #include "RepositoryError.h"
 #include "VeskCategory.h"
@@ -77,15 +77,14 @@ public:
     void sortByName(PackageVector& packages);
 
 private:
-    void mergePackages(PackageVector packages);
+    void dropRefreshes();
 
     CatalogWorld m_world;
     bool m_isLoading = false;
     std::vector<VeskRepositoryPtr> m_repositories;
     PackageList m_packages;
     QString m_errorMessage;
+    std::shared_ptr<const NameOrder> m_nameOrder;
+    CatalogIndex m_index;
     CancelFlag m_cancelled;
-    NameOrder m_nameOrder;
-    PackageVector m_found;
-    PackageVector m_sorted;
 };

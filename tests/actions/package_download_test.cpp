@@ -1,5 +1,6 @@
 #include "PackageDownload.h"
 
+#include "ArchiveReception.h"
 #include "ArchiveRequest.h"
 #include "LoopbackServer.h"
 

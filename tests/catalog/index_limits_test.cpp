@@ -7,8 +7,13 @@ namespace {
 
 IndexJob jobFor(const QByteArray& body, Compression compression, const IndexLimits& limits)
 {
-    return { body, compression, VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s), {}, limits,
-        nullptr };
+    IndexJob job;
+    job.body = body;
+    job.compression = compression;
+    job.repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    job.nameOrder = std::make_shared<const NameOrder>(u"en"_s);
+    job.limits = limits;
+    return job;
 }
 
 QByteArray manyStanzas(int count)
@@ -26,35 +31,35 @@ TEST(IndexLimitsOfReading, failTheDecompressionOfWhatGrowsBeyondThem)
     IndexLimits limits;
     limits.textSize = 100000;
     const QByteArray bomb = stanza("a") + QByteArray(100 * 1000 * 1000, '\n');
-    EXPECT_TRUE(readIndex(jobFor(gzipped(bomb), Compression::Gzip, limits)).empty());
-    EXPECT_TRUE(readIndex(jobFor(bzipped(bomb), Compression::Bzip2, limits)).empty());
-    EXPECT_EQ(readIndex(jobFor(gzipped(stanza("a")), Compression::Gzip, limits)).size(), 1U);
+    EXPECT_TRUE(readIndex(jobFor(gzipped(bomb), Compression::Gzip, limits)).packages.empty());
+    EXPECT_TRUE(readIndex(jobFor(bzipped(bomb), Compression::Bzip2, limits)).packages.empty());
+    EXPECT_EQ(readIndex(jobFor(gzipped(stanza("a")), Compression::Gzip, limits)).packages.size(), 1U);
 }
 
 TEST(IndexLimitsOfReading, refuseAnIndexOfTooManyPackages)
 {
     IndexLimits limits;
     limits.packageCount = 20000;
-    EXPECT_EQ(readIndex(jobFor(manyStanzas(20000), Compression::None, limits)).size(), 20000U);
-    EXPECT_TRUE(readIndex(jobFor(manyStanzas(20001), Compression::None, limits)).empty());
-    EXPECT_TRUE(readIndex(jobFor(gzipped(manyStanzas(20001)), Compression::Gzip, limits)).empty());
+    EXPECT_EQ(readIndex(jobFor(manyStanzas(20000), Compression::None, limits)).packages.size(), 20000U);
+    EXPECT_TRUE(readIndex(jobFor(manyStanzas(20001), Compression::None, limits)).packages.empty());
+    EXPECT_TRUE(readIndex(jobFor(gzipped(manyStanzas(20001)), Compression::Gzip, limits)).packages.empty());
 }
 
 TEST(IndexLimitsOfReading, areNotNeededToGiveUpOnRequest)
 {
     IndexJob job = jobFor(manyStanzas(3), Compression::None, {});
     job.cancelled = std::make_shared<std::atomic<bool>>(true);
-    EXPECT_TRUE(readIndex(job).empty());
+    EXPECT_TRUE(readIndex(job).packages.empty());
 }
 
 TEST(IndexLimitsOfReading, letHugeLinesAndStanzasPassInLinearTime)
 {
     const QByteArray longLine = "Package: a\nDescription: " + QByteArray(20 * 1000 * 1000, 'x') + "\n\n";
-    const PackageVector packages = readIndex(jobFor(longLine, Compression::None, {}));
+    const PackageVector packages = readIndex(jobFor(longLine, Compression::None, {})).packages;
     ASSERT_EQ(packages.size(), 1U);
     EXPECT_EQ(packages[0]->desc().size(), 20 * 1000 * 1000);
     const QByteArray longStanza = "Package: a\n" + QByteArray("Tag: x\n").repeated(3 * 1000 * 1000);
-    EXPECT_EQ(readIndex(jobFor(longStanza, Compression::None, {})).size(), 1U);
+    EXPECT_EQ(readIndex(jobFor(longStanza, Compression::None, {})).packages.size(), 1U);
 }
 
 class IndexLimitsOfDownloading : public CatalogFixture

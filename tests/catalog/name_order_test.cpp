@@ -1,5 +1,5 @@
 #include "CatalogFixture.h"
-#include "NameOrder.h"
+#include "NameKeys.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,7 +10,7 @@ QStringList sorted(const QString& locale, const QStringList& names)
     PackageVector packages;
     for (const QString& name : names)
         packages.push_back(makePackage(QString::number(packages.size()), name));
-    NameOrder(locale).sort(packages);
+    sortPackagesByName(packages, NameOrder(locale));
     return namesOf(packages);
 }
 
@@ -47,7 +47,7 @@ TEST(NameOrder, takesEmptyNullAndLongNames)
     const QString longName(100000, u'y');
     EXPECT_EQ(sorted(u"en"_s, { u"z"_s, longName, u""_s, u"a"_s }), QStringList({ u""_s, u"a"_s, longName, u"z"_s }));
     PackageVector packages{ makePackage(u"a"_s, u"a"_s), std::make_shared<VeskPackage>() };
-    NameOrder(u"en"_s).sort(packages);
+    sortPackagesByName(packages, NameOrder(u"en"_s));
     EXPECT_TRUE(packages[0]->name().isNull());
 }
 

@@ -52,7 +52,8 @@ TEST(TrimmedUtf8, takesAwayTheSameWhiteSpaceAsForAnyText)
         const QString text = QChar(code) + QStringLiteral("a") + QChar(code) + QStringLiteral("b") + QChar(code);
         const QByteArray utf8 = text.toUtf8();
         const std::string_view trimmed = trimmedUtf8(viewOf(utf8));
-        ASSERT_EQ(QString::fromUtf8(trimmed.data(), static_cast<qsizetype>(trimmed.size())), text.trimmed()) << int(code);
+        ASSERT_EQ(QString::fromUtf8(trimmed.data(), static_cast<qsizetype>(trimmed.size())), text.trimmed())
+            << int(code);
     }
 }
 

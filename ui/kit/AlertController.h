@@ -71,8 +71,9 @@ private:
     Autocorrection m_autocorrection = Autocorrection::Yes;
 };
 
-// A message with buttons over everything else, or a sheet of actions from the window's lower edge. It is dismissed by any of
-// its actions; the action's handler runs after that. Presented by ViewController::present(), which takes ownership.
+// A message with buttons over everything else, or a sheet of actions from the window's lower edge. It is dismissed by
+// any of its actions; the action's handler runs after that. Presented by ViewController::present(), which takes
+// ownership.
 class AlertController : public QObject
 {
     Q_OBJECT
@@ -100,8 +101,8 @@ public:
 
     // A person chose: dismisses the alert and runs the action.
     Q_INVOKABLE void choose(int action);
-    // Return: the last action of the default style, for a held key must destroy nothing. Escape, or a touch outside a sheet:
-    // the cancel action. Either takes the only action there is.
+    // Return: the last action of the default style, for a held key must destroy nothing. Escape, or a touch outside a
+    // sheet: the cancel action. Either takes the only action there is.
     Q_INVOKABLE void confirm();
     Q_INVOKABLE void cancel();
 

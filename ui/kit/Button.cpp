@@ -47,13 +47,13 @@ QSizeF Button::naturalSize() const
 {
     const EdgeInsets& insets = m_contentEdgeInsets;
     const double titleHeight = QFontMetricsF(m_titleLabel->font()).height();
-    return {insets.left + m_titleLabel->naturalWidth() + insets.right, insets.top + titleHeight + insets.bottom};
+    return { insets.left + m_titleLabel->naturalWidth() + insets.right, insets.top + titleHeight + insets.bottom };
 }
 
 void Button::sizeToFit()
 {
     const QSizeF size = naturalSize();
-    setFrame({frame().topLeft(), QSizeF(std::ceil(size.width()), std::ceil(size.height()))});
+    setFrame({ frame().topLeft(), QSizeF(std::ceil(size.width()), std::ceil(size.height())) });
 }
 
 void Button::press()

@@ -8,11 +8,9 @@ Item {
     id: root
 
     required property TableViewCell view
-    required property KitTable table
-    required property bool sliding
-    required property bool keyboardHere
+    readonly property KitTable table: view.superview as KitTable
     readonly property bool open: table.openSection === view.section && table.openRow === view.row && !view.hidden
-    readonly property bool focusedHere: keyboardHere && KeyboardFocus.shown && table.focusedSection === view.section && table.focusedRow === view.row
+    readonly property bool focusedHere: table.keyboardHere && KeyboardFocus.shown && table.focusedSection === view.section && table.focusedRow === view.row
     readonly property double deleteWidth: 88
 
     x: view.frame.x
@@ -31,7 +29,7 @@ Item {
     Accessible.onPressAction: root.table.tapRow(root.view.section, root.view.row)
 
     Behavior on y {
-        enabled: root.sliding
+        enabled: root.table.sliding
         NumberAnimation {
             duration: 250
             easing.type: Easing.OutCubic
@@ -46,7 +44,7 @@ Item {
         x: swipe.active ? Math.min(0, Math.max(-root.deleteWidth * 1.5, swipe.startX + swipe.activeTranslation.x)) : root.open ? -root.deleteWidth : 0
 
         Behavior on x {
-            enabled: !swipe.active && !root.sliding
+            enabled: !swipe.active && !root.table.sliding
             NumberAnimation {
                 duration: 200
                 easing.type: Easing.OutCubic
@@ -57,10 +55,10 @@ Item {
             anchors.fill: parent
             view: root.view
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.backgroundView
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.selectedBackgroundView
             opacity: root.view.highlighted ? 1 : 0
             visible: opacity > 0
@@ -78,10 +76,10 @@ Item {
         LabelView {
             view: root.view.textLabel
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.detailTextLabel
         }
-        ViewLoader {
+        ViewSlot {
             view: root.view.accessory
         }
         Rectangle {
@@ -150,6 +148,7 @@ Item {
         onPressedChanged: root.table.pressRow(root.view.section, root.view.row, pressed)
         onTapped: {
             KeyboardFocus.shown = false;
+            root.table.takeKeyboard();
             root.table.tapRow(root.view.section, root.view.row);
         }
     }

@@ -14,9 +14,9 @@ struct Color
     Image pattern;
 
     static Color clear() { return {}; }
-    static Color white() { return {1, 1, 1, 1, {}}; }
-    static Color black(double alpha = 1) { return {0, 0, 0, alpha, {}}; }
-    static Color withPatternImage(const Image& image) { return {0, 0, 0, 1, image}; }
+    static Color white() { return { 1, 1, 1, 1, {} }; }
+    static Color black(double alpha = 1) { return { 0, 0, 0, alpha, {} }; }
+    static Color withPatternImage(const Image& image) { return { 0, 0, 0, 1, image }; }
 
     // Clamped to what can be shown.
     QColor toQColor() const;

@@ -18,7 +18,7 @@ double layOut(QTextLayout& layout, double width)
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        line.setPosition({0, height});
+        line.setPosition({ 0, height });
         height += line.height();
     }
     layout.endLayout();

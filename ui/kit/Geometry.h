@@ -17,5 +17,9 @@ struct IndexPath
     int section = 0;
     int row = 0;
 
-    friend auto operator<=>(const IndexPath&, const IndexPath&) = default;
+    friend bool operator==(const IndexPath&, const IndexPath&) = default;
+    friend bool operator<(const IndexPath& a, const IndexPath& b)
+    {
+        return a.section != b.section ? a.section < b.section : a.row < b.row;
+    }
 };

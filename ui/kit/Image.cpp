@@ -78,8 +78,7 @@ Image Image::load(const QString& folder, const QString& name, RenderingMode mode
 namespace {
 
 // Each named image is loaded once: cells ask for theirs on every configuration.
-template <typename Load>
-Image loadOnce(QHash<QString, Image>& loaded, const QString& name, Load load)
+template <typename Load> Image loadOnce(QHash<QString, Image>& loaded, const QString& name, Load load)
 {
     static std::mutex mutex;
     const std::scoped_lock lock(mutex);
@@ -123,7 +122,7 @@ Image Image::fromData(const QByteArray& data, double scale, int maximumPixels)
     if (size.width() > AbsurdlyLarge || size.height() > AbsurdlyLarge)
         return {};
     if (size.width() > maximumPixels || size.height() > maximumPixels)
-        reader.setScaledSize(size.scaled(maximumPixels, maximumPixels, Qt::KeepAspectRatio).expandedTo({1, 1}));
+        reader.setScaledSize(size.scaled(maximumPixels, maximumPixels, Qt::KeepAspectRatio).expandedTo({ 1, 1 }));
     QImage pixels = reader.read();
     if (pixels.isNull())
         return {};

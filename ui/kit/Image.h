@@ -26,8 +26,8 @@ public:
     static Image systemNamed(const QString& name);
     // A control's own glyph (an arrow, a checkmark), a template, or none.
     static Image glyphNamed(const QString& name);
-    // A picture decoded from a file's bytes, whose pixels are for the given scale; none when they do not decode. A picture
-    // of more than maximumPixels a side is scaled down while it is decoded, an absurdly large one is refused.
+    // A picture decoded from a file's bytes, whose pixels are for the given scale; none when they do not decode. A
+    // picture of more than maximumPixels a side is scaled down while it is decoded, an absurdly large one is refused.
     static Image fromData(const QByteArray& data, double scale, int maximumPixels = 512);
 
     Image resizable(const EdgeInsets& capInsets, ResizingMode mode) const;
@@ -38,8 +38,8 @@ public:
     ResizingMode resizingMode() const { return m_resizingMode; }
     bool isResizable() const { return m_resizable; }
     RenderingMode renderingMode() const;
-    // The pixels made for the smallest scale that is not below the wanted one, else for the largest there is. The image's
-    // devicePixelRatio tells which scale that was.
+    // The pixels made for the smallest scale that is not below the wanted one, else for the largest there is. The
+    // image's devicePixelRatio tells which scale that was.
     QImage pixels(double scale) const;
     // Equal for images that share their pixels, and for no others.
     quint64 identity() const;

@@ -24,7 +24,7 @@ std::array<double, 4> cappedEdges(double before, double after, double length)
 {
     const double fit = before + after > length ? length / (before + after) : 1;
     const double first = std::round(before * fit);
-    return {0.0, first, std::max(first, length - std::round(after * fit)), length};
+    return { 0.0, first, std::max(first, length - std::round(after * fit)), length };
 }
 
 // The four corners keep their size, the edges stretch along themselves, the middle both ways.
@@ -33,8 +33,8 @@ void drawStretched(QPainter& painter, const QRectF& target, const QImage& pixels
     const double source = pixels.devicePixelRatio();
     const double w = pixels.width();
     const double h = pixels.height();
-    const std::array sx {0.0, caps.left * source, w - caps.right * source, w};
-    const std::array sy {0.0, caps.top * source, h - caps.bottom * source, h};
+    const std::array sx{ 0.0, caps.left * source, w - caps.right * source, w };
+    const std::array sy{ 0.0, caps.top * source, h - caps.bottom * source, h };
     const std::array tx = cappedEdges(caps.left * scale, caps.right * scale, target.width());
     const std::array ty = cappedEdges(caps.top * scale, caps.bottom * scale, target.height());
     for (std::size_t row = 0; row < 3; ++row)
@@ -48,20 +48,21 @@ void drawTiled(QPainter& painter, const QRectF& target, const QImage& pixels, do
     QImage tile = pixels;
     tile.setDevicePixelRatio(1);
     if (const double source = pixels.devicePixelRatio(); source != scale)
-        tile = tile.scaled((QSizeF(tile.size()) * scale / source).toSize().expandedTo({1, 1}), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        tile = tile.scaled((QSizeF(tile.size()) * scale / source).toSize().expandedTo({ 1, 1 }), Qt::IgnoreAspectRatio,
+            Qt::SmoothTransformation);
     painter.fillRect(target, QBrush(tile));
 }
 
 QRectF fitted(const QSizeF& size, const QRectF& into)
 {
-    QRectF rect({0, 0}, size.scaled(into.size(), Qt::KeepAspectRatio));
+    QRectF rect({ 0, 0 }, size.scaled(into.size(), Qt::KeepAspectRatio));
     rect.moveCenter(into.center());
     return rect;
 }
 
 void draw(QPainter& painter, const ImageLook& look)
 {
-    const QRectF target({0, 0}, QSizeF(look.pixelSize));
+    const QRectF target({ 0, 0 }, QSizeF(look.pixelSize));
     const QImage pixels = look.image.pixels(look.scale);
     if (look.mode == ImageLook::Mode::Tile)
         drawTiled(painter, target, pixels, look.scale);
@@ -81,7 +82,8 @@ QImage compose(const ImageLook& look)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     if (look.radius > 0) {
         QPainterPath path;
-        path.addRoundedRect(QRectF({0, 0}, QSizeF(look.pixelSize)), look.radius * look.scale, look.radius * look.scale);
+        path.addRoundedRect(
+            QRectF({ 0, 0 }, QSizeF(look.pixelSize)), look.radius * look.scale, look.radius * look.scale);
         painter.setClipPath(path);
     }
     draw(painter, look);

@@ -75,7 +75,8 @@ QSGNode* ImageItem::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*dat
 {
     auto* node = static_cast<QSGImageNode*>(oldNode);
     const double scale = window()->effectiveDevicePixelRatio();
-    const QSize pixelSize(static_cast<int>(std::lround(width() * scale)), static_cast<int>(std::lround(height() * scale)));
+    const QSize pixelSize(
+        static_cast<int>(std::lround(width() * scale)), static_cast<int>(std::lround(height() * scale)));
     const bool isTooLarge = pixelSize.width() > LargestSide || pixelSize.height() > LargestSide;
     if (m_image.isNull() || pixelSize.isEmpty() || isTooLarge) {
         delete node;
@@ -87,7 +88,7 @@ QSGNode* ImageItem::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*dat
     }
     const bool isTemplate = m_image.renderingMode() == Image::RenderingMode::Template;
     const QImage picture = ImageComposer::composed(
-        {m_image, pixelSize, scale, static_cast<ImageLook::Mode>(m_mode), isTemplate ? m_tint : QColor(), m_radius});
+        { m_image, pixelSize, scale, static_cast<ImageLook::Mode>(m_mode), isTemplate ? m_tint : QColor(), m_radius });
     node->setTexture(window()->createTextureFromImage(picture));
     node->setRect(boundingRect());
     node->setFiltering(QSGTexture::Linear);

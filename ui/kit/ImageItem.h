@@ -5,8 +5,9 @@
 #include <QColor>
 #include <QQuickItem>
 
-// Draws an Image: stretched, tiled or fitted, tinted and with round corners. The picture is composed once for its exact size
-// in device pixels and shared by all items that show the same one, so a frame costs a copy of pixels and nothing else.
+// Draws an Image: stretched, tiled or fitted, tinted and with round corners. The picture is composed once for its exact
+// size in device pixels and shared by all items that show the same one, so a frame costs a copy of pixels and nothing
+// else.
 class ImageItem : public QQuickItem
 {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #include "ImageView.h"
 
 ImageView::ImageView(const Image& image, QObject* parent)
-    : View({{0, 0}, image.size()}, parent)
+    : View({ { 0, 0 }, image.size() }, parent)
     , m_image(image)
 {
 }

@@ -5,7 +5,8 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
-// The colours and words of what no screen styles: alerts, the delete button, the search field, focus and press feedback.
+// The colours and words of what no screen styles: alerts, the delete button, the search field, focus and press
+// feedback.
 class KitLook : public QObject
 {
     Q_OBJECT
@@ -39,27 +40,27 @@ class KitLook : public QObject
     Q_PROPERTY(QString backTitle MEMBER m_backTitle CONSTANT)
 
 private:
-    QColor m_shade {0, 0, 0, 110};
-    QColor m_panelTop {66, 92, 130, 242};
-    QColor m_panelBottom {27, 45, 78, 242};
-    QColor m_panelEdge {226, 233, 242, 230};
-    QColor m_panelText {255, 255, 255};
-    QColor m_buttonTop {151, 171, 199};
-    QColor m_buttonBottom {84, 110, 148};
-    QColor m_cancelTop {100, 119, 148};
-    QColor m_cancelBottom {48, 66, 96};
-    QColor m_destructiveTop {220, 92, 84};
-    QColor m_destructiveBottom {160, 30, 26};
-    QColor m_edge {14, 24, 42, 200};
-    QColor m_highlight {255, 255, 255, 90};
-    QColor m_textShadow {0, 0, 0, 107};
-    QColor m_field {255, 255, 255};
-    QColor m_fieldText {25, 50, 80};
-    QColor m_fieldPlaceholder {132, 143, 158};
-    QColor m_focus {236, 129, 17};
-    QColor m_knobTop {255, 255, 255};
-    QColor m_knobBottom {216, 222, 230};
-    QColor m_switchOff {176, 186, 198};
+    QColor m_shade{ 0, 0, 0, 110 };
+    QColor m_panelTop{ 66, 92, 130, 242 };
+    QColor m_panelBottom{ 27, 45, 78, 242 };
+    QColor m_panelEdge{ 226, 233, 242, 230 };
+    QColor m_panelText{ 255, 255, 255 };
+    QColor m_buttonTop{ 151, 171, 199 };
+    QColor m_buttonBottom{ 84, 110, 148 };
+    QColor m_cancelTop{ 100, 119, 148 };
+    QColor m_cancelBottom{ 48, 66, 96 };
+    QColor m_destructiveTop{ 220, 92, 84 };
+    QColor m_destructiveBottom{ 160, 30, 26 };
+    QColor m_edge{ 14, 24, 42, 200 };
+    QColor m_highlight{ 255, 255, 255, 90 };
+    QColor m_textShadow{ 0, 0, 0, 107 };
+    QColor m_field{ 255, 255, 255 };
+    QColor m_fieldText{ 25, 50, 80 };
+    QColor m_fieldPlaceholder{ 132, 143, 158 };
+    QColor m_focus{ 236, 129, 17 };
+    QColor m_knobTop{ 255, 255, 255 };
+    QColor m_knobBottom{ 216, 222, 230 };
+    QColor m_switchOff{ 176, 186, 198 };
     QString m_fontFamily = QStringLiteral("Inter");
     QString m_deleteTitle = QStringLiteral("Delete");
     QString m_cancelTitle = QStringLiteral("Cancel");

@@ -19,6 +19,11 @@ Window {
         focus: panel.item === null
         enabled: panel.item === null
 
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
+                KeyboardFocus.shown = true;
+            event.accepted = false;
+        }
         onWidthChanged: root.controller.resize(width, height)
         onHeightChanged: root.controller.resize(width, height)
 

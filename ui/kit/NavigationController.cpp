@@ -19,7 +19,7 @@ void NavigationBar::setStandardAppearance(const BarAppearance& appearance)
 
 NavigationController::NavigationController(ViewController* root, QObject* parent)
     : ViewController(parent)
-    , m_stack {root}
+    , m_stack{ root }
 {
     root->setParent(this);
     root->setNavigationController(this);
@@ -27,7 +27,8 @@ NavigationController::NavigationController(ViewController* root, QObject* parent
     m_animation.setStartValue(0.0);
     m_animation.setEndValue(1.0);
     m_animation.setEasingCurve(QEasingCurve::OutCubic);
-    connect(&m_animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) { setProgress(value.toDouble()); });
+    connect(&m_animation, &QVariantAnimation::valueChanged, this,
+        [this](const QVariant& value) { setProgress(value.toDouble()); });
     connect(&m_animation, &QVariantAnimation::finished, this, &NavigationController::finishTransition);
 }
 
@@ -55,7 +56,7 @@ void NavigationController::layOutPage(ViewController* page)
 {
     const double barHeight = barHeightFor(page);
     const QSizeF size = view()->frame().size();
-    page->layOut({0, barHeight, size.width(), std::max(0.0, size.height() - barHeight)});
+    page->layOut({ 0, barHeight, size.width(), std::max(0.0, size.height() - barHeight) });
 }
 
 double NavigationController::barHeightFor(ViewController* page)

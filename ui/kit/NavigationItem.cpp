@@ -2,9 +2,9 @@
 
 namespace {
 
-// Puts an object in the place of another. The one before goes later, for it may be the very button whose action this is.
-template <typename Object>
-void replace(Object*& slot, Object* object, QObject* owner)
+// Puts an object in the place of another. The one before goes later, for it may be the very button whose action this
+// is.
+template <typename Object> void replace(Object*& slot, Object* object, QObject* owner)
 {
     if (slot == object)
         return;

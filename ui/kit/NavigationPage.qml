@@ -10,6 +10,8 @@ FocusScope {
 
     required property NavigationController controller
 
+    focus: true
+
     function offsetOf(page) {
         const p = root.controller.progress;
         const isLeaving = page === root.controller.leavingViewController;

@@ -17,7 +17,7 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override { return {{Qt::UserRole, "object"}}; }
+    QHash<int, QByteArray> roleNames() const override { return { { Qt::UserRole, "object" } }; }
 
     const QList<QObject*>& objects() const { return m_objects; }
     void append(QObject* object);

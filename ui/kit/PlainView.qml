@@ -15,16 +15,15 @@ Item {
     height: view.frame.height
     visible: !view.hidden
 
+    Accessible.role: Accessible.Heading
+    Accessible.name: view.accessibilityLabel
+    Accessible.ignored: view.accessibilityLabel.length === 0
+
     ViewFill {
         anchors.fill: parent
         view: root.view
     }
-    Repeater {
+    SubviewsItem {
         model: root.view.subviewModel
-        delegate: ViewLoader {
-            required property QtObject object
-
-            view: object as View
-        }
     }
 }

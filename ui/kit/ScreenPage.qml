@@ -7,7 +7,7 @@ FocusScope {
 
     required property ViewController controller
 
-    ViewLoader {
+    ViewSlot {
         focus: true
         view: root.controller.view
     }

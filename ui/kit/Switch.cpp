@@ -1,7 +1,7 @@
 #include "Switch.h"
 
 Switch::Switch(QObject* parent)
-    : View({0, 0, 51, 31}, parent)
+    : View({ 0, 0, 51, 31 }, parent)
 {
 }
 

@@ -33,6 +33,6 @@ Q_SIGNALS:
 
 private:
     std::function<void(Switch*)> m_valueChanged;
-    Color m_onTintColor {0.19, 0.35, 0.57, 1, {}};
+    Color m_onTintColor{ 0.19, 0.35, 0.57, 1, {} };
     bool m_on = false;
 };

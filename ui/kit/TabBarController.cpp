@@ -99,5 +99,5 @@ void TabBarController::viewDidLayoutSubviews()
 QRectF TabBarController::contentFrame()
 {
     const QSizeF size = view()->frame().size();
-    return {0, 0, size.width(), std::max(0.0, size.height() - TabBar::Height)};
+    return { 0, 0, size.width(), std::max(0.0, size.height() - TabBar::Height) };
 }

@@ -11,6 +11,8 @@ FocusScope {
     readonly property TabBar bar: controller.tabBar
     readonly property double barHeight: 49
 
+    focus: true
+
     Repeater {
         model: root.controller.tabModel
         delegate: FocusScope {

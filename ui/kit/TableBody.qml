@@ -10,7 +10,6 @@ FocusScope {
     required property KitTable view
     readonly property RefreshControl refresh: view.refreshControl
     readonly property double refreshRoom: 60
-    property bool sliding: false
 
     x: view.frame.x
     y: view.frame.y
@@ -19,6 +18,8 @@ FocusScope {
     visible: !view.hidden
     activeFocusOnTab: true
     focus: true
+
+    onActiveFocusChanged: view.keyboardHere = activeFocus
 
     Accessible.role: Accessible.List
     Accessible.focusable: true
@@ -51,7 +52,7 @@ FocusScope {
     }
     Spinner {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: Math.min(18, -flick.contentY - 42) + (root.refresh && root.refresh.refreshing ? 0 : 0)
+        y: Math.min(18, -flick.contentY - 42)
         visible: root.refresh !== null && flick.contentY < -12
         tint: root.refresh ? root.refresh.tint : "transparent"
         running: root.refresh !== null && root.refresh.refreshing
@@ -72,7 +73,7 @@ FocusScope {
         onContentYChanged: root.view.setContentOffset(contentY)
         onDraggingChanged: {
             if (dragging)
-                root.view.clearFocus();
+                root.forceActiveFocus();
             else if (root.refresh && contentY < -root.refreshRoom * 1.4)
                 root.refresh.pull();
         }
@@ -81,27 +82,15 @@ FocusScope {
             width: flick.width
             height: flick.contentHeight
 
-            ViewLoader {
+            ViewSlot {
                 view: root.view.tableHeaderView
             }
-            Repeater {
+            SubviewsItem {
                 model: root.view.cellModel
-                delegate: CellView {
-                    required property QtObject object
-
-                    view: object as TableViewCell
-                    table: root.view
-                    sliding: root.sliding
-                    keyboardHere: root.activeFocus
-                }
             }
-            Repeater {
+            SubviewsItem {
+                z: 2
                 model: root.view.headerModel
-                delegate: HeaderView {
-                    required property QtObject object
-
-                    view: object as View
-                }
             }
         }
     }
@@ -119,20 +108,14 @@ FocusScope {
         onFinished: if (!root.refresh || !root.refresh.refreshing)
             flick.topMargin = 0
     }
-    Timer {
-        id: slideEnd
-
-        interval: 300
-        onTriggered: root.sliding = false
-    }
     Connections {
         function onContentOffsetChanged() {
             if (flick.contentY !== root.view.contentOffset)
                 flick.contentY = root.view.contentOffset;
         }
-        function onRowDeleted() {
-            root.sliding = true;
-            slideEnd.restart();
+
+        function onKeyboardWanted() {
+            root.forceActiveFocus();
         }
 
         target: root.view

@@ -6,13 +6,13 @@ TableLayout::TableLayout(const Heights& heights)
     : m_contentHeight(heights.tableHeader)
 {
     for (std::size_t index = 0; index < heights.rowCounts.size(); ++index) {
-        Section section {m_contentHeight, heights.sectionHeaders[index], heights.sectionFooters[index], {}};
+        Section section{ m_contentHeight, heights.sectionHeaders[index], heights.sectionFooters[index], {} };
         const int rows = heights.rowCounts[index];
         section.rowEdges.reserve(static_cast<std::size_t>(rows) + 1);
         double edge = section.top + section.headerHeight;
         section.rowEdges.push_back(edge);
         for (int row = 0; row < rows; ++row)
-            section.rowEdges.push_back(edge += heights.row({static_cast<int>(index), row}));
+            section.rowEdges.push_back(edge += heights.row({ static_cast<int>(index), row }));
         m_contentHeight = edge + section.footerHeight;
         m_sections.push_back(std::move(section));
     }
@@ -38,7 +38,8 @@ double TableLayout::rowTop(const IndexPath& indexPath) const
 
 double TableLayout::rowBottom(const IndexPath& indexPath) const
 {
-    return m_sections[static_cast<std::size_t>(indexPath.section)].rowEdges[static_cast<std::size_t>(indexPath.row) + 1];
+    return m_sections[static_cast<std::size_t>(indexPath.section)]
+        .rowEdges[static_cast<std::size_t>(indexPath.row) + 1];
 }
 
 std::optional<IndexPath> TableLayout::rowAt(double y) const
@@ -47,7 +48,8 @@ std::optional<IndexPath> TableLayout::rowAt(double y) const
         const auto& edges = m_sections[static_cast<std::size_t>(section)].rowEdges;
         if (y < edges.front() || y >= edges.back())
             continue;
-        return IndexPath {section, static_cast<int>(std::upper_bound(edges.begin(), edges.end(), y) - edges.begin()) - 1};
+        return IndexPath{ section,
+            static_cast<int>(std::upper_bound(edges.begin(), edges.end(), y) - edges.begin()) - 1 };
     }
     return std::nullopt;
 }
@@ -58,7 +60,7 @@ std::pair<int, int> TableLayout::rowsBetween(int section, double top, double bot
     const auto first = std::upper_bound(edges.begin(), edges.end(), top) - edges.begin() - 1;
     const auto last = std::lower_bound(edges.begin(), edges.end(), bottom) - edges.begin();
     const int rows = rowCount(section);
-    return {std::clamp(static_cast<int>(first), 0, rows), std::clamp(static_cast<int>(last), 0, rows)};
+    return { std::clamp(static_cast<int>(first), 0, rows), std::clamp(static_cast<int>(last), 0, rows) };
 }
 
 double TableLayout::headerTop(int section, double contentOffset) const
@@ -80,7 +82,7 @@ std::optional<IndexPath> TableLayout::rowAfter(const IndexPath& indexPath, int r
     flat = std::clamp(flat, 0LL, total - 1);
     for (int section = 0; section < sectionCount(); ++section) {
         if (flat < rowCount(section))
-            return IndexPath {section, static_cast<int>(flat)};
+            return IndexPath{ section, static_cast<int>(flat) };
         flat -= rowCount(section);
     }
     return std::nullopt;

@@ -1,10 +1,14 @@
 #include "TableView.h"
 
+#include "Animations.h"
+
 #include <algorithm>
 
 TableView::TableView(QObject* parent)
     : View({}, parent)
 {
+    m_slide.setSingleShot(true);
+    connect(&m_slide, &QTimer::timeout, this, &TableView::slidingChanged);
 }
 
 TableView::~TableView() = default;
@@ -123,7 +127,7 @@ void TableView::remakeHeaders()
 void TableView::placeHeaders()
 {
     for (const auto& [section, header] : m_headers)
-        header->setFrame({0, m_layout.headerTop(section, m_contentOffset), width(), m_layout.headerHeight(section)});
+        header->setFrame({ 0, m_layout.headerTop(section, m_contentOffset), width(), m_layout.headerHeight(section) });
 }
 
 void TableView::layoutSubviews()
@@ -180,8 +184,8 @@ void TableView::updateVisibleRows()
     for (int section = 0; section < m_layout.sectionCount(); ++section) {
         const auto [first, end] = m_layout.rowsBetween(section, top, bottom);
         for (int row = first; row < end; ++row)
-            if (!m_visibleCells.contains({section, row}))
-                showRow({section, row});
+            if (!m_visibleCells.contains({ section, row }))
+                showRow({ section, row });
     }
     for (TableViewCell* cell : m_reusableCells)
         cell->setHidden(true);
@@ -232,7 +236,7 @@ QRectF TableView::rectForRow(const IndexPath& indexPath) const
     if (!hasRow(indexPath))
         return {};
     const double top = m_layout.rowTop(indexPath);
-    return {0, top, width(), m_layout.rowBottom(indexPath) - top};
+    return { 0, top, width(), m_layout.rowBottom(indexPath) - top };
 }
 
 std::optional<IndexPath> TableView::indexPathForRowAtPoint(const QPointF& point) const
@@ -286,7 +290,8 @@ void TableView::setContentOffset(double offset)
 
 void TableView::setSelected(const IndexPath& indexPath, bool selected, Animation animation)
 {
-    const auto fade = animation == Animation::Animated ? TableViewCell::Fade::Animated : TableViewCell::Fade::Immediately;
+    const auto fade
+        = animation == Animation::Animated ? TableViewCell::Fade::Animated : TableViewCell::Fade::Immediately;
     if (TableViewCell* cell = cellForRow(indexPath))
         cell->setSelected(selected, fade);
     m_selectedRow = selected ? indexPath : NoRow;
@@ -307,7 +312,7 @@ void TableView::moveRowsAfterDeletion(const IndexPath& indexPath)
         --m_selectedRow.row;
     if (m_focusedRow.section != indexPath.section || m_focusedRow.row < indexPath.row)
         return;
-    const IndexPath before {m_focusedRow.section, m_focusedRow.row - 1};
+    const IndexPath before{ m_focusedRow.section, m_focusedRow.row - 1 };
     if (m_focusedRow.row > indexPath.row || !hasRow(m_focusedRow))
         setFocusedRow(before.row < 0 ? NoRow : before);
 }
@@ -323,15 +328,17 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
     if (rowCounts != expected)
         return reloadData();
     setOpenRow(NoRow);
-    if (animation == Animation::Animated)
-        Q_EMIT rowDeleted();
+    if (animation == Animation::Animated) {
+        m_slide.start(Animations::duration(Animations::Fade));
+        Q_EMIT slidingChanged();
+    }
     std::map<IndexPath, TableViewCell*> moved;
     for (const auto& [old, cell] : m_visibleCells) {
         const bool isBelow = old.section == indexPath.section && old.row > indexPath.row;
         if (old == indexPath)
             retireCell(cell);
         else
-            moved[isBelow ? IndexPath {old.section, old.row - 1} : old] = cell;
+            moved[isBelow ? IndexPath{ old.section, old.row - 1 } : old] = cell;
     }
     m_visibleCells = std::move(moved);
     rebuildLayout(rowCounts);
@@ -349,7 +356,7 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
 
 void TableView::tapRow(int section, int row)
 {
-    const IndexPath indexPath {section, row};
+    const IndexPath indexPath{ section, row };
     if (m_openRow != NoRow)
         return setOpenRow(NoRow);
     if (!hasRow(indexPath) || !m_delegate)
@@ -362,18 +369,18 @@ void TableView::tapRow(int section, int row)
 
 void TableView::pressRow(int section, int row, bool pressed)
 {
-    if (TableViewCell* cell = cellForRow({section, row}))
+    if (TableViewCell* cell = cellForRow({ section, row }))
         cell->setPressed(pressed && m_openRow == NoRow);
 }
 
 bool TableView::canDeleteRow(int section, int row) const
 {
-    return hasRow({section, row}) && m_delegate->canEditRowAtIndexPath({section, row});
+    return hasRow({ section, row }) && m_delegate->canEditRowAtIndexPath({ section, row });
 }
 
 void TableView::openRowForDeletion(int section, int row)
 {
-    setOpenRow(canDeleteRow(section, row) ? IndexPath {section, row} : NoRow);
+    setOpenRow(canDeleteRow(section, row) ? IndexPath{ section, row } : NoRow);
 }
 
 void TableView::deleteTapped(int section, int row)
@@ -381,7 +388,7 @@ void TableView::deleteTapped(int section, int row)
     if (!canDeleteRow(section, row))
         return;
     setOpenRow(NoRow);
-    m_delegate->commitEditingStyle(EditingStyle::Delete, {section, row});
+    m_delegate->commitEditingStyle(EditingStyle::Delete, { section, row });
 }
 
 void TableView::setOpenRow(const IndexPath& indexPath)
@@ -398,24 +405,25 @@ void TableView::moveFocus(int rows)
     if (visible.empty())
         return;
     const bool isFirst = m_focusedRow == NoRow;
-    const auto target = isFirst ? std::optional(rows > 0 ? visible.front() : visible.back()) : m_layout.rowAfter(m_focusedRow, rows);
+    const auto target
+        = isFirst ? std::optional(rows > 0 ? visible.front() : visible.back()) : m_layout.rowAfter(m_focusedRow, rows);
     if (target)
         focusRow(target->section, target->row);
 }
 
 void TableView::focusRow(int section, int row)
 {
-    if (!hasRow({section, row}))
+    if (!hasRow({ section, row }))
         return;
-    setFocusedRow({section, row});
-    scrollRowIntoView({section, row});
+    setFocusedRow({ section, row });
+    scrollRowIntoView({ section, row });
 }
 
 void TableView::scrollRowIntoView(const IndexPath& indexPath)
 {
     const QRectF rect = rectForRow(indexPath);
     const double pinned = m_layout.headerHeight(indexPath.section);
-    const bool isFirst = indexPath == IndexPath {0, 0};
+    const bool isFirst = indexPath == IndexPath{ 0, 0 };
     if (isFirst)
         setContentOffset(std::min(m_contentOffset, 0.0));
     if (rect.top() - pinned < m_contentOffset)

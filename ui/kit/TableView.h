@@ -5,12 +5,14 @@
 #include "TableViewCell.h"
 #include "TableViewDelegate.h"
 
+#include <QTimer>
+
 #include <map>
 #include <memory>
 #include <vector>
 
-// A table of sections and rows with a pinned section header. It keeps a cell for each visible row only, and gives the cells
-// of rows that left to those that come. Lives on the main thread.
+// A table of sections and rows with a pinned section header. It keeps a cell for each visible row only, and gives the
+// cells of rows that left to those that come. Lives on the main thread.
 class TableView : public View
 {
     Q_OBJECT
@@ -23,6 +25,8 @@ class TableView : public View
     Q_PROPERTY(double contentHeight READ contentHeight NOTIFY contentHeightChanged)
     Q_PROPERTY(double contentOffset READ contentOffset NOTIFY contentOffsetChanged)
     Q_PROPERTY(QColor separatorTint READ separatorTint NOTIFY appearanceChanged)
+    Q_PROPERTY(bool sliding READ isSliding NOTIFY slidingChanged)
+    Q_PROPERTY(bool keyboardHere MEMBER m_keyboardHere NOTIFY keyboardHereChanged)
     Q_PROPERTY(int openSection READ openSection NOTIFY openRowChanged)
     Q_PROPERTY(int openRow READ openRow NOTIFY openRowChanged)
     Q_PROPERTY(int focusedSection READ focusedSection NOTIFY focusedRowChanged)
@@ -55,7 +59,8 @@ public:
     // Without one, separators are drawn on below the last row.
     View* tableFooterView() const { return m_tableFooterView; }
     void setTableFooterView(View* view);
-    // Stands above the first section and scrolls with it; its frame's height counts. Setting it again takes its new size.
+    // Stands above the first section and scrolls with it; its frame's height counts. Setting it again takes its new
+    // size.
     View* tableHeaderView() const { return m_tableHeaderView; }
     void setTableHeaderView(View* view);
     bool delaysContentTouches() const { return m_delaysContentTouches; }
@@ -69,8 +74,7 @@ public:
     // A cell that stood for another row before, prepared for reuse, or null.
     TableViewCell* dequeueReusableCell(const QString& identifier);
     // A reused cell, or a new one made from the arguments and the identifier.
-    template <typename Cell>
-    Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
+    template <typename Cell> Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
     {
         if (auto* reused = qobject_cast<Cell*>(dequeueReusableCell(identifier)))
             return reused;
@@ -79,7 +83,8 @@ public:
         return cell;
     }
     void deselectRow(const IndexPath& indexPath, Animation animation);
-    // The row is gone from the delegate already; those below move up. If more than it has changed, everything is asked anew.
+    // The row is gone from the delegate already; those below move up. If more than it has changed, everything is asked
+    // anew.
     void deleteRow(const IndexPath& indexPath, Animation animation);
 
     // In the table's content coordinates, in which the table header view begins at 0.
@@ -105,13 +110,18 @@ public:
     // Opens the row's delete button and closes any other; a negative row closes all.
     Q_INVOKABLE void openRowForDeletion(int section, int row);
     Q_INVOKABLE void deleteTapped(int section, int row);
-    // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus away.
+    // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus
+    // away.
     Q_INVOKABLE void moveFocus(int rows);
     Q_INVOKABLE void focusRow(int section, int row);
     Q_INVOKABLE void activateFocusedRow();
     Q_INVOKABLE void deleteFocusedRow();
     Q_INVOKABLE void clearFocus();
+    // Asks for the window's keyboard focus.
+    Q_INVOKABLE void takeKeyboard() { Q_EMIT keyboardWanted(); }
 
+    // While the rows below a deleted one move up to their new frames.
+    bool isSliding() const { return m_slide.isActive(); }
     ObjectListModel* cellModel() { return &m_cellModel; }
     ObjectListModel* headerModel() { return &m_headerModel; }
     QColor separatorTint() const { return m_separatorColor.toQColor(); }
@@ -127,8 +137,9 @@ Q_SIGNALS:
     void contentOffsetChanged();
     void openRowChanged();
     void focusedRowChanged();
-    // Rows have moved by the deletion of one: the QML side slides them to their new frames.
-    void rowDeleted();
+    void slidingChanged();
+    void keyboardHereChanged();
+    void keyboardWanted();
 
 private:
     void rebuildLayout(const std::vector<int>& rowCounts);
@@ -151,7 +162,7 @@ private:
     void setFocusedRow(const IndexPath& indexPath);
     void scrollRowIntoView(const IndexPath& indexPath);
 
-    static constexpr IndexPath NoRow {-1, -1};
+    static constexpr IndexPath NoRow{ -1, -1 };
 
     TableViewDelegate* m_delegate = nullptr;
     TableLayout m_layout;
@@ -163,12 +174,14 @@ private:
     View* m_tableHeaderView = nullptr;
     View* m_tableFooterView = nullptr;
     RefreshControl* m_refreshControl = nullptr;
-    Color m_separatorColor {0.6, 0.6, 0.6, 1, {}};
+    Color m_separatorColor{ 0.6, 0.6, 0.6, 1, {} };
     EdgeInsets m_separatorInset;
     IndexPath m_selectedRow = NoRow;
     IndexPath m_openRow = NoRow;
     IndexPath m_focusedRow = NoRow;
     double m_contentOffset = 0;
+    QTimer m_slide;
+    bool m_keyboardHere = false;
     bool m_loaded = false;
     double m_rowHeight = 44;
     double m_estimatedRowHeight = 44;

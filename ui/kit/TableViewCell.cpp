@@ -9,7 +9,7 @@
 
 namespace {
 
-const Color DisclosureColor {0.5, 0.56, 0.63, 1, {}};
+const Color DisclosureColor{ 0.5, 0.56, 0.63, 1, {} };
 // Right of an accessory, and between it and the content. A glyph has its own room around it.
 constexpr double ViewMargin = 12;
 constexpr double ViewGap = 8;
@@ -89,7 +89,8 @@ View* TableViewCell::makeTypeAccessory() const
     if (m_accessoryType == AccessoryType::None)
         return nullptr;
     const bool isCheckmark = m_accessoryType == AccessoryType::Checkmark;
-    auto* glyph = new ImageView(Image::glyphNamed(isCheckmark ? QStringLiteral("checkmark") : QStringLiteral("chevron.right")));
+    auto* glyph
+        = new ImageView(Image::glyphNamed(isCheckmark ? QStringLiteral("checkmark") : QStringLiteral("chevron.right")));
     glyph->setTintColor(isCheckmark ? m_tintColor : DisclosureColor);
     return glyph;
 }
@@ -129,10 +130,10 @@ void TableViewCell::layoutSubviews()
     if (View* accessory = shownAccessory()) {
         const QSizeF size = accessory->frame().size();
         const double left = width() - size.width() - (m_accessoryView ? ViewMargin : GlyphMargin);
-        accessory->setFrame({{left, std::floor((height() - size.height()) / 2)}, size});
+        accessory->setFrame({ { left, std::floor((height() - size.height()) / 2) }, size });
         contentWidth = left - (m_accessoryView ? ViewGap : 0);
     }
-    m_contentView->setFrame({0, 0, std::max(0.0, contentWidth), height()});
+    m_contentView->setFrame({ 0, 0, std::max(0.0, contentWidth), height() });
     if (m_backgroundView)
         m_backgroundView->setFrame(bounds());
     if (m_selectedBackgroundView)
@@ -140,8 +141,8 @@ void TableViewCell::layoutSubviews()
 
     double left = m_layoutMargins.left;
     if (!m_imageView->image().isNull()) {
-        const QSizeF size = m_imageView->image().size().boundedTo({42, std::max(0.0, height() - 8)});
-        m_imageView->setFrame({{left, std::floor((height() - size.height()) / 2)}, size});
+        const QSizeF size = m_imageView->image().size().boundedTo({ 42, std::max(0.0, height() - 8) });
+        m_imageView->setFrame({ { left, std::floor((height() - size.height()) / 2) }, size });
         left += size.width() + ImageGap;
     }
     const double textWidth = std::max(0.0, m_contentView->width() - left - m_layoutMargins.right);
@@ -155,7 +156,7 @@ void TableViewCell::layoutSubviews()
 
 void TableViewCell::layOutDefault(double left, double width)
 {
-    m_textLabel->setFrame({left, 0, width, height()});
+    m_textLabel->setFrame({ left, 0, width, height() });
 }
 
 void TableViewCell::layOutSubtitle(double left, double width)
@@ -164,8 +165,8 @@ void TableViewCell::layOutSubtitle(double left, double width)
     const double detailHeight = m_detailTextLabel->text().isEmpty() ? 0 : lineHeight(*m_detailTextLabel);
     const double gap = detailHeight > 0 ? 2 : 0;
     const double top = std::floor((height() - textHeight - gap - detailHeight) / 2);
-    m_textLabel->setFrame({left, top, width, textHeight});
-    m_detailTextLabel->setFrame({left, top + textHeight + gap, width, detailHeight});
+    m_textLabel->setFrame({ left, top, width, textHeight });
+    m_detailTextLabel->setFrame({ left, top + textHeight + gap, width, detailHeight });
 }
 
 // The detail text takes what it needs, up to three fifths of the width; the text has the rest.
@@ -177,8 +178,8 @@ void TableViewCell::layOutValue1(double left, double width)
     const double spare = std::max(0.0, width - Gap - textNeeds);
     const double detailWidth = std::min(detailNeeds, std::max(spare, width * 0.6));
     const double textWidth = std::max(0.0, width - (detailWidth > 0 ? detailWidth + Gap : 0));
-    m_textLabel->setFrame({left, 0, textWidth, height()});
-    m_detailTextLabel->setFrame({left + width - detailWidth, 0, detailWidth, height()});
+    m_textLabel->setFrame({ left, 0, textWidth, height() });
+    m_detailTextLabel->setFrame({ left + width - detailWidth, 0, detailWidth, height() });
 }
 
 void TableViewCell::setIndexPath(const IndexPath& indexPath)

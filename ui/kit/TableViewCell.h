@@ -104,7 +104,7 @@ private:
     View* m_typeAccessory = nullptr;
     AccessoryType m_accessoryType = AccessoryType::None;
     Color m_tintColor = Color::black();
-    EdgeInsets m_layoutMargins {0, 16, 0, 16};
+    EdgeInsets m_layoutMargins{ 0, 16, 0, 16 };
     EdgeInsets m_separatorInset;
     IndexPath m_indexPath;
     bool m_selected = false;

@@ -8,9 +8,10 @@ TableView* TableViewController::tableView()
 View* TableViewController::loadView()
 {
     auto* table = new TableView;
-    // As wide as what it will fill, for what a screen sets up when its view is loaded. Its height comes with its first layout.
+    // As wide as what it will fill, for what a screen sets up when its view is loaded. Its height comes with its first
+    // layout.
     if (auto* container = qobject_cast<ViewController*>(parent()); container && container->isViewLoaded())
-        table->setFrame({0, 0, container->view()->width(), 0});
+        table->setFrame({ 0, 0, container->view()->width(), 0 });
     table->setDelegate(this);
     return table;
 }

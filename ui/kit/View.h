@@ -26,6 +26,7 @@ class View : public QObject
     Q_PROPERTY(QColor gradientTop READ gradientTop NOTIFY appearanceChanged)
     Q_PROPERTY(QColor gradientBottom READ gradientBottom NOTIFY appearanceChanged)
     Q_PROPERTY(ObjectListModel* subviewModel READ subviewModel CONSTANT)
+    Q_PROPERTY(View* superview READ superview CONSTANT)
     Q_PROPERTY(QString component READ component CONSTANT)
     Q_PROPERTY(bool accessibilityElement READ isAccessibilityElement NOTIFY appearanceChanged)
     Q_PROPERTY(QString accessibilityLabel READ accessibilityLabel NOTIFY appearanceChanged)
@@ -45,7 +46,7 @@ public:
     void setFrame(const QRectF& frame);
     double width() const { return m_frame.width(); }
     double height() const { return m_frame.height(); }
-    QRectF bounds() const { return {{0, 0}, m_frame.size()}; }
+    QRectF bounds() const { return { { 0, 0 }, m_frame.size() }; }
 
     bool isHidden() const { return m_hidden; }
     void setHidden(bool hidden);
@@ -78,7 +79,10 @@ public:
     virtual void layoutSubviews() { }
     void setNeedsLayout() { layoutSubviews(); }
 
-    QColor fillColor() const { return m_backgroundColor.pattern.isNull() ? m_backgroundColor.toQColor() : QColor(Qt::transparent); }
+    QColor fillColor() const
+    {
+        return m_backgroundColor.pattern.isNull() ? m_backgroundColor.toQColor() : QColor(Qt::transparent);
+    }
     Image fillPattern() const { return m_backgroundColor.pattern; }
     bool hasGradient() const { return m_gradient.has_value(); }
     QColor gradientTop() const { return m_gradient ? m_gradient->top.toQColor() : QColor(); }

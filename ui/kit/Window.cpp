@@ -53,8 +53,9 @@ void Window::makeKeyAndVisible(const QString& title)
     QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));
     if (component.isError())
         qFatal("The interface cannot be made: %s", qPrintable(component.errorString()));
-    QObject* object = component.createWithInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(this)},
-        {QStringLiteral("title"), title}, {QStringLiteral("width"), size.width()}, {QStringLiteral("height"), size.height()}});
+    QObject* object = component.createWithInitialProperties(
+        { { QStringLiteral("controller"), QVariant::fromValue(this) }, { QStringLiteral("title"), title },
+            { QStringLiteral("width"), size.width() }, { QStringLiteral("height"), size.height() } });
     m_quickWindow = qobject_cast<QQuickWindow*>(object);
     m_rootViewController->beginAppearance();
     if (isPhone(available))
@@ -66,13 +67,14 @@ void Window::makeKeyAndVisible(const QString& title)
 
 void Window::resize(double width, double height)
 {
-    m_rootViewController->layOut({0, 0, width, height});
+    m_rootViewController->layOut({ 0, 0, width, height });
 }
 
 void Window::goBack()
 {
     auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController);
-    if (auto* const stack = qobject_cast<NavigationController*>(tabs ? tabs->selectedViewController() : m_rootViewController))
+    if (auto* const stack
+        = qobject_cast<NavigationController*>(tabs ? tabs->selectedViewController() : m_rootViewController))
         stack->goBack();
 }
 

@@ -27,7 +27,8 @@ public:
     // Takes ownership; set once.
     void setRootViewController(ViewController* controller);
     ViewController* rootViewController() const { return m_rootViewController; }
-    // Opens the window with the title: full screen on a phone, 390 by 844 points, or what the screen has room for, elsewhere.
+    // Opens the window with the title: full screen on a phone, 390 by 844 points, or what the screen has room for,
+    // elsewhere.
     void makeKeyAndVisible(const QString& title);
     // Null until the window is open.
     QQuickWindow* quickWindow() const { return m_quickWindow; }

@@ -1,8 +1,9 @@
-// Everything here runs in a program that has no assets at all.
+// Everything here runs in a program of its own, which has no assets at all.
 #include "ClassicPackageCell.h"
 #include "ClassicUI.h"
 #include "TestPackage.h"
 
+#include <QGuiApplication>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -56,4 +57,13 @@ TEST(MissingAssets, leavePackageRowsWithoutAPlaceholder)
     cell.configureWithPackage(*makePackage(QStringLiteral("Alpha")), 0);
     EXPECT_TRUE(cell.imageView()->image().isNull());
     EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("Alpha"));
+}
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    Q_CLEANUP_RESOURCE(vesk_pictures);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
 }

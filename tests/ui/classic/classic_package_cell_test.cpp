@@ -4,15 +4,12 @@
 #include "LoopbackServer.h"
 #include "TestImage.h"
 #include "TestPackage.h"
-#include "VeskResources.h"
 
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
-
-[[maybe_unused]] const bool resourcesAreThere = (initialiseResources(), true);
 
 class PackageCell : public testing::Test
 {

@@ -1,6 +1,5 @@
 #include "ClassicUI.h"
 
-#include "VeskResources.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +7,6 @@
 #include <thread>
 
 namespace {
-
-[[maybe_unused]] const bool resourcesAreThere = (initialiseResources(), true);
 
 void expectColor(const Color& color, int red, int green, int blue, double alpha = 1)
 {

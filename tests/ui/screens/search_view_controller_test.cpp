@@ -211,7 +211,7 @@ TEST_F(SearchScreen, asksTheCatalogAgainAtATap)
 {
     fillCatalog();
     show();
-    type(QStringLiteral("a"));
+    type(QStringLiteral("al"));
     ASSERT_EQ(table()->layout().rowCount(0), 2);
     manager->setPackages({ manager->packages()[0] });
     table()->tapRow(0, 1);
@@ -239,7 +239,7 @@ TEST_F(SearchScreen, showsNothingInARowWhosePackageIsGoneByTheTimeItIsDrawn)
     table()->setContentOffset(600);
     EXPECT_TRUE(text(0, 20).isNull());
     fillCatalog();
-    type(QStringLiteral("a"));
+    type(QStringLiteral("al"));
     manager->setPackages({});
     navigation->layOut({ 0, 0, 320, 600 });
     EXPECT_EQ(table()->layout().rowCount(0), 2);

@@ -1,0 +1,74 @@
+#include "PackedBody.h"
+
+#include <array>
+
+#include <bzlib.h>
+#include <zlib.h>
+
+namespace {
+
+std::array<char, 65536> passBuffer;
+
+} // namespace
+
+QByteArray packedByGzip(const QByteArray& text)
+{
+    z_stream stream{};
+    deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
+    QByteArray packed(
+        static_cast<qsizetype>(deflateBound(&stream, static_cast<uLong>(text.size()))), Qt::Uninitialized);
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+    stream.avail_in = static_cast<uInt>(text.size());
+    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_out = static_cast<uInt>(packed.size());
+    deflate(&stream, Z_FINISH);
+    packed.truncate(static_cast<qsizetype>(stream.total_out));
+    deflateEnd(&stream);
+    packed.squeeze();
+    return packed;
+}
+
+QByteArray packedByBzip2(const QByteArray& text)
+{
+    auto size = static_cast<unsigned>(text.size() + text.size() / 100 + 600);
+    QByteArray packed(static_cast<qsizetype>(size), Qt::Uninitialized);
+    BZ2_bzBuffToBuffCompress(
+        packed.data(), &size, const_cast<char*>(text.data()), static_cast<unsigned>(text.size()), 9, 0, 0);
+    packed.truncate(static_cast<qsizetype>(size));
+    packed.squeeze();
+    return packed;
+}
+
+qsizetype inflateAlone(const QByteArray& body)
+{
+    z_stream stream{};
+    inflateInit2(&stream, 15 + 32);
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(body.data()));
+    stream.avail_in = static_cast<uInt>(body.size());
+    int result = Z_OK;
+    while (result == Z_OK) {
+        stream.next_out = reinterpret_cast<Bytef*>(passBuffer.data());
+        stream.avail_out = passBuffer.size();
+        result = inflate(&stream, Z_NO_FLUSH);
+    }
+    inflateEnd(&stream);
+    return static_cast<qsizetype>(stream.total_out);
+}
+
+qsizetype bunzipAlone(const QByteArray& body)
+{
+    bz_stream stream{};
+    BZ2_bzDecompressInit(&stream, 0, 0);
+    stream.next_in = const_cast<char*>(body.data());
+    stream.avail_in = static_cast<unsigned>(body.size());
+    qsizetype length = 0;
+    int result = BZ_OK;
+    while (result == BZ_OK) {
+        stream.next_out = passBuffer.data();
+        stream.avail_out = passBuffer.size();
+        result = BZ2_bzDecompress(&stream);
+        length += static_cast<qsizetype>(passBuffer.size() - stream.avail_out);
+    }
+    BZ2_bzDecompressEnd(&stream);
+    return length;
+}

@@ -1,0 +1,81 @@
+#include "SearchText.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr char endOfField = '\xff';
+
+bool isAscii(std::string_view text)
+{
+    unsigned char bits = 0;
+    for (const char c : text)
+        bits |= static_cast<unsigned char>(c);
+    return bits < 0x80;
+}
+
+char lowerAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+} // namespace
+
+void SearchText::add(const VeskPackage& package)
+{
+    const std::string_view name = package.utf8(VeskPackage::Text::Name);
+    const std::string_view packageID = package.utf8(VeskPackage::Text::PackageID);
+    addField(name);
+    if (packageID != name)
+        addField(packageID);
+    addField(package.utf8(VeskPackage::Text::Desc));
+    addField(package.utf8(VeskPackage::Text::Author));
+    m_ends.push_back(static_cast<std::uint32_t>(m_text.size()));
+}
+
+void SearchText::shrink()
+{
+    m_text.shrink_to_fit();
+    m_ends.shrink_to_fit();
+}
+
+QByteArray SearchText::folded(const QString& query)
+{
+    return query.isValidUtf16() ? query.toLower().toUtf8() : QByteArray();
+}
+
+std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
+{
+    std::vector<std::uint32_t> found;
+    const char* const begin = m_text.data();
+    std::size_t from = 0;
+    std::uint32_t package = 0;
+    while (from < m_text.size()) {
+        const void* match = ::memmem(begin + from, m_text.size() - from, foldedQuery.data(), foldedQuery.size());
+        if (match == nullptr)
+            break;
+        const auto at = static_cast<std::size_t>(static_cast<const char*>(match) - begin);
+        while (m_ends[package] <= at)
+            ++package;
+        found.push_back(package);
+        // One match is enough: go on with the next package.
+        from = m_ends[package];
+    }
+    return found;
+}
+
+void SearchText::addField(std::string_view utf8)
+{
+    if (utf8.empty())
+        return;
+    if (isAscii(utf8)) {
+        const std::size_t at = m_text.size();
+        m_text.append(utf8);
+        for (std::size_t index = at; index < m_text.size(); ++index)
+            m_text[index] = lowerAscii(m_text[index]);
+    } else {
+        const QByteArray lower = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())).toLower().toUtf8();
+        m_text.append(lower.constData(), static_cast<std::size_t>(lower.size()));
+    }
+    m_text.push_back(endOfField);
+}
