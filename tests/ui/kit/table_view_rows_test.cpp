@@ -112,9 +112,10 @@ TEST(RowDeletion, movesTheCellsBelowUpWithTheirContent)
     const TableViewCell* third = world.table.cellForRow({ 0, 3 });
     world.source.rows = { 19 };
     const int askedBefore = world.source.cellsAsked;
-    QSignalSpy slid(&world.table, &TableView::rowDeleted);
+    QSignalSpy slid(&world.table, &TableView::slidingChanged);
     world.table.deleteRow({ 0, 2 }, TableView::Animation::Animated);
     EXPECT_EQ(slid.count(), 1);
+    EXPECT_TRUE(world.table.isSliding());
     EXPECT_EQ(world.table.cellForRow({ 0, 2 }), third);
     EXPECT_EQ(world.textAt({ 0, 2 }), QStringLiteral("0.3"));
     EXPECT_EQ(third->frame(), QRectF(0, 120, 320, 60));
@@ -127,7 +128,7 @@ TEST(RowDeletion, doesNotSlideWithoutAnimation)
 {
     TableWorld world({ 3 });
     world.show();
-    QSignalSpy slid(&world.table, &TableView::rowDeleted);
+    QSignalSpy slid(&world.table, &TableView::slidingChanged);
     world.source.rows = { 2 };
     world.table.deleteRow({ 0, 0 }, TableView::Animation::None);
     EXPECT_EQ(slid.count(), 0);
