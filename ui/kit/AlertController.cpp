@@ -64,7 +64,7 @@ void AlertController::choose(int action)
 void AlertController::confirm()
 {
     for (auto action = static_cast<int>(m_actions.size()) - 1; action >= 0; --action)
-        if (m_actions.at(action)->style() != AlertAction::Style::Cancel)
+        if (m_actions.at(action)->style() == AlertAction::Style::Default || m_actions.size() == 1)
             return choose(action);
 }
 

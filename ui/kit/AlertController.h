@@ -101,8 +101,8 @@ public:
 
     // A person chose: dismisses the alert and runs the action.
     Q_INVOKABLE void choose(int action);
-    // Return: the last action that is not the cancel one. Escape, or a touch outside a sheet: the cancel action, or the
-    // only action.
+    // Return: the last action of the default style, for a held key must destroy nothing. Escape, or a touch outside a
+    // sheet: the cancel action. Either takes the only action there is.
     Q_INVOKABLE void confirm();
     Q_INVOKABLE void cancel();
 

@@ -115,6 +115,9 @@ Image Image::fromData(const QByteArray& data, double scale, int maximumPixels)
     buffer.setData(data);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
+    // Where a plugin for drawings is installed, a few hundred bytes of one could keep it busy for hours.
+    if (const QByteArray format = reader.format(); format.startsWith("svg") || format == "pdf")
+        return {};
     const QSize size = reader.size();
     if (size.width() > AbsurdlyLarge || size.height() > AbsurdlyLarge)
         return {};

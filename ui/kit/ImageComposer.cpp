@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <mutex>
@@ -18,6 +19,14 @@ namespace {
 
 constexpr qsizetype KeptBytes = 64 * 1024 * 1024;
 
+// The edges of two caps and what is between, in whole pixels; caps that are too large for the length share it.
+std::array<double, 4> cappedEdges(double before, double after, double length)
+{
+    const double fit = before + after > length ? length / (before + after) : 1;
+    const double first = std::round(before * fit);
+    return { 0.0, first, std::max(first, length - std::round(after * fit)), length };
+}
+
 // The four corners keep their size, the edges stretch along themselves, the middle both ways.
 void drawStretched(QPainter& painter, const QRectF& target, const QImage& pixels, const EdgeInsets& caps, double scale)
 {
@@ -26,10 +35,8 @@ void drawStretched(QPainter& painter, const QRectF& target, const QImage& pixels
     const double h = pixels.height();
     const std::array sx{ 0.0, caps.left * source, w - caps.right * source, w };
     const std::array sy{ 0.0, caps.top * source, h - caps.bottom * source, h };
-    const std::array tx{ 0.0, std::round(caps.left * scale), target.width() - std::round(caps.right * scale),
-        target.width() };
-    const std::array ty{ 0.0, std::round(caps.top * scale), target.height() - std::round(caps.bottom * scale),
-        target.height() };
+    const std::array tx = cappedEdges(caps.left * scale, caps.right * scale, target.width());
+    const std::array ty = cappedEdges(caps.top * scale, caps.bottom * scale, target.height());
     for (std::size_t row = 0; row < 3; ++row)
         for (std::size_t column = 0; column < 3; ++column)
             painter.drawImage(QRectF(QPointF(tx[column], ty[row]), QPointF(tx[column + 1], ty[row + 1])), pixels,

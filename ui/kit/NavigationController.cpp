@@ -79,7 +79,7 @@ void NavigationController::pushViewController(ViewController* controller, Animat
     ViewController* const leaving = topViewController();
     controller->setParent(this);
     controller->setNavigationController(this);
-    controller->setBackTitle(leaving->title().isNull() ? QLatin1String("") : leaving->title());
+    controller->setBackTitle(leaving->title().isEmpty() ? QStringLiteral("Back") : leaving->title());
     m_stack.push_back(controller);
     startTransition(leaving, Direction::Push, animation);
 }

@@ -1,5 +1,22 @@
 #include "NavigationItem.h"
 
+namespace {
+
+// Puts an object in the place of another. The one before goes later, for it may be the very button whose action this
+// is.
+template <typename Object> void replace(Object*& slot, Object* object, QObject* owner)
+{
+    if (slot == object)
+        return;
+    if (slot)
+        slot->deleteLater();
+    slot = object;
+    if (object)
+        object->setParent(owner);
+}
+
+} // namespace
+
 void NavigationItem::setTitle(const QString& title)
 {
     m_title = title;
@@ -8,27 +25,18 @@ void NavigationItem::setTitle(const QString& title)
 
 void NavigationItem::setLeftBarButtonItem(BarButtonItem* item)
 {
-    delete m_leftItem;
-    m_leftItem = item;
-    if (item)
-        item->setParent(this);
+    replace(m_leftItem, item, this);
     Q_EMIT itemChanged();
 }
 
 void NavigationItem::setRightBarButtonItem(BarButtonItem* item)
 {
-    delete m_rightItem;
-    m_rightItem = item;
-    if (item)
-        item->setParent(this);
+    replace(m_rightItem, item, this);
     Q_EMIT itemChanged();
 }
 
 void NavigationItem::setSearchController(SearchController* controller)
 {
-    delete m_searchController;
-    m_searchController = controller;
-    if (controller)
-        controller->setParent(this);
+    replace(m_searchController, controller, this);
     Q_EMIT itemChanged();
 }

@@ -22,7 +22,8 @@ void SearchBar::setText(const QString& text)
 
 void SearchBar::setActive(bool active)
 {
-    if (m_active == active)
+    // Told again of an active field too: its focus may have gone elsewhere and is wanted back.
+    if (!m_active && !active)
         return;
     m_active = active;
     Q_EMIT activeChanged();

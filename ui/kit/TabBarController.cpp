@@ -29,12 +29,12 @@ void TabBarController::setViewControllers(const std::vector<ViewController*>& co
         controller->setParent(this);
         m_tabModel.append(controller);
     }
-    setSelectedIndex(controllers.empty() ? -1 : 0);
+    setSelectedIndex(0);
 }
 
 void TabBarController::setSelectedIndex(int index)
 {
-    if (index == m_selectedIndex || index >= static_cast<int>(m_viewControllers.size()))
+    if (index == m_selectedIndex || index < 0 || index >= static_cast<int>(m_viewControllers.size()))
         return;
     ViewController* const leaving = selectedViewController();
     m_selectedIndex = index;

@@ -52,7 +52,10 @@ void TableView::setTableHeaderView(View* view)
 
 void TableView::setRefreshControl(RefreshControl* control)
 {
-    delete m_refreshControl;
+    if (m_refreshControl == control)
+        return;
+    if (m_refreshControl)
+        m_refreshControl->deleteLater();
     m_refreshControl = control;
     if (control)
         control->setParent(this);
@@ -138,13 +141,18 @@ void TableView::layoutSubviews()
     placeEverything();
 }
 
-// The rows stay those last asked for; only their places are found anew.
-void TableView::placeEverything()
+std::vector<int> TableView::shownRowCounts() const
 {
     std::vector<int> rowCounts;
     for (int section = 0; section < m_layout.sectionCount(); ++section)
         rowCounts.push_back(m_layout.rowCount(section));
-    rebuildLayout(rowCounts);
+    return rowCounts;
+}
+
+// The rows stay those last asked for; only their places are found anew.
+void TableView::placeEverything()
+{
+    rebuildLayout(shownRowCounts());
     for (const auto& [indexPath, cell] : m_visibleCells)
         cell->setFrame(rectForRow(indexPath));
     placeHeaders();
@@ -295,11 +303,30 @@ void TableView::deselectRow(const IndexPath& indexPath, Animation animation)
         setSelected(indexPath, false, animation);
 }
 
+// The selection goes with its row, the focus passes to the row that takes its place, or else to the one before.
+void TableView::moveRowsAfterDeletion(const IndexPath& indexPath)
+{
+    if (m_selectedRow == indexPath)
+        m_selectedRow = NoRow;
+    else if (m_selectedRow.section == indexPath.section && m_selectedRow.row > indexPath.row)
+        --m_selectedRow.row;
+    if (m_focusedRow.section != indexPath.section || m_focusedRow.row < indexPath.row)
+        return;
+    const IndexPath before{ m_focusedRow.section, m_focusedRow.row - 1 };
+    if (m_focusedRow.row > indexPath.row || !hasRow(m_focusedRow))
+        setFocusedRow(before.row < 0 ? NoRow : before);
+}
+
 // The cells below keep their rows' content and take the place above; a new one comes in at the end.
 void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
 {
     if (!hasRow(indexPath))
         return;
+    const std::vector<int> rowCounts = askRowCounts();
+    std::vector<int> expected = shownRowCounts();
+    --expected[static_cast<std::size_t>(indexPath.section)];
+    if (rowCounts != expected)
+        return reloadData();
     setOpenRow(NoRow);
     if (animation == Animation::Animated) {
         m_slide.start(Animations::duration(Animations::Fade));
@@ -314,7 +341,8 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
             moved[isBelow ? IndexPath{ old.section, old.row - 1 } : old] = cell;
     }
     m_visibleCells = std::move(moved);
-    rebuildLayout(askRowCounts());
+    rebuildLayout(rowCounts);
+    moveRowsAfterDeletion(indexPath);
     for (const auto& [now, cell] : m_visibleCells) {
         cell->setIndexPath(now);
         cell->setFrame(rectForRow(now));

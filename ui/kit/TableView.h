@@ -83,7 +83,8 @@ public:
         return cell;
     }
     void deselectRow(const IndexPath& indexPath, Animation animation);
-    // The rows are gone from the delegate already; those below move up.
+    // The row is gone from the delegate already; those below move up. If more than it has changed, everything is asked
+    // anew.
     void deleteRow(const IndexPath& indexPath, Animation animation);
 
     // In the table's content coordinates, in which the table header view begins at 0.
@@ -143,6 +144,8 @@ Q_SIGNALS:
 private:
     void rebuildLayout(const std::vector<int>& rowCounts);
     std::vector<int> askRowCounts() const;
+    std::vector<int> shownRowCounts() const;
+    void moveRowsAfterDeletion(const IndexPath& indexPath);
     void placeEverything();
     void remakeHeaders();
     void placeHeaders();

@@ -6,6 +6,14 @@ View::View(const QRectF& frame, QObject* parent)
 {
 }
 
+// The subviews, which QObject deletes after this, have no superview left to take themselves out of.
+View::~View()
+{
+    for (View* subview : m_subviews)
+        subview->m_superview = nullptr;
+    removeFromSuperview();
+}
+
 void View::setFrame(const QRectF& frame)
 {
     if (m_frame == frame)

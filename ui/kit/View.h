@@ -39,6 +39,7 @@ public:
     };
 
     explicit View(const QRectF& frame = {}, QObject* parent = nullptr);
+    ~View() override;
 
     const QRectF& frame() const { return m_frame; }
     // Lays the view out again when its size changes.

@@ -43,7 +43,8 @@ public:
     // The stack the screen is on, or null.
     virtual NavigationController* navigationController() const { return m_navigationController; }
     void setNavigationController(NavigationController* controller) { m_navigationController = controller; }
-    // What the back button says while this screen is on top: the title of the screen below. Null on a root screen.
+    // What the back button says while this screen is on top: the title of the screen below, or "Back" if it has none.
+    // Null on a root screen, which has no such button.
     const QString& backTitle() const { return m_backTitle; }
     void setBackTitle(const QString& title) { m_backTitle = title; }
     // Hands the alert to the presenter among the parents; without one the alert is dropped.

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "Button.h"
+#include "NavigationController.h"
+#include "Switch.h"
+#include "TabBarController.h"
+#include "TableViewController.h"
+#include "Window.h"
+
+#include <QQuickWindow>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+// A table with everything a row can hold; a tap on a row pushes a screen of the row's name.
+class ListScreen : public TableViewController
+{
+public:
+    explicit ListScreen(const QString& title);
+
+    int numberOfSections() const override { return 2; }
+    int numberOfRowsInSection(int section) const override { return section == 0 ? firstSectionRows : 40; }
+    TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) override;
+    View* viewForHeaderInSection(int section) override;
+    double heightForHeaderInSection(int /*section*/) const override { return 25; }
+    void didSelectRowAtIndexPath(const IndexPath& indexPath) override;
+    bool canEditRowAtIndexPath(const IndexPath& indexPath) const override { return indexPath.section == 0; }
+    void commitEditingStyle(EditingStyle style, const IndexPath& indexPath) override;
+    void viewDidLoad() override;
+
+    static QString nameOf(const IndexPath& indexPath);
+
+    int firstSectionRows = 5;
+    int buttonPresses = 0;
+    int reloads = 0;
+    int refreshes = 0;
+
+private:
+    static View* makeTableHeader();
+    View* makeAccessory(int row);
+};
+
+// A window of two tabs, "One" and "Two", of which the second has a search field. Any warning that Qt prints fails the
+// test.
+class KitWindowTest : public testing::Test
+{
+protected:
+    KitWindowTest();
+    ~KitWindowTest() override;
+
+    // Lets the window run until the condition holds; false if it never does.
+    static bool waitUntil(const std::function<bool()>& condition);
+    // Until everything that is to be drawn is.
+    QImage grabbed();
+    QQuickWindow* quick() const { return window->quickWindow(); }
+    NavigationController* stack(int tab) const;
+    static AlertController* addAlert(AlertController::Style style);
+    void tap(const QPointF& point);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    // Where in the window the middle of a row of the first tab's list is.
+    QPointF middleOf(const IndexPath& indexPath) const;
+    QString focusedItemName() const;
+
+    std::unique_ptr<Window> window;
+    TabBarController* tabs;
+    ListScreen* one;
+    ListScreen* two;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ViewController.h"
+
+#include <QStringList>
+
+#include <utility>
+
+// A screen that writes the moments of its life into a list, each as "name moment".
+class LifeRecorder : public ViewController
+{
+public:
+    LifeRecorder(const QString& name, QStringList& moments)
+        : m_moments(moments)
+    {
+        setObjectName(name);
+        setTitle(name);
+    }
+
+    void viewDidLoad() override { note(QStringLiteral("loaded")); }
+    void viewWillAppear() override { note(QStringLiteral("will appear")); }
+    void viewDidAppear() override { note(QStringLiteral("did appear")); }
+    void viewWillDisappear() override { note(QStringLiteral("will disappear")); }
+    void viewDidDisappear() override { note(QStringLiteral("did disappear")); }
+
+private:
+    void note(const QString& moment) { m_moments.append(objectName() + u' ' + moment); }
+
+    QStringList& m_moments;
+};
+
+// What a list of moments holds, and empties it.
+inline QStringList taken(QStringList& moments)
+{
+    return std::exchange(moments, {});
+}

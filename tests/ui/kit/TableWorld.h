@@ -1,0 +1,115 @@
+#pragma once
+
+#include "TableView.h"
+
+#include <QPointer>
+
+#include <memory>
+#include <set>
+#include <vector>
+
+// A cell that counts how often it was prepared for another row.
+class CountingCell : public TableViewCell
+{
+public:
+    using TableViewCell::TableViewCell;
+
+    int reuses() const { return m_reuses; }
+    void prepareForReuse() override
+    {
+        TableViewCell::prepareForReuse();
+        ++m_reuses;
+    }
+
+private:
+    int m_reuses = 0;
+};
+
+// What a table shows: sections of as many rows, each row of the identifier "Cell" unless told otherwise, and what was
+// asked.
+class RowSource : public TableViewDelegate
+{
+public:
+    std::vector<int> rows;
+    double rowHeight = -1;
+    double firstRowHeight = -1;
+    double headerHeight = 0;
+    bool withHeaders = false;
+    bool editable = false;
+    // Rows whose number this divides have a cell of another kind; 0 for none.
+    int otherKindEvery = 0;
+
+    int cellsAsked = 0;
+    std::set<TableViewCell*> cells;
+    std::vector<IndexPath> selected;
+    std::vector<IndexPath> deleted;
+    std::vector<QPointer<View>> headers;
+
+    void setTable(TableView* table) { m_table = table; }
+
+    int numberOfSections() const override { return static_cast<int>(rows.size()); }
+    int numberOfRowsInSection(int section) const override { return rows[static_cast<std::size_t>(section)]; }
+    TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) override
+    {
+        ++cellsAsked;
+        const bool isOther = otherKindEvery > 0 && indexPath.row % otherKindEvery == 0;
+        const QString identifier = isOther ? QStringLiteral("OtherCell") : QStringLiteral("Cell");
+        TableViewCell* cell = m_table->dequeueReusableCell(identifier);
+        if (!cell)
+            cell = new CountingCell(TableViewCell::Style::Default, identifier);
+        cell->textLabel()->setText(textOf(indexPath));
+        cells.insert(cell);
+        return cell;
+    }
+    View* viewForHeaderInSection(int /*section*/) override
+    {
+        if (!withHeaders)
+            return nullptr;
+        headers.emplace_back(new View({ 0, 0, m_table->width(), headerHeight }));
+        return headers.back();
+    }
+    double heightForHeaderInSection(int /*section*/) const override { return headerHeight; }
+    double heightForRowAtIndexPath(const IndexPath& indexPath) const override
+    {
+        return indexPath.row == 0 && firstRowHeight >= 0 ? firstRowHeight : rowHeight;
+    }
+    void didSelectRowAtIndexPath(const IndexPath& indexPath) override { selected.push_back(indexPath); }
+    bool canEditRowAtIndexPath(const IndexPath& /*indexPath*/) const override { return editable; }
+    void commitEditingStyle(EditingStyle /*style*/, const IndexPath& indexPath) override
+    {
+        deleted.push_back(indexPath);
+    }
+
+    static QString textOf(const IndexPath& indexPath)
+    {
+        return QStringLiteral("%1.%2").arg(indexPath.section).arg(indexPath.row);
+    }
+
+private:
+    TableView* m_table = nullptr;
+};
+
+// A table of 320 by 600 points and rows of 60.
+struct TableWorld
+{
+    explicit TableWorld(const std::vector<int>& rows)
+    {
+        source.rows = rows;
+        source.setTable(&table);
+        table.setDelegate(&source);
+        table.setRowHeight(60);
+    }
+    void show() { table.setFrame({ 0, 0, 320, 600 }); }
+    QString textAt(const IndexPath& indexPath) const
+    {
+        const TableViewCell* cell = table.cellForRow(indexPath);
+        return cell ? cell->textLabel()->text() : QString();
+    }
+    const CountingCell* cellAt(const IndexPath& indexPath) const
+    {
+        return static_cast<const CountingCell*>(table.cellForRow(indexPath));
+    }
+
+    RowSource source;
+    TableView table;
+};

@@ -1,0 +1,162 @@
+#include "AlertController.h"
+
+#include <QSignalSpy>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Style = AlertAction::Style;
+
+struct Alert : AlertController
+{
+    explicit Alert(AlertController::Style style = AlertController::Style::Alert)
+        : AlertController(QStringLiteral("Title"), QStringLiteral("Message"), style)
+    {
+    }
+    void add(const QString& title, AlertAction::Style style)
+    {
+        addAction(title, style, [this, title] { chosen.append(title); });
+    }
+    QStringList chosen;
+};
+
+} // namespace
+
+TEST(AlertController, holdsWhatItWasMadeOf)
+{
+    Alert alert(AlertController::Style::ActionSheet);
+    alert.add(QStringLiteral("Uninstall"), Style::Destructive);
+    alert.add(QStringLiteral("Cancel"), Style::Cancel);
+    EXPECT_EQ(alert.title(), QStringLiteral("Title"));
+    EXPECT_EQ(alert.message(), QStringLiteral("Message"));
+    EXPECT_TRUE(alert.isSheet());
+    ASSERT_EQ(alert.actions().size(), 2);
+    EXPECT_TRUE(alert.actions().at(0)->isDestructive());
+    EXPECT_TRUE(alert.actions().at(1)->isCancel());
+}
+
+TEST(AlertController, runsTheChosenActionOnceAndAfterItIsDismissed)
+{
+    Alert alert;
+    alert.add(QStringLiteral("Cancel"), Style::Cancel);
+    alert.add(QStringLiteral("Add"), Style::Default);
+    QStringList order;
+    QObject::connect(&alert, &AlertController::dismissed, &alert, [&] {
+        EXPECT_TRUE(alert.chosen.isEmpty());
+        order.append(QStringLiteral("dismissed"));
+    });
+    alert.choose(1);
+    alert.choose(1);
+    alert.choose(0);
+    alert.confirm();
+    alert.cancel();
+    EXPECT_EQ(alert.chosen, QStringList{ QStringLiteral("Add") });
+    EXPECT_EQ(order.size(), 1);
+}
+
+TEST(AlertController, ignoresActionsThatAreNotThere)
+{
+    Alert alert;
+    alert.add(QStringLiteral("OK"), Style::Default);
+    QSignalSpy dismissed(&alert, &AlertController::dismissed);
+    alert.choose(-1);
+    alert.choose(1);
+    EXPECT_EQ(dismissed.count(), 0);
+}
+
+TEST(AlertController, needsNoHandlerToBeDismissed)
+{
+    AlertController alert(QStringLiteral("Title"), QStringLiteral("Message"), AlertController::Style::Alert);
+    alert.addAction(QStringLiteral("Close"), Style::Default);
+    QSignalSpy dismissed(&alert, &AlertController::dismissed);
+    alert.choose(0);
+    EXPECT_EQ(dismissed.count(), 1);
+}
+
+TEST(AlertController, takesTheLastDefaultActionAtReturnAndTheCancelOneAtEscape)
+{
+    for (const bool isReturn : { true, false }) {
+        Alert alert;
+        alert.add(QStringLiteral("Cancel"), Style::Cancel);
+        alert.add(QStringLiteral("Add"), Style::Default);
+        if (isReturn)
+            alert.confirm();
+        else
+            alert.cancel();
+        EXPECT_EQ(alert.chosen, QStringList{ isReturn ? QStringLiteral("Add") : QStringLiteral("Cancel") });
+    }
+}
+
+TEST(AlertController, takesItsOnlyActionAtReturnAndAtEscapeWhateverItsStyle)
+{
+    for (const Style style : { Style::Default, Style::Cancel }) {
+        Alert first;
+        first.add(QStringLiteral("Close"), style);
+        first.confirm();
+        EXPECT_EQ(first.chosen.size(), 1);
+        Alert second;
+        second.add(QStringLiteral("Close"), style);
+        second.cancel();
+        EXPECT_EQ(second.chosen.size(), 1);
+    }
+}
+
+TEST(AlertController, doesNothingDestructiveAtReturn)
+{
+    Alert alert(AlertController::Style::ActionSheet);
+    alert.add(QStringLiteral("Uninstall"), Style::Destructive);
+    alert.add(QStringLiteral("Cancel"), Style::Cancel);
+    alert.confirm();
+    EXPECT_TRUE(alert.chosen.isEmpty());
+    alert.choose(0);
+    EXPECT_EQ(alert.chosen, QStringList{ QStringLiteral("Uninstall") });
+}
+
+TEST(AlertController, staysAtEscapeWhenNoneOfItsActionsCancels)
+{
+    Alert alert;
+    alert.add(QStringLiteral("Yes"), Style::Default);
+    alert.add(QStringLiteral("No"), Style::Default);
+    QSignalSpy dismissed(&alert, &AlertController::dismissed);
+    alert.cancel();
+    EXPECT_EQ(dismissed.count(), 0);
+}
+
+TEST(AlertTextField, startsEmptyWithTheDefaultKeyboard)
+{
+    Alert alert;
+    const AlertTextField* field = alert.addTextField();
+    EXPECT_FALSE(field->text().isNull());
+    EXPECT_TRUE(field->text().isEmpty());
+    EXPECT_EQ(field->inputHints(), static_cast<int>(Qt::ImhNone));
+    EXPECT_EQ(alert.textFields().size(), 1);
+}
+
+TEST(AlertTextField, asksForAnAddressKeyboardWithoutCapitalsOrCorrection)
+{
+    Alert alert;
+    AlertTextField* const field = alert.addTextField();
+    field->setPlaceholder(QStringLiteral("https://"));
+    field->setKeyboardType(AlertTextField::Keyboard::URL);
+    field->setAutocapitalizationType(AlertTextField::Autocapitalization::None);
+    field->setAutocorrectionType(AlertTextField::Autocorrection::No);
+    EXPECT_EQ(field->inputHints(),
+        static_cast<int>(Qt::ImhUrlCharactersOnly | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText));
+    EXPECT_EQ(field->placeholder(), QStringLiteral("https://"));
+}
+
+TEST(AlertTextField, keepsItsTextForTheActionThatReadsIt)
+{
+    Alert alert;
+    AlertTextField* const field = alert.addTextField();
+    QString read;
+    alert.addAction(QStringLiteral("Add"), Style::Default, [&] { read = field->text(); });
+    QSignalSpy changed(field, &AlertTextField::textChanged);
+    field->setText(QStringLiteral("http://127.0.0.1/"));
+    field->setText(QStringLiteral("http://127.0.0.1/"));
+    EXPECT_EQ(changed.count(), 1);
+    alert.confirm();
+    EXPECT_EQ(read, QStringLiteral("http://127.0.0.1/"));
+}

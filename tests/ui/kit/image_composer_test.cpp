@@ -1,0 +1,164 @@
+#include "ImageComposer.h"
+
+#include <QBuffer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Mode = ImageLook::Mode;
+
+Image imageOf(const QImage& pixels, double scale = 1)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    pixels.save(&buffer, "PNG");
+    return Image::fromData(bytes, scale);
+}
+
+// A green picture with a red left upper corner, a blue right lower one, each so many pixels wide and high.
+QImage cornered(int side, int corner)
+{
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(Qt::green);
+    for (int y = 0; y < corner; ++y)
+        for (int x = 0; x < corner; ++x) {
+            image.setPixelColor(x, y, Qt::red);
+            image.setPixelColor(side - 1 - x, side - 1 - y, Qt::blue);
+        }
+    return image;
+}
+
+QImage checkered()
+{
+    QImage image(2, 2, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    image.setPixelColor(0, 0, Qt::black);
+    image.setPixelColor(1, 1, Qt::black);
+    return image;
+}
+
+} // namespace
+
+TEST(ImageComposer, keepsTheCornersOfAStretchedPicture)
+{
+    const Image image = imageOf(cornered(20, 6)).resizable({ 6, 6, 6, 6 }, Image::ResizingMode::Stretch);
+    const QImage picture = ImageComposer::composed({ image, { 200, 100 }, 1, Mode::ScaleToFill, {}, 0 });
+    ASSERT_EQ(picture.size(), QSize(200, 100));
+    EXPECT_EQ(picture.pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(5, 5), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(6, 6), QColor(Qt::green));
+    EXPECT_EQ(picture.pixelColor(100, 50), QColor(Qt::green));
+    EXPECT_EQ(picture.pixelColor(100, 0), QColor(Qt::green));
+    EXPECT_EQ(picture.pixelColor(194, 94), QColor(Qt::blue));
+    EXPECT_EQ(picture.pixelColor(193, 93), QColor(Qt::green));
+    EXPECT_EQ(picture.pixelColor(199, 99), QColor(Qt::blue));
+}
+
+TEST(ImageComposer, measuresCapsInPointsAtEveryScale)
+{
+    const Image image = imageOf(cornered(40, 12), 2).resizable({ 6, 6, 6, 6 }, Image::ResizingMode::Stretch);
+    const QImage twice = ImageComposer::composed({ image, { 200, 100 }, 2, Mode::ScaleToFill, {}, 0 });
+    EXPECT_EQ(twice.pixelColor(11, 11), QColor(Qt::red));
+    EXPECT_EQ(twice.pixelColor(12, 12), QColor(Qt::green));
+    const QImage once = ImageComposer::composed({ image, { 100, 50 }, 1, Mode::ScaleToFill, {}, 0 });
+    EXPECT_EQ(once.pixelColor(4, 4), QColor(Qt::red));
+    EXPECT_EQ(once.pixelColor(8, 8), QColor(Qt::green));
+}
+
+TEST(ImageComposer, staysWithinAPictureSmallerThanItsCaps)
+{
+    const Image image = imageOf(cornered(20, 6)).resizable({ 6, 6, 6, 6 }, Image::ResizingMode::Stretch);
+    const QImage picture = ImageComposer::composed({ image, { 8, 8 }, 1, Mode::ScaleToFill, {}, 0 });
+    ASSERT_EQ(picture.size(), QSize(8, 8));
+    EXPECT_EQ(picture.pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(7, 7), QColor(Qt::blue));
+    EXPECT_EQ(picture.pixelColor(7, 0), QColor(Qt::green));
+}
+
+TEST(ImageComposer, stretchesAPictureWithoutCapsOverAll)
+{
+    QImage pixels(1, 1, QImage::Format_ARGB32);
+    pixels.fill(Qt::red);
+    const QImage picture = ImageComposer::composed({ imageOf(pixels), { 30, 20 }, 1, Mode::ScaleToFill, {}, 0 });
+    EXPECT_EQ(picture.pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(29, 19), QColor(Qt::red));
+}
+
+TEST(ImageComposer, fitsAPictureIntoTheMiddle)
+{
+    QImage pixels(10, 20, QImage::Format_ARGB32);
+    pixels.fill(Qt::red);
+    const QImage picture = ImageComposer::composed({ imageOf(pixels), { 100, 100 }, 1, Mode::AspectFit, {}, 0 });
+    EXPECT_EQ(picture.pixelColor(50, 50), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(50, 2), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(20, 50).alpha(), 0);
+    EXPECT_EQ(picture.pixelColor(80, 50).alpha(), 0);
+}
+
+TEST(ImageComposer, tilesPixelForPixelAtItsOwnScale)
+{
+    const QImage picture = ImageComposer::composed({ imageOf(checkered()), { 31, 17 }, 1, Mode::Tile, {}, 0 });
+    for (int y = 0; y < 17; ++y)
+        for (int x = 0; x < 31; ++x)
+            ASSERT_EQ(picture.pixelColor(x, y), QColor((x + y) % 2 == 0 ? Qt::black : Qt::white)) << x << ' ' << y;
+}
+
+TEST(ImageComposer, tilesWithoutSeamsAtAFractionalScale)
+{
+    QImage flat(8, 8, QImage::Format_ARGB32);
+    flat.fill(QColor(10, 120, 200));
+    for (const double scale : { 1.25, 1.5, 1.75, 2.5 }) {
+        const QImage picture = ImageComposer::composed({ imageOf(flat), { 97, 53 }, scale, Mode::Tile, {}, 0 });
+        for (int y = 0; y < 53; ++y)
+            for (int x = 0; x < 97; ++x)
+                ASSERT_EQ(picture.pixelColor(x, y), QColor(10, 120, 200)) << scale << ' ' << x << ' ' << y;
+    }
+}
+
+TEST(ImageComposer, tilesAPictureOfOnePixelAtATinyScale)
+{
+    QImage pixel(1, 1, QImage::Format_ARGB32);
+    pixel.fill(Qt::red);
+    const QImage picture = ImageComposer::composed({ imageOf(pixel, 3), { 10, 10 }, 1, Mode::Tile, {}, 0 });
+    EXPECT_EQ(picture.pixelColor(9, 9), QColor(Qt::red));
+}
+
+TEST(ImageComposer, drawsATemplateInItsTintOnly)
+{
+    const Image symbol = Image::systemNamed(QStringLiteral("house.fill"));
+    const QImage picture = ImageComposer::composed({ symbol, { 48, 48 }, 2, Mode::AspectFit, QColor(Qt::red), 0 });
+    int inked = 0;
+    for (int y = 0; y < 48; ++y)
+        for (int x = 0; x < 48; ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            if (color.alpha() == 255) {
+                ++inked;
+                ASSERT_EQ(color, QColor(Qt::red));
+            }
+        }
+    EXPECT_GT(inked, 100);
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+}
+
+TEST(ImageComposer, cutsRoundCornersInPoints)
+{
+    QImage flat(4, 4, QImage::Format_ARGB32);
+    flat.fill(Qt::red);
+    const QImage picture = ImageComposer::composed({ imageOf(flat), { 80, 80 }, 2, Mode::ScaleToFill, {}, 8 });
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(picture.pixelColor(79, 79).alpha(), 0);
+    EXPECT_EQ(picture.pixelColor(3, 3).alpha(), 0);
+    EXPECT_EQ(picture.pixelColor(8, 8).alpha(), 255);
+    EXPECT_EQ(picture.pixelColor(40, 0).alpha(), 255);
+}
+
+TEST(ImageComposer, givesTheSamePictureForTheSameLook)
+{
+    const Image image = imageOf(cornered(20, 6));
+    const ImageLook look{ image, { 33, 44 }, 1, Mode::ScaleToFill, {}, 0 };
+    EXPECT_EQ(ImageComposer::composed(look).cacheKey(), ImageComposer::composed(look).cacheKey());
+    ImageLook rounder = look;
+    rounder.radius = 5;
+    EXPECT_NE(ImageComposer::composed(look), ImageComposer::composed(rounder));
+}

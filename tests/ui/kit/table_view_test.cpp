@@ -1,0 +1,322 @@
+#include "TableWorld.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void deleteWhatIsToGo()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+TEST(TableView, asksForNothingBeforeItsFirstLayout)
+{
+    TableWorld world({ 100 });
+    EXPECT_EQ(world.source.cellsAsked, 0);
+    world.show();
+    EXPECT_EQ(world.source.cellsAsked, 10);
+}
+
+TEST(TableView, makesCellsForTheVisibleRowsOnly)
+{
+    TableWorld world({ 1'000'000 });
+    world.show();
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
+    EXPECT_EQ(world.table.contentHeight(), 60'000'000);
+    EXPECT_EQ(world.table.cellForRow({ 0, 10 }), nullptr);
+}
+
+TEST(TableView, neverMakesMoreThanOneCellBeyondTheVisibleOnes)
+{
+    TableWorld world({ 100'000 });
+    world.show();
+    for (double offset = 0; offset < 30'000; offset += 7)
+        world.table.setContentOffset(offset);
+    for (double offset = 30'000; offset > 0; offset -= 450)
+        world.table.setContentOffset(offset);
+    EXPECT_LE(world.source.cells.size(), 11U);
+}
+
+TEST(TableView, jumpsAnywhereWithTheCellsItHas)
+{
+    TableWorld world({ 1'000'000 });
+    world.show();
+    world.table.setContentOffset(500'000 * 60.0);
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    EXPECT_EQ(world.textAt({ 0, 500'000 }), QStringLiteral("0.500000"));
+    EXPECT_EQ(world.table.cellForRow({ 0, 500'000 })->frame(), QRectF(0, 500'000 * 60.0, 320, 60));
+}
+
+TEST(TableView, preparesACellBeforeItServesAnotherRow)
+{
+    TableWorld world({ 100 });
+    world.show();
+    const CountingCell* first = world.cellAt({ 0, 0 });
+    EXPECT_EQ(first->reuses(), 0);
+    world.table.setContentOffset(60);
+    EXPECT_EQ(world.cellAt({ 0, 10 }), first);
+    EXPECT_EQ(first->reuses(), 1);
+    EXPECT_EQ(first->indexPath(), (IndexPath{ 0, 10 }));
+    EXPECT_EQ(world.textAt({ 0, 10 }), QStringLiteral("0.10"));
+}
+
+TEST(TableView, reusesACellOnlyForItsIdentifier)
+{
+    TableWorld world({ 100 });
+    world.source.otherKindEvery = 4;
+    world.show();
+    for (double offset = 0; offset < 3'000; offset += 30)
+        world.table.setContentOffset(offset);
+    for (const IndexPath& row : world.table.indexPathsForVisibleRows())
+        EXPECT_EQ(world.table.cellForRow(row)->reuseIdentifier(),
+            row.row % 4 == 0 ? QStringLiteral("OtherCell") : QStringLiteral("Cell"));
+    EXPECT_EQ(world.table.dequeueReusableCell(QStringLiteral("UnknownCell")), nullptr);
+}
+
+TEST(TableView, hidesCellsThatNoRowUses)
+{
+    TableWorld world({ 20 });
+    world.show();
+    world.source.rows = { 3 };
+    world.table.reloadData();
+    int shown = 0;
+    for (const TableViewCell* cell : world.source.cells)
+        shown += cell->isHidden() ? 0 : 1;
+    EXPECT_EQ(shown, 3);
+}
+
+TEST(TableView, putsTheVisibleCellsUpForReuseBeforeItReloads)
+{
+    TableWorld world({ 100 });
+    world.show();
+    const CountingCell* first = world.cellAt({ 0, 0 });
+    world.table.reloadData();
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    EXPECT_EQ(world.source.cellsAsked, 20);
+    EXPECT_EQ(first->reuses(), 1);
+}
+
+TEST(TableView, givesADequeuedCellItsSeparatorInsetOnce)
+{
+    TableView table;
+    table.setSeparatorInset({ 0, 15, 0, 0 });
+    const std::unique_ptr<TableViewCell> cell(
+        table.dequeueCell<TableViewCell>(QStringLiteral("Cell"), TableViewCell::Style::Value1));
+    EXPECT_EQ(cell->separatorInset(), (EdgeInsets{ 0, 15, 0, 0 }));
+    EXPECT_EQ(cell->style(), TableViewCell::Style::Value1);
+    EXPECT_EQ(cell->reuseIdentifier(), QStringLiteral("Cell"));
+}
+
+TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
+{
+    TableWorld world({ 100 });
+    world.source.firstRowHeight = 68;
+    world.show();
+    EXPECT_EQ(world.table.rectForRow({ 0, 0 }), QRectF(0, 0, 320, 68));
+    EXPECT_EQ(world.table.rectForRow({ 0, 1 }), QRectF(0, 68, 320, 60));
+    EXPECT_EQ(world.table.rectForRow({ 0, 100 }), QRectF());
+    EXPECT_EQ(world.table.rectForRow({ 4, 0 }), QRectF());
+    EXPECT_EQ(world.table.rectForRow({ -1, -1 }), QRectF());
+}
+
+TEST(TableView, treatsANegativeCountOfRowsAsNone)
+{
+    TableWorld world({ -3 });
+    world.show();
+    EXPECT_EQ(world.table.contentHeight(), 0);
+    EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+}
+
+TEST(TableView, pullsTheOffsetBackWhenTheContentShrinks)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(5'000);
+    QSignalSpy moved(&world.table, &TableView::contentOffsetChanged);
+    world.source.rows = { 20 };
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), 600);
+    EXPECT_EQ(moved.count(), 1);
+    EXPECT_EQ(world.textAt({ 0, 19 }), QStringLiteral("0.19"));
+    world.source.rows = { 2 };
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(TableView, keepsTheOffsetWhenAReloadLeavesRoomForIt)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(1'234);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), 1'234);
+}
+
+TEST(TableView, staysPulledDownOverAReload)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(-60);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), -60);
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 9U);
+}
+
+TEST(TableView, showsNothingFarBelowItsEndAndComesBack)
+{
+    TableWorld world({ 10 });
+    world.show();
+    world.table.setContentOffset(10'000);
+    EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+    world.table.setContentOffset(0);
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
+}
+
+TEST(TableView, findsTheRowAtAPoint)
+{
+    TableWorld world({ 2, 2 });
+    world.source.headerHeight = 25;
+    world.show();
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 10, 10 }));
+    EXPECT_EQ(world.table.indexPathForRowAtPoint({ 10, 90 }), (IndexPath{ 0, 1 }));
+    EXPECT_EQ(world.table.indexPathForRowAtPoint({ 319, 175 }), (IndexPath{ 1, 0 }));
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 321, 175 }));
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ -1, 175 }));
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 10, -5 }));
+}
+
+TEST(TableView, findsTheRowAtAPointOfAScrolledTableInContentCoordinates)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(600);
+    const TableViewCell* cell = world.table.cellForRow({ 0, 12 });
+    EXPECT_EQ(
+        world.table.indexPathForRowAtPoint(cell->convertPointToView({ 5, 5 }, &world.table)), (IndexPath{ 0, 12 }));
+}
+
+TEST(TableView, makesItsHeadersAnewWithTheNewWidth)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    ASSERT_EQ(world.source.headers.size(), 2U);
+    world.table.setFrame({ 0, 0, 500, 600 });
+    ASSERT_EQ(world.source.headers.size(), 4U);
+    EXPECT_EQ(world.table.headerView(1)->frame(), QRectF(0, 205, 500, 25));
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->width(), 500);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(world.source.headers[0].isNull());
+    EXPECT_TRUE(world.source.headers[1].isNull());
+}
+
+TEST(TableView, keepsOnlyTheLastHeadersAmongItsSubviews)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    const auto before = world.table.subviews().size();
+    for (int reload = 0; reload < 20; ++reload)
+        world.table.reloadData();
+    EXPECT_EQ(world.table.subviews().size(), before);
+    EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
+}
+
+TEST(TableView, pinsItsHeaderWhileItScrolls)
+{
+    TableWorld world({ 20, 20 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.setContentOffset(100);
+    EXPECT_EQ(world.table.headerView(0)->frame().top(), 100);
+    world.table.setContentOffset(1'210);
+    EXPECT_EQ(world.table.headerView(0)->frame().top(), 1'200);
+    EXPECT_EQ(world.table.headerView(1)->frame().top(), 1'225);
+    EXPECT_EQ(world.table.headerView(2), nullptr);
+}
+
+TEST(TableView, movesItsRowsWhenTheTableHeaderViewGrows)
+{
+    TableWorld world({ 20 });
+    auto* header = new View({ 0, 0, 320, 100 });
+    world.table.setTableHeaderView(header);
+    world.show();
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 100);
+    header->setFrame({ 0, 0, 320, 185 });
+    world.table.setTableHeaderView(header);
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 185);
+    EXPECT_EQ(world.table.contentHeight(), 185 + 1'200);
+}
+
+TEST(TableView, takesItsTableHeaderViewAndGivesUpTheOneBefore)
+{
+    TableWorld world({ 20 });
+    const QPointer<View> first(new View({ 0, 0, 320, 100 }));
+    world.table.setTableHeaderView(first);
+    world.show();
+    world.table.setTableHeaderView(nullptr);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
+}
+
+TEST(TableView, doesNotAskForRowsAnewWhenItsTableHeaderViewChanges)
+{
+    TableWorld world({ 20 });
+    world.show();
+    world.source.rows = { 2 };
+    world.table.setTableHeaderView(new View({ 0, 0, 320, 100 }));
+    EXPECT_EQ(world.table.contentHeight(), 100 + 1'200);
+    EXPECT_EQ(world.textAt({ 0, 8 }), QStringLiteral("0.8"));
+}
+
+TEST(TableView, showsMoreRowsWhenItGrows)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setFrame({ 0, 0, 320, 900 });
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 15U);
+    world.table.setFrame({ 0, 0, 320, 60 });
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 1U);
+}
+
+TEST(TableView, ownsItsRefreshControl)
+{
+    TableView table;
+    const QPointer<RefreshControl> first(new RefreshControl);
+    const QPointer<RefreshControl> second(new RefreshControl);
+    table.setRefreshControl(first);
+    EXPECT_EQ(first->parent(), &table);
+    table.setRefreshControl(second);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(table.refreshControl(), second);
+}
+
+TEST(TableView, takesItsCellsAndHeadersAlong)
+{
+    QPointer<TableViewCell> cell;
+    QPointer<View> header;
+    {
+        TableWorld world({ 5 });
+        world.source.withHeaders = true;
+        world.source.headerHeight = 25;
+        world.show();
+        cell = world.table.cellForRow({ 0, 0 });
+        header = world.table.headerView(0);
+        ASSERT_TRUE(cell && header);
+    }
+    EXPECT_TRUE(cell.isNull());
+    EXPECT_TRUE(header.isNull());
+}

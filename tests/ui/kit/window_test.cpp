@@ -1,0 +1,331 @@
+// The drawn side of the kit: everything once in a real window, by touch and by keys, without a warning from Qt.
+#include "KitWindowTest.h"
+
+#include <QPointer>
+#include <QTest>
+
+namespace {
+
+using Style = AlertAction::Style;
+
+} // namespace
+
+TEST_F(KitWindowTest, drawsEveryKindOfView)
+{
+    const QImage picture = grabbed();
+    ASSERT_EQ(picture.size(), QSize(390, 844));
+    EXPECT_EQ(picture.pixelColor(380, 44 + 100 + 5), QColor::fromRgbF(0.3F, 0.4F, 0.5F));
+    int inked = 0;
+    for (int x = 14; x < 90; ++x)
+        inked += picture.pixelColor(x, 44 + 100 + 13) != QColor::fromRgbF(0.3F, 0.4F, 0.5F) ? 1 : 0;
+    EXPECT_GT(inked, 5);
+}
+
+TEST_F(KitWindowTest, keepsAsManyDrawnCellsAsRowsAreVisibleAndOneMore)
+{
+    grabbed();
+    const auto visible = one->tableView()->indexPathsForVisibleRows().size();
+    for (double offset = 0; offset < 1'500; offset += 13) {
+        one->tableView()->setContentOffset(offset);
+        grabbed();
+    }
+    EXPECT_LE(static_cast<std::size_t>(one->tableView()->cellModel()->rowCount()), visible + 2);
+}
+
+TEST_F(KitWindowTest, pushesAtATapAndGoesBackByTheBarAndByKeys)
+{
+    tap(middleOf({ 0, 3 }));
+    ASSERT_TRUE(stack(0)->canGoBack());
+    EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.3"));
+    EXPECT_EQ(stack(0)->topViewController()->backTitle(), QStringLiteral("One"));
+    grabbed();
+    tap({ 20, 22 });
+    EXPECT_FALSE(stack(0)->canGoBack());
+    grabbed();
+    tap(middleOf({ 0, 3 }));
+    ASSERT_TRUE(stack(0)->canGoBack());
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_FALSE(stack(0)->canGoBack());
+    tap(middleOf({ 0, 4 }));
+    ASSERT_TRUE(stack(0)->canGoBack());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(stack(0)->canGoBack());
+    grabbed();
+}
+
+TEST_F(KitWindowTest, pressesTheButtonInARowWithoutSelectingTheRow)
+{
+    const QRectF row = one->tableView()->rectForRow({ 0, 1 });
+    tap({ 390 - 12 - 35, 44 + row.center().y() });
+    EXPECT_EQ(one->buttonPresses, 1);
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(KitWindowTest, changesTabsByTouchAndByKeys)
+{
+    tap({ 390 * 0.75, 844 - 25 });
+    EXPECT_EQ(tabs->selectedIndex(), 1);
+    grabbed();
+    press(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(tabs->selectedIndex(), 0);
+    press(Qt::Key_5, Qt::ControlModifier);
+    EXPECT_EQ(tabs->selectedIndex(), 0);
+}
+
+TEST_F(KitWindowTest, pressesABarButtonByItsShortcut)
+{
+    press(Qt::Key_F5);
+    EXPECT_EQ(one->reloads, 1);
+    one->navigationItem()->rightBarButtonItem()->setEnabled(false);
+    press(Qt::Key_F5);
+    tap({ 370, 22 });
+    EXPECT_EQ(one->reloads, 1);
+}
+
+TEST_F(KitWindowTest, choosesARowByKeysAlone)
+{
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(one->tableView()->focusedRow(), 1);
+    grabbed();
+    press(Qt::Key_Return);
+    EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.1"));
+}
+
+TEST_F(KitWindowTest, reachesTheControlsByTab)
+{
+    QStringList names;
+    for (int step = 0; step < 20; ++step) {
+        press(Qt::Key_Tab);
+        names.append(focusedItemName());
+    }
+    EXPECT_TRUE(names.contains(QStringLiteral("Reload"))) << names.join(u',').toStdString();
+    EXPECT_TRUE(names.contains(QStringLiteral("About"))) << names.join(u',').toStdString();
+    EXPECT_TRUE(names.contains(QStringLiteral("Press"))) << names.join(u',').toStdString();
+    EXPECT_TRUE(names.contains(QStringLiteral("Two"))) << names.join(u',').toStdString();
+}
+
+TEST_F(KitWindowTest, drawsItsHeadersAnewInANewWidth)
+{
+    grabbed();
+    quick()->resize(600, 700);
+    ASSERT_TRUE(waitUntil([this] { return one->tableView()->width() == 600; }));
+    const QImage picture = grabbed();
+    EXPECT_EQ(picture.pixelColor(590, 44 + 100 + 5), QColor::fromRgbF(0.3F, 0.4F, 0.5F));
+    for (int reload = 0; reload < 5; ++reload) {
+        one->tableView()->reloadData();
+        grabbed();
+    }
+}
+
+TEST_F(KitWindowTest, letsViewsGoWhileTheyAreDrawn)
+{
+    grabbed();
+    one->tableView()->setTableHeaderView(nullptr);
+    one->tableView()->setRefreshControl(nullptr);
+    one->navigationItem()->setLeftBarButtonItem(nullptr);
+    one->navigationItem()->setRightBarButtonItem(
+        new BarButtonItem(QStringLiteral("Done"), BarButtonItem::Style::Done, {}));
+    TableViewCell* const cell = one->tableView()->cellForRow({ 0, 1 });
+    cell->setBackgroundView(nullptr);
+    cell->setSelectedBackgroundView(nullptr);
+    cell->setAccessoryView(nullptr);
+    cell->setAccessoryType(TableViewCell::AccessoryType::None);
+    grabbed();
+}
+
+TEST_F(KitWindowTest, letsAButtonPutAnotherInItsPlace)
+{
+    auto* edit = new BarButtonItem(QStringLiteral("Edit"), BarButtonItem::Style::Plain, [this] {
+        one->navigationItem()->setRightBarButtonItem(
+            new BarButtonItem(QStringLiteral("Done"), BarButtonItem::Style::Done, {}));
+    });
+    one->navigationItem()->setRightBarButtonItem(edit);
+    grabbed();
+    tap({ 370, 22 });
+    EXPECT_EQ(one->navigationItem()->rightBarButtonItem()->title(), QStringLiteral("Done"));
+    grabbed();
+}
+
+TEST_F(KitWindowTest, opensARowByASwipeAndDeletesIt)
+{
+    grabbed();
+    const QPoint start = middleOf({ 0, 3 }).toPoint() + QPoint(100, 0);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, start);
+    for (int x = 0; x <= 120; x += 10)
+        QTest::mouseMove(quick(), start - QPoint(x, 0));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start - QPoint(120, 0));
+    ASSERT_EQ(one->tableView()->openRow(), 3);
+    const QPointF deleteButton(390 - 20, middleOf({ 0, 3 }).y());
+    ASSERT_TRUE(waitUntil([&] {
+        if (one->firstSectionRows == 5)
+            tap(deleteButton);
+        return one->firstSectionRows == 4 || one->tableView()->openRow() < 0;
+    }));
+    EXPECT_EQ(one->firstSectionRows, 4);
+    grabbed();
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(KitWindowTest, makesRoomForTheSpinnerWhileItRefreshes)
+{
+    grabbed();
+    one->tableView()->refreshControl()->beginRefreshing();
+    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() == -60; }));
+    grabbed();
+    one->tableView()->refreshControl()->endRefreshing();
+    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() == 0; }));
+    EXPECT_EQ(one->refreshes, 0);
+}
+
+TEST_F(KitWindowTest, refreshesByAPull)
+{
+    grabbed();
+    const QPoint start(200, 200);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, start);
+    for (int y = 0; y <= 400; y += 20)
+        QTest::mouseMove(quick(), start + QPoint(0, y));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start + QPoint(0, 400));
+    EXPECT_TRUE(waitUntil([this] { return one->refreshes == 1; }));
+    EXPECT_TRUE(one->tableView()->refreshControl()->isRefreshing());
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(KitWindowTest, typesIntoTheSearchFieldAndCancels)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_EQ(tabs->selectedIndex(), 1);
+    SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
+    ASSERT_TRUE(bar->isActive());
+    grabbed();
+    QTest::keyClicks(quick(), QStringLiteral("vesk"));
+    EXPECT_EQ(bar->text(), QStringLiteral("vesk"));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(bar->text().isEmpty());
+    EXPECT_FALSE(bar->isActive());
+    grabbed();
+}
+
+TEST_F(KitWindowTest, comesBackIntoAnActiveSearchField)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(quick(), QStringLiteral("again"));
+    EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("again"));
+}
+
+TEST_F(KitWindowTest, asksForATextAndTakesItAtReturn)
+{
+    AlertController* const alert = addAlert(AlertController::Style::Alert);
+    AlertTextField* const field = alert->addTextField();
+    QString added;
+    alert->addAction(QStringLiteral("Cancel"), Style::Cancel);
+    alert->addAction(QStringLiteral("Add"), Style::Default, [&added, field] { added = field->text(); });
+    one->present(alert);
+    grabbed();
+    QTest::keyClicks(quick(), QStringLiteral("http://127.0.0.1/"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(added, QStringLiteral("http://127.0.0.1/"));
+    EXPECT_EQ(window->presentedAlert(), nullptr);
+    grabbed();
+    press(Qt::Key_Down);
+    EXPECT_EQ(one->tableView()->focusedRow(), 0) << "the table has the keyboard again";
+}
+
+TEST_F(KitWindowTest, holdsBackTouchesAndKeysBehindAnAlert)
+{
+    AlertController* const alert = addAlert(AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("Close"), Style::Default);
+    one->present(alert);
+    grabbed();
+    tap(middleOf({ 0, 3 }));
+    press(Qt::Key_F5);
+    press(Qt::Key_2, Qt::ControlModifier);
+    press(Qt::Key_Down);
+    EXPECT_FALSE(stack(0)->canGoBack());
+    EXPECT_EQ(one->reloads, 0);
+    EXPECT_EQ(tabs->selectedIndex(), 0);
+    EXPECT_EQ(one->tableView()->focusedRow(), -1);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(window->presentedAlert(), nullptr);
+    grabbed();
+}
+
+TEST_F(KitWindowTest, showsAlertsOneAfterTheOther)
+{
+    const QPointer<AlertController> first(addAlert(AlertController::Style::Alert));
+    first->addAction(QStringLiteral("OK"), Style::Default);
+    AlertController* const second = addAlert(AlertController::Style::Alert);
+    second->addAction(QStringLiteral("OK"), Style::Default);
+    one->present(first);
+    two->present(second);
+    EXPECT_EQ(window->presentedAlert(), first);
+    grabbed();
+    press(Qt::Key_Return);
+    EXPECT_EQ(window->presentedAlert(), second);
+    grabbed();
+    EXPECT_TRUE(first.isNull());
+    press(Qt::Key_Return);
+    EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(KitWindowTest, choosesFromASheetByKeysAlone)
+{
+    bool uninstalled = false;
+    AlertController* const sheet = addAlert(AlertController::Style::ActionSheet);
+    sheet->addAction(QStringLiteral("Uninstall"), Style::Destructive, [&] { uninstalled = true; });
+    sheet->addAction(QStringLiteral("Cancel"), Style::Cancel);
+    one->present(sheet);
+    grabbed();
+    press(Qt::Key_Return);
+    EXPECT_FALSE(uninstalled);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Uninstall"));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Cancel"));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Uninstall"));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(uninstalled);
+}
+
+TEST_F(KitWindowTest, closesASheetByATouchOutsideIt)
+{
+    AlertController* const sheet = addAlert(AlertController::Style::ActionSheet);
+    sheet->addAction(QStringLiteral("Uninstall"), Style::Destructive, [] { FAIL(); });
+    sheet->addAction(QStringLiteral("Cancel"), Style::Cancel);
+    one->present(sheet);
+    grabbed();
+    tap({ 195, 300 });
+    EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(KitWindowTest, showsTextsOfAnyKindAndLength)
+{
+    const QString hostile = QString(100'000, u'W') + QChar(0x202E) + QStringLiteral("<b>&amp;") + QChar(0xD800);
+    TableViewCell* const cell = one->tableView()->cellForRow({ 0, 3 });
+    cell->textLabel()->setText(hostile);
+    cell->detailTextLabel()->setText(QStringLiteral("\u0645\u0631\u062D\u0628\u0627 \u4F60\u597D\n\n\n"));
+    cell->setNeedsLayout();
+    AlertController* const alert = new AlertController(hostile, hostile, AlertController::Style::Alert);
+    alert->addAction(hostile, Style::Default);
+    one->present(alert);
+    grabbed();
+    press(Qt::Key_Return);
+    EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(KitWindowTest, closesInTheMiddleOfEverything)
+{
+    grabbed();
+    tap(middleOf({ 0, 3 }));
+    one->tableView()->refreshControl()->beginRefreshing();
+    AlertController* const alert = addAlert(AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("OK"), Style::Default);
+    one->present(alert);
+    window.reset();
+}
