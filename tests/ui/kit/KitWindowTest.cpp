@@ -172,6 +172,12 @@ void KitWindowTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(quick(), key, modifiers);
 }
 
+void KitWindowTest::type(const QString& text)
+{
+    for (const QChar letter : text)
+        QTest::keyClick(quick(), letter.toLatin1());
+}
+
 QPointF KitWindowTest::middleOf(const IndexPath& indexPath) const
 {
     const QRectF row = one->tableView()->rectForRow(indexPath);

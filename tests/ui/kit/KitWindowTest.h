@@ -60,6 +60,7 @@ protected:
     static AlertController* addAlert(AlertController::Style style);
     void tap(const QPointF& point);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString& text);
     // Where in the window the middle of a row of the first tab's list is.
     QPointF middleOf(const IndexPath& indexPath) const;
     QString focusedItemName() const;

@@ -4,32 +4,38 @@
 #include <QPointer>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 
 using Style = AlertAction::Style;
+
+constexpr QRgb HeaderPixel = qRgb(77, 102, 128);
 
 } // namespace
 
 TEST_F(KitWindowTest, drawsEveryKindOfView)
 {
     const QImage picture = grabbed();
-    ASSERT_EQ(picture.size(), QSize(390, 844));
-    EXPECT_EQ(picture.pixelColor(380, 44 + 100 + 5), QColor::fromRgbF(0.3F, 0.4F, 0.5F));
+    ASSERT_EQ(picture.size(), quick()->size());
+    EXPECT_EQ(picture.width(), 390);
+    EXPECT_EQ(picture.pixel(380, 44 + 100 + 5), HeaderPixel);
     int inked = 0;
     for (int x = 14; x < 90; ++x)
-        inked += picture.pixelColor(x, 44 + 100 + 13) != QColor::fromRgbF(0.3F, 0.4F, 0.5F) ? 1 : 0;
+        inked += picture.pixel(x, 44 + 100 + 13) != HeaderPixel ? 1 : 0;
     EXPECT_GT(inked, 5);
 }
 
 TEST_F(KitWindowTest, keepsAsManyDrawnCellsAsRowsAreVisibleAndOneMore)
 {
     grabbed();
-    const auto visible = one->tableView()->indexPathsForVisibleRows().size();
+    std::size_t mostVisible = 0;
     for (double offset = 0; offset < 1'500; offset += 13) {
         one->tableView()->setContentOffset(offset);
         grabbed();
+        mostVisible = std::max(mostVisible, one->tableView()->indexPathsForVisibleRows().size());
     }
-    EXPECT_LE(static_cast<std::size_t>(one->tableView()->cellModel()->rowCount()), visible + 2);
+    EXPECT_LE(static_cast<std::size_t>(one->tableView()->cellModel()->rowCount()), mostVisible + 1);
 }
 
 TEST_F(KitWindowTest, pushesAtATapAndGoesBackByTheBarAndByKeys)
@@ -63,7 +69,7 @@ TEST_F(KitWindowTest, pressesTheButtonInARowWithoutSelectingTheRow)
 
 TEST_F(KitWindowTest, changesTabsByTouchAndByKeys)
 {
-    tap({ 390 * 0.75, 844 - 25 });
+    tap({ quick()->width() * 0.75, quick()->height() - 25.0 });
     EXPECT_EQ(tabs->selectedIndex(), 1);
     grabbed();
     press(Qt::Key_1, Qt::ControlModifier);
@@ -111,7 +117,7 @@ TEST_F(KitWindowTest, drawsItsHeadersAnewInANewWidth)
     quick()->resize(600, 700);
     ASSERT_TRUE(waitUntil([this] { return one->tableView()->width() == 600; }));
     const QImage picture = grabbed();
-    EXPECT_EQ(picture.pixelColor(590, 44 + 100 + 5), QColor::fromRgbF(0.3F, 0.4F, 0.5F));
+    EXPECT_EQ(picture.pixel(590, 44 + 100 + 5), HeaderPixel);
     for (int reload = 0; reload < 5; ++reload) {
         one->tableView()->reloadData();
         grabbed();
@@ -198,7 +204,7 @@ TEST_F(KitWindowTest, typesIntoTheSearchFieldAndCancels)
     SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
     ASSERT_TRUE(bar->isActive());
     grabbed();
-    QTest::keyClicks(quick(), QStringLiteral("vesk"));
+    type(QStringLiteral("vesk"));
     EXPECT_EQ(bar->text(), QStringLiteral("vesk"));
     press(Qt::Key_Escape);
     EXPECT_TRUE(bar->text().isEmpty());
@@ -214,7 +220,7 @@ TEST_F(KitWindowTest, comesBackIntoAnActiveSearchField)
     press(Qt::Key_Tab);
     press(Qt::Key_Tab);
     press(Qt::Key_F, Qt::ControlModifier);
-    QTest::keyClicks(quick(), QStringLiteral("again"));
+    type(QStringLiteral("again"));
     EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("again"));
 }
 
@@ -227,7 +233,7 @@ TEST_F(KitWindowTest, asksForATextAndTakesItAtReturn)
     alert->addAction(QStringLiteral("Add"), Style::Default, [&added, field] { added = field->text(); });
     one->present(alert);
     grabbed();
-    QTest::keyClicks(quick(), QStringLiteral("http://127.0.0.1/"));
+    type(QStringLiteral("http://127.0.0.1/"));
     press(Qt::Key_Return);
     EXPECT_EQ(added, QStringLiteral("http://127.0.0.1/"));
     EXPECT_EQ(window->presentedAlert(), nullptr);
