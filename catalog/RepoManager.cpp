@@ -197,9 +197,7 @@ QString RepoManager::installedVersionForPackage(const QString& packageID) const
 {
     const DpkgStatus status = DpkgStatus::read(m_world.statusPaths);
     const auto version = packageID.isNull() ? std::nullopt : status.versionOf(viewOf(packageID.toUtf8()));
-    if (!version)
-        return {};
-    return textOrEmpty(QString::fromUtf8(version->data(), static_cast<qsizetype>(version->size())));
+    return version ? textOf(*version) : QString();
 }
 
 const PackageVector& RepoManager::filteredPackagesWithQuery(const QString& query)
@@ -227,8 +225,7 @@ std::vector<VeskCategoryPtr> RepoManager::categories() const
         ++counts[package->utf8(VeskPackage::Text::Section)];
     std::vector<std::pair<std::string, VeskCategoryPtr>> keyed;
     for (const auto& [section, count] : counts) {
-        const QString name = QString::fromUtf8(section.data(), static_cast<qsizetype>(section.size()));
-        keyed.emplace_back(m_nameOrder->keyOf(section), VeskCategory::categoryWithName(textOrEmpty(name), count));
+        keyed.emplace_back(m_nameOrder->keyOf(section), VeskCategory::categoryWithName(textOf(section), count));
     }
     std::sort(keyed.begin(), keyed.end());
     std::vector<VeskCategoryPtr> categories;

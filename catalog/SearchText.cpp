@@ -1,5 +1,7 @@
 #include "SearchText.h"
 
+#include "TextDecoding.h"
+
 #include <cstring>
 
 namespace {
@@ -74,7 +76,7 @@ void SearchText::addField(std::string_view utf8)
         for (std::size_t index = at; index < m_text.size(); ++index)
             m_text[index] = lowerAscii(m_text[index]);
     } else {
-        const QByteArray lower = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())).toLower().toUtf8();
+        const QByteArray lower = textOf(utf8).toLower().toUtf8();
         m_text.append(lower.constData(), static_cast<std::size_t>(lower.size()));
     }
     m_text.push_back(endOfField);

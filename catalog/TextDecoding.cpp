@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+
 constexpr std::uint64_t highBits = 0x8080808080808080;
 
 bool isAsciiSpace(char c)
@@ -98,6 +100,20 @@ bool isUtf8(std::string_view bytes)
     return check.isComplete();
 }
 
+QString textOf(std::string_view utf8)
+{
+    if (utf8.data() == nullptr)
+        return {};
+    if (utf8.empty())
+        return QStringLiteral("");
+    // Qt drops a first character of this kind as a mark: the marks are counted and put back.
+    qsizetype marks = 0;
+    for (; utf8.starts_with(byteOrderMark); utf8.remove_prefix(byteOrderMark.size()))
+        ++marks;
+    const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    return marks == 0 ? text : QString(marks, QChar(QChar::ByteOrderMark)) + text;
+}
+
 QByteArray utf8FromLatin1(std::string_view bytes)
 {
     qsizetype wide = 0;
@@ -116,7 +132,7 @@ QByteArray utf8FromLatin1(std::string_view bytes)
 
 std::string_view withoutByteOrderMark(std::string_view utf8)
 {
-    return utf8.starts_with("\xef\xbb\xbf") ? utf8.substr(3) : utf8;
+    return utf8.starts_with(byteOrderMark) ? utf8.substr(byteOrderMark.size()) : utf8;
 }
 
 std::string_view trimmedUtf8(std::string_view utf8)

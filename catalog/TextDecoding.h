@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <string_view>
 
@@ -32,6 +33,9 @@ private:
 };
 
 bool isUtf8(std::string_view bytes);
+
+// The text of well-formed bytes, every character of it, a byte order mark at its beginning too. Null without data.
+QString textOf(std::string_view utf8);
 
 // Every byte is the character of its own number.
 QByteArray utf8FromLatin1(std::string_view bytes);

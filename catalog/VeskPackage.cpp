@@ -1,5 +1,7 @@
 #include "VeskPackage.h"
 
+#include "TextDecoding.h"
+
 #include <QByteArray>
 
 #include <atomic>
@@ -29,10 +31,7 @@ quint64 VeskPackage::editCount()
 
 QString VeskPackage::text(Text which) const
 {
-    const std::string_view kept = utf8(which);
-    if (kept.data() == nullptr)
-        return {};
-    return kept.empty() ? QStringLiteral("") : QString::fromUtf8(kept.data(), static_cast<qsizetype>(kept.size()));
+    return textOf(utf8(which));
 }
 
 // The shared pool is never changed: a record that is edited moves to a pool of its own.

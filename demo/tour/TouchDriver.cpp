@@ -23,7 +23,7 @@ QPointingDevice* sharedFinger()
 
 QQuickItem* itemDrawing(QQuickItem* item, const View* view)
 {
-    if (item->property("view").value<View*>() == view)
+    if (item->property("view").value<View*>() == view && item->width() > 0)
         return item;
     for (QQuickItem* child : item->childItems())
         if (QQuickItem* found = itemDrawing(child, view))

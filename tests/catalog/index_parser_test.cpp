@@ -226,6 +226,13 @@ TEST_F(IndexParsing, doesNotCareWhereThePiecesAreCut)
     }
 }
 
+TEST_F(IndexParsing, doesNotLoseAnIdentifierThatIsAByteOrderMark)
+{
+    const auto package = parseOne(u"Package: \ufeff\nName: \ufeffa\n"_s);
+    EXPECT_EQ(package->packageID(), u"\ufeff"_s);
+    EXPECT_EQ(package->name(), u"\ufeffa"_s);
+}
+
 TEST_F(IndexParsing, keepsTheWholeTextAliveWithTheLastPackage)
 {
     VeskPackagePtr package;

@@ -38,6 +38,20 @@ TEST(Utf8Check, doesNotCareWhereThePiecesAreCut)
     }
 }
 
+TEST(TextOfUtf8, keepsByteOrderMarksAtTheBeginningOfAValue)
+{
+    for (const QString& text :
+        { QStringLiteral(u"\ufeff"), QStringLiteral(u"\ufeff\ufeffa"), QStringLiteral(u"a\ufeff") })
+        EXPECT_EQ(textOf(viewOf(text.toUtf8())), text);
+}
+
+TEST(TextOfUtf8, tellsNullFromEmpty)
+{
+    EXPECT_TRUE(textOf({}).isNull());
+    EXPECT_FALSE(textOf("").isNull());
+    EXPECT_TRUE(textOf("").isEmpty());
+}
+
 TEST(Utf8FromLatin1, turnsEveryByteIntoTheCharacterOfItsNumber)
 {
     QByteArray bytes;

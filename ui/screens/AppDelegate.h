@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PackageInstaller.h"
+#include "RepoManager.h"
 #include "StatusBarStyle.h"
 #include "Window.h"
 
@@ -13,7 +15,8 @@ class AppDelegate : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit AppDelegate(RepoManager& manager = *RepoManager::sharedManager(),
+        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
 
     // Opens the window; always true.
     bool didFinishLaunchingWithOptions();
@@ -22,5 +25,7 @@ public:
     Window* window() const { return m_window.get(); }
 
 private:
+    RepoManager& m_manager;
+    PackageInstaller& m_installer;
     std::unique_ptr<Window> m_window;
 };

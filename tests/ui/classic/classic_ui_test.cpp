@@ -1,6 +1,5 @@
 #include "ClassicUI.h"
 
-
 #include <gtest/gtest.h>
 
 #include <memory>

@@ -1,6 +1,5 @@
 #include "RootViewController.h"
 
-#include "AppDelegate.h"
 #include "CategoriesViewController.h"
 #include "ClassicUI.h"
 #include "ManageViewController.h"
@@ -86,7 +85,6 @@ TEST_F(RootScreen, stylesEveryTabsNavigationBarAndTheTabBar)
 TEST_F(RootScreen, wantsLightStatusBarTexts)
 {
     EXPECT_EQ(root.preferredStatusBarStyle(), StatusBarStyle::LightContent);
-    EXPECT_EQ(AppDelegate().preferredStatusBarStyle(), StatusBarStyle::LightContent);
 }
 
 TEST_F(RootScreen, makesItsTabsOnce)

@@ -1,0 +1,166 @@
+// The whole window as a screen reader meets it, and by its actions alone.
+#include "NavigationController.h"
+#include "Switch.h"
+#include "TabBarController.h"
+#include "WindowTest.h"
+
+namespace {
+
+class ScreenReader : public WindowTest
+{
+protected:
+    bool reaches(const QString& title)
+    {
+        return touch->waitUntil([&] { return touch->title() == title && !touch->stack().isTransitioning(); }, 5000);
+    }
+    QStringList names(QAccessible::Role role) const
+    {
+        QStringList names;
+        for (QQuickItem* item : touch->accessibleItems(role))
+            names.append(QAccessible::queryAccessibleInterface(item)->text(QAccessible::Name));
+        return names;
+    }
+    bool press(QAccessible::Role role, const QString& name)
+    {
+        return TouchDriver::pressByScreenReader(touch->find(role, name));
+    }
+    QAccessible::State state(QAccessible::Role role, const QString& name) const
+    {
+        QQuickItem* item = touch->find(role, name);
+        return item ? QAccessible::queryAccessibleInterface(item)->state() : QAccessible::State();
+    }
+    QString description(QAccessible::Role role, const QString& name) const
+    {
+        QQuickItem* item = touch->find(role, name);
+        return item ? QAccessible::queryAccessibleInterface(item)->text(QAccessible::Description) : QString();
+    }
+};
+
+} // namespace
+
+TEST_F(ScreenReader, meetsTheTabsTheTitleTheButtonsTheHeadersAndTheRows)
+{
+    addPackages(2);
+    open();
+    EXPECT_EQ(names(QAccessible::PageTab),
+        (QStringList{ QStringLiteral("Vesk"), QStringLiteral("Changes"), QStringLiteral("Categories"),
+            QStringLiteral("Search"), QStringLiteral("Manage") }));
+    EXPECT_TRUE(names(QAccessible::Heading).contains(QStringLiteral("Welcome to Vesk")));
+    EXPECT_TRUE(names(QAccessible::Heading).contains(QStringLiteral("HOT APPS & UTILITIES")));
+    EXPECT_TRUE(names(QAccessible::Heading).contains(QStringLiteral("CATEGORIES")));
+    EXPECT_TRUE(names(QAccessible::Button).contains(QStringLiteral("About")));
+    EXPECT_TRUE(names(QAccessible::Button).contains(QStringLiteral("Reload")));
+    EXPECT_EQ(names(QAccessible::ListItem),
+        (QStringList{ QStringLiteral("Package 001"), QStringLiteral("Package 002"), QStringLiteral("Section 2"),
+            QStringLiteral("Section 3") }));
+}
+
+TEST_F(ScreenReader, hearsTheDetailOfARowAsItsDescription)
+{
+    addPackages(2);
+    open();
+    EXPECT_EQ(description(QAccessible::ListItem, QStringLiteral("Package 001")), QStringLiteral("First  •  1.0"));
+    EXPECT_EQ(description(QAccessible::ListItem, QStringLiteral("Section 2")), QStringLiteral("1"));
+}
+
+TEST_F(ScreenReader, opensARowAndComesBack)
+{
+    addPackages(2);
+    open();
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Package 002")));
+    ASSERT_TRUE(reaches(QStringLiteral("Package 002")));
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Back")));
+    EXPECT_TRUE(reaches(QStringLiteral("Welcome to Vesk")));
+}
+
+TEST_F(ScreenReader, goesFromTabToTabAndHearsWhichIsSelected)
+{
+    addPackages(2);
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    EXPECT_TRUE(reaches(QStringLiteral("Manage")));
+    EXPECT_TRUE(state(QAccessible::PageTab, QStringLiteral("Manage")).selected);
+    EXPECT_FALSE(state(QAccessible::PageTab, QStringLiteral("Vesk")).selected);
+}
+
+TEST_F(ScreenReader, queuesAPackageAndClosesTheAlert)
+{
+    addPackages(1);
+    open();
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Package 001")));
+    ASSERT_TRUE(reaches(QStringLiteral("Package 001")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Install")));
+    ASSERT_NE(alert(), nullptr);
+    EXPECT_EQ(
+        description(QAccessible::Dialog, QStringLiteral("Vesk")), QStringLiteral("Package 001 added to the queue."));
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("OK")));
+    EXPECT_TRUE(touch->waitUntil([&] { return alert() == nullptr; }, 5000));
+    EXPECT_EQ(installer->queue().size(), 1U);
+}
+
+TEST_F(ScreenReader, meetsOnlyTheAlertWhileItShows)
+{
+    addPackages(2);
+    open();
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("About")));
+    ASSERT_NE(alert(), nullptr);
+    press(QAccessible::ListItem, QStringLiteral("Package 001"));
+    press(QAccessible::PageTab, QStringLiteral("Manage"));
+    EXPECT_EQ(touch->stack().viewControllers().size(), 1U);
+    EXPECT_EQ(touch->tabs().selectedIndex(), 0);
+    EXPECT_NE(alert(), nullptr);
+}
+
+TEST_F(ScreenReader, switchesASourceOffAndHearsIt)
+{
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Manage Sources")));
+    ASSERT_TRUE(reaches(QStringLiteral("Sources")));
+    const auto switches = touch->accessibleItems(QAccessible::CheckBox);
+    ASSERT_EQ(switches.size(), 1U);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(switches.front());
+    EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty()) << "a switch says what it switches";
+    EXPECT_TRUE(interface->state().checked);
+    ASSERT_TRUE(TouchDriver::pressByScreenReader(switches.front()));
+    EXPECT_FALSE(interface->state().checked);
+    EXPECT_FALSE(manager->repositories().front()->enabled());
+}
+
+TEST_F(ScreenReader, meetsTheSearchFieldByItsPlaceholder)
+{
+    addPackages(2);
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Search")));
+    ASSERT_TRUE(reaches(QStringLiteral("Search")));
+    QQuickItem* field = touch->find(QAccessible::EditableText, QStringLiteral("Search Vesk packages"));
+    ASSERT_NE(field, nullptr);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(field);
+    EXPECT_TRUE(interface->state().editable);
+    EXPECT_TRUE(interface->state().focusable);
+}
+
+TEST_F(ScreenReader, pressesADisabledButtonInVain)
+{
+    addPackages(2);
+    network->hold();
+    open();
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Reload")));
+    ASSERT_EQ(network->requestedURLs().size(), 1);
+    EXPECT_TRUE(state(QAccessible::Button, QStringLiteral("Reload")).disabled);
+    press(QAccessible::Button, QStringLiteral("Reload"));
+    EXPECT_EQ(network->requestedURLs().size(), 1);
+}
+
+TEST_F(ScreenReader, meetsNoRowThatIsNotThere)
+{
+    addPackages(2);
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Changes")));
+    ASSERT_TRUE(reaches(QStringLiteral("Changes")));
+    manager->packages().clear();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Categories")));
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Changes")));
+    ASSERT_TRUE(reaches(QStringLiteral("Changes")));
+    EXPECT_EQ(names(QAccessible::ListItem), QStringList{ QStringLiteral("No changes available. Tap Reload.") });
+}
