@@ -5,6 +5,8 @@
 #include <QTest>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -323,6 +325,47 @@ TEST_F(KitWindowTest, showsTextsOfAnyKindAndLength)
     grabbed();
     press(Qt::Key_Return);
     EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(KitWindowTest, tellsAScreenReaderWhatEachThingIs)
+{
+    grabbed();
+    const std::vector<std::pair<QString, QAccessible::Role>> expected{
+        { QStringLiteral("Row 0.3"), QAccessible::ListItem },
+        { QStringLiteral("Section 0"), QAccessible::Heading },
+        { QStringLiteral("Reload"), QAccessible::Button },
+        { QStringLiteral("About"), QAccessible::Button },
+        { QStringLiteral("Press"), QAccessible::Button },
+        { QStringLiteral("Two"), QAccessible::PageTab },
+    };
+    for (const auto& [name, role] : expected) {
+        const QAccessibleInterface* const found = accessible(name);
+        ASSERT_NE(found, nullptr) << name.toStdString();
+        EXPECT_EQ(found->role(), role) << name.toStdString();
+    }
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("Detail"));
+}
+
+TEST_F(KitWindowTest, doesAtAScreenReadersPressWhatATapDoes)
+{
+    grabbed();
+    const auto pressed = [this](const QString& name) {
+        QAccessibleInterface* const found = accessible(name);
+        ASSERT_NE(found, nullptr) << name.toStdString();
+        ASSERT_NE(found->actionInterface(), nullptr);
+        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    };
+    pressed(QStringLiteral("Press"));
+    EXPECT_EQ(one->buttonPresses, 1);
+    pressed(QStringLiteral("Reload"));
+    EXPECT_EQ(one->reloads, 1);
+    pressed(QStringLiteral("Row 0.3"));
+    EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.3"));
+    grabbed();
+    pressed(QStringLiteral("Back"));
+    EXPECT_FALSE(stack(0)->canGoBack());
+    pressed(QStringLiteral("Two"));
+    EXPECT_EQ(tabs->selectedIndex(), 1);
 }
 
 TEST_F(KitWindowTest, closesInTheMiddleOfEverything)
