@@ -368,6 +368,25 @@ TEST_F(KitWindowTest, doesAtAScreenReadersPressWhatATapDoes)
     EXPECT_EQ(tabs->selectedIndex(), 1);
 }
 
+TEST_F(KitWindowTest, keepsAnAlertsButtonsInsideASmallWindow)
+{
+    quick()->resize(320, 320);
+    ASSERT_TRUE(waitUntil([this] { return one->tableView()->width() == 320; }));
+    auto* alert = new AlertController(
+        QString(300, u'W'), QStringLiteral("words that go on and on ").repeated(50), AlertController::Style::Alert);
+    alert->addTextField();
+    alert->addAction(QStringLiteral("Refuse"), Style::Cancel);
+    alert->addAction(QStringLiteral("Agree"), Style::Default);
+    one->present(alert);
+    grabbed();
+    const QRect windowRect(quick()->geometry());
+    for (const QString& name : { QStringLiteral("Refuse"), QStringLiteral("Agree") }) {
+        const QAccessibleInterface* const button = accessible(name);
+        ASSERT_NE(button, nullptr);
+        EXPECT_TRUE(windowRect.contains(button->rect())) << button->rect().bottom() << ' ' << windowRect.bottom();
+    }
+}
+
 TEST_F(KitWindowTest, closesInTheMiddleOfEverything)
 {
     grabbed();
