@@ -227,7 +227,10 @@ std::vector<VeskCategoryPtr> RepoManager::categories() const
     for (const auto& [section, count] : counts) {
         keyed.emplace_back(m_nameOrder->keyOf(section), VeskCategory::categoryWithName(textOf(section), count));
     }
-    std::sort(keyed.begin(), keyed.end());
+    // Names that compare equal come in the order of their letters, so that the order is the same each time it is asked.
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
+    });
     std::vector<VeskCategoryPtr> categories;
     for (auto& [key, category] : keyed)
         categories.push_back(std::move(category));

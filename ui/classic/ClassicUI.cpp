@@ -204,6 +204,8 @@ View* ClassicUI::sectionHeaderViewWithTitle(const QString& title, double width)
     label->setTextColor(Color::white());
     label->setFont(Font::boldSystemFont(12));
     label->setShadow(Label::Shadow::Below, shadow());
+    label->setAccessibilityElement(false);
+    header->setAccessibilityLabel(label->text());
     header->addSubview(label);
     return header;
 }

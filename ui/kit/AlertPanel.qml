@@ -80,6 +80,8 @@ FocusScope {
             spacing: 8
 
             Text {
+                id: heading
+
                 width: parent.width
                 visible: text.length > 0
                 horizontalAlignment: Text.AlignHCenter
@@ -97,13 +99,16 @@ FocusScope {
                 renderType: Text.NativeRendering
             }
             Text {
+                // The buttons keep their place in a low window, the message has what is left.
+                readonly property double room: root.height - 44 - heading.height - 42 * fields.count - buttons.height - 16
+
                 width: parent.width
                 visible: text.length > 0
                 horizontalAlignment: Text.AlignHCenter
                 text: root.alert.message.slice(0, 2000)
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
-                maximumLineCount: 12
+                maximumLineCount: Math.max(1, Math.min(12, Math.floor(room / 17)))
                 elide: Text.ElideRight
                 font.family: KitLook.fontFamily
                 font.pixelSize: 14
@@ -168,6 +173,8 @@ FocusScope {
                 }
             }
             Grid {
+                id: buttons
+
                 width: parent.width
                 columns: root.sideBySide ? 2 : 1
                 spacing: 8

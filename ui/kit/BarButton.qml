@@ -87,10 +87,10 @@ FocusScope {
         control: root
         anchors.margins: 5
     }
-    MouseArea {
+    PressArea {
         id: area
 
         anchors.fill: parent
-        onClicked: root.press()
+        onTapped: root.press()
     }
 }

@@ -20,7 +20,8 @@ FocusScope {
     Accessible.role: Accessible.Button
     Accessible.name: view.accessibilityLabel
     Accessible.focusable: true
-    Accessible.onPressAction: root.view.press()
+    Accessible.onPressAction: if (enabled)
+        root.view.press()
     Keys.onReturnPressed: root.view.press()
     Keys.onEnterPressed: root.view.press()
     Keys.onSpacePressed: root.view.press()
@@ -42,13 +43,13 @@ FocusScope {
     FocusRing {
         control: root
     }
-    MouseArea {
+    PressArea {
         id: area
 
         // A finger needs 44 points.
         anchors.fill: parent
         anchors.topMargin: Math.min(0, (root.height - 44) / 2)
         anchors.bottomMargin: anchors.topMargin
-        onClicked: root.view.press()
+        onTapped: root.view.press()
     }
 }

@@ -26,7 +26,8 @@ Item {
     Accessible.selectable: true
     Accessible.focusable: true
     Accessible.focused: focusedHere
-    Accessible.onPressAction: root.table.tapRow(root.view.section, root.view.row)
+    Accessible.onPressAction: if (enabled)
+        root.table.tapRow(root.view.section, root.view.row)
 
     Behavior on y {
         enabled: root.table.sliding
@@ -125,7 +126,8 @@ Item {
         Accessible.role: Accessible.Button
         Accessible.name: KitLook.deleteTitle
         Accessible.ignored: !root.open
-        Accessible.onPressAction: root.table.deleteTapped(root.view.section, root.view.row)
+        Accessible.onPressAction: if (enabled)
+        root.table.deleteTapped(root.view.section, root.view.row)
 
         Text {
             anchors.centerIn: parent
@@ -137,9 +139,9 @@ Item {
             style: Text.Sunken
             styleColor: KitLook.textShadow
         }
-        MouseArea {
+        PressArea {
             anchors.fill: parent
-            onClicked: root.table.deleteTapped(root.view.section, root.view.row)
+            onTapped: root.table.deleteTapped(root.view.section, root.view.row)
         }
     }
 

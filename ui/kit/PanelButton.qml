@@ -23,7 +23,8 @@ FocusScope {
     Accessible.role: Accessible.Button
     Accessible.name: title
     Accessible.focusable: true
-    Accessible.onPressAction: root.pressed()
+    Accessible.onPressAction: if (enabled)
+        root.pressed()
     Keys.onReturnPressed: pressed()
     Keys.onEnterPressed: pressed()
     Keys.onSpacePressed: pressed()
@@ -73,10 +74,10 @@ FocusScope {
         control: root
         radius: 8
     }
-    MouseArea {
+    PressArea {
         id: area
 
         anchors.fill: parent
-        onClicked: root.pressed()
+        onTapped: root.pressed()
     }
 }

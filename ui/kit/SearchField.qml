@@ -98,10 +98,10 @@ FocusScope {
             Accessible.name: KitLook.clearTitle
             Accessible.onPressAction: input.clear()
 
-            MouseArea {
+            PressArea {
                 anchors.fill: parent
                 anchors.margins: -10
-                onClicked: {
+                onTapped: {
                     input.clear();
                     input.forceActiveFocus();
                 }
@@ -131,18 +131,19 @@ FocusScope {
 
         Accessible.role: Accessible.Button
         Accessible.name: text
-        Accessible.onPressAction: root.leave()
+        Accessible.onPressAction: if (enabled)
+        root.leave()
         Keys.onReturnPressed: root.leave()
         Keys.onSpacePressed: root.leave()
 
         FocusRing {
             control: cancel
         }
-        MouseArea {
+        PressArea {
             id: cancelArea
 
             anchors.fill: parent
-            onClicked: root.leave()
+            onTapped: root.leave()
         }
     }
     Connections {

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import ui.kit
 
 // Twelve spokes. Drawn up to a fraction while it is pulled out, turning while it runs.
 Item {

@@ -20,7 +20,8 @@ FocusScope {
     Accessible.checkable: true
     Accessible.checked: view.on
     Accessible.focusable: true
-    Accessible.onPressAction: root.view.toggle()
+    Accessible.onPressAction: if (enabled)
+        root.view.toggle()
     Accessible.onToggleAction: root.view.toggle()
     Keys.onReturnPressed: root.view.toggle()
     Keys.onEnterPressed: root.view.toggle()
@@ -86,9 +87,9 @@ FocusScope {
         anchors.margins: -3
         radius: root.height / 2 + 3
     }
-    MouseArea {
+    PressArea {
         anchors.fill: parent
         anchors.margins: -6
-        onClicked: root.view.toggle()
+        onTapped: root.view.toggle()
     }
 }

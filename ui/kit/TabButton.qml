@@ -17,7 +17,8 @@ FocusScope {
     Accessible.selected: selected
     Accessible.selectable: true
     Accessible.focusable: true
-    Accessible.onPressAction: root.pressed()
+    Accessible.onPressAction: if (enabled)
+        root.pressed()
     Keys.onReturnPressed: pressed()
     Keys.onEnterPressed: pressed()
     Keys.onSpacePressed: pressed()
@@ -46,8 +47,8 @@ FocusScope {
         control: root
         anchors.margins: 2
     }
-    MouseArea {
+    PressArea {
         anchors.fill: parent
-        onClicked: root.pressed()
+        onTapped: root.pressed()
     }
 }

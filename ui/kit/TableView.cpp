@@ -24,28 +24,28 @@ void TableView::setSeparatorColor(const Color& color)
     Q_EMIT appearanceChanged();
 }
 
-void TableView::adoptSubview(View*& slot, View* view)
+// Puts a view in the place of another. What draws the one before must have let go of it before it goes itself.
+void TableView::adoptSubview(View*& slot, View* view, const std::function<void()>& letGo)
 {
-    if (slot == view)
-        return;
-    if (slot) {
-        slot->removeFromSuperview();
-        slot->deleteLater();
-    }
+    View* const before = slot == view ? nullptr : slot;
     slot = view;
-    if (view)
+    if (view && view->superview() != this)
         addSubview(view);
+    letGo();
+    if (!before)
+        return;
+    before->removeFromSuperview();
+    before->deleteLater();
 }
 
 void TableView::setTableFooterView(View* view)
 {
-    adoptSubview(m_tableFooterView, view);
+    adoptSubview(m_tableFooterView, view, [] {});
 }
 
 void TableView::setTableHeaderView(View* view)
 {
-    adoptSubview(m_tableHeaderView, view);
-    Q_EMIT tableHeaderViewChanged();
+    adoptSubview(m_tableHeaderView, view, [this] { Q_EMIT tableHeaderViewChanged(); });
     if (m_loaded)
         placeEverything();
 }

@@ -7,6 +7,7 @@
 
 #include <QTimer>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -154,7 +155,7 @@ private:
     void showRow(const IndexPath& indexPath);
     void retireCell(TableViewCell* cell);
     void retireAllCells();
-    void adoptSubview(View*& slot, View* view);
+    void adoptSubview(View*& slot, View* view, const std::function<void()>& letGo);
     void holdContentOffset();
     void setSelected(const IndexPath& indexPath, bool selected, Animation animation);
     void setOpenRow(const IndexPath& indexPath);

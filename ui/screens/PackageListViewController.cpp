@@ -20,8 +20,10 @@ void PackageListViewController::viewDidLoad()
 {
     TableViewController::viewDidLoad();
     ClassicUI::styleTableView(*tableView());
-    navigationItem()->setRightBarButtonItem(
-        new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { reloadData(); }));
+    auto* const reload
+        = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { reloadData(); });
+    reload->setShortcut(QStringLiteral("F5"));
+    navigationItem()->setRightBarButtonItem(reload);
 }
 
 void PackageListViewController::viewWillAppear()

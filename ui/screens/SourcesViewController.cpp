@@ -103,6 +103,7 @@ View* SourcesViewController::enabledSwitch(const VeskRepository& repository)
 {
     auto* control = new Switch;
     control->setOn(repository.enabled());
+    control->setAccessibilityLabel(repository.name());
     control->setValueChanged([this](Switch* sender) { toggleSource(sender); });
     return control;
 }

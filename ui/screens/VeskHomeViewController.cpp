@@ -79,8 +79,10 @@ void VeskHomeViewController::viewDidLoad()
 
 void VeskHomeViewController::setUpBarButtons()
 {
-    navigationItem()->setRightBarButtonItem(
-        new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); }));
+    auto* const reload
+        = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); });
+    reload->setShortcut(QStringLiteral("F5"));
+    navigationItem()->setRightBarButtonItem(reload);
     navigationItem()->setLeftBarButtonItem(new BarButtonItem(
         Image::systemNamed(QStringLiteral("info.circle")), QStringLiteral("About"), [this] { showAbout(); }));
 }

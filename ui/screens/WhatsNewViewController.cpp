@@ -15,8 +15,10 @@ void WhatsNewViewController::viewDidLoad()
 {
     setTitle(QStringLiteral("Changes"));
     ClassicUI::styleTableView(*tableView());
-    navigationItem()->setRightBarButtonItem(
-        new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); }));
+    auto* const reload
+        = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); });
+    reload->setShortcut(QStringLiteral("F5"));
+    navigationItem()->setRightBarButtonItem(reload);
     auto* refreshControl = new RefreshControl;
     refreshControl->setTintColor(ClassicUI::veskBlueColor());
     refreshControl->setValueChanged([this] { refreshPressed(); });

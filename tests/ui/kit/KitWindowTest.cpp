@@ -1,10 +1,11 @@
 #include "KitWindowTest.h"
 
-#include <QAccessible>
 #include <QCoreApplication>
 #include <QMutex>
 #include <QQuickItem>
 #include <QTest>
+
+#include <vector>
 
 namespace {
 
@@ -172,10 +173,30 @@ void KitWindowTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(quick(), key, modifiers);
 }
 
+void KitWindowTest::type(const QString& text)
+{
+    for (const QChar letter : text)
+        QTest::keyClick(quick(), letter.toLatin1());
+}
+
 QPointF KitWindowTest::middleOf(const IndexPath& indexPath) const
 {
     const QRectF row = one->tableView()->rectForRow(indexPath);
     return { 120, stack(0)->barHeight() + row.center().y() - one->tableView()->contentOffset() };
+}
+
+QAccessibleInterface* KitWindowTest::accessible(const QString& name) const
+{
+    std::vector<QAccessibleInterface*> open{ QAccessible::queryAccessibleInterface(quick()) };
+    while (!open.empty()) {
+        QAccessibleInterface* const found = open.back();
+        open.pop_back();
+        if (found->text(QAccessible::Name) == name && !found->state().invisible)
+            return found;
+        for (int child = found->childCount() - 1; child >= 0; --child)
+            open.push_back(found->child(child));
+    }
+    return nullptr;
 }
 
 QString KitWindowTest::focusedItemName() const

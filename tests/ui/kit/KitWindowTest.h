@@ -7,6 +7,7 @@
 #include "TableViewController.h"
 #include "Window.h"
 
+#include <QAccessible>
 #include <QQuickWindow>
 #include <QStringList>
 
@@ -60,9 +61,12 @@ protected:
     static AlertController* addAlert(AlertController::Style style);
     void tap(const QPointF& point);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString& text);
     // Where in the window the middle of a row of the first tab's list is.
     QPointF middleOf(const IndexPath& indexPath) const;
     QString focusedItemName() const;
+    // What a screen reader finds under a name in the window, or null.
+    QAccessibleInterface* accessible(const QString& name) const;
 
     std::unique_ptr<Window> window;
     TabBarController* tabs;

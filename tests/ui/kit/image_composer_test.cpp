@@ -74,6 +74,8 @@ TEST(ImageComposer, staysWithinAPictureSmallerThanItsCaps)
     EXPECT_EQ(picture.pixelColor(0, 0), QColor(Qt::red));
     EXPECT_EQ(picture.pixelColor(7, 7), QColor(Qt::blue));
     EXPECT_EQ(picture.pixelColor(7, 0), QColor(Qt::green));
+    EXPECT_EQ(picture.pixelColor(3, 3), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(4, 4), QColor(Qt::blue));
 }
 
 TEST(ImageComposer, stretchesAPictureWithoutCapsOverAll)

@@ -299,8 +299,10 @@ TEST(TableView, ownsItsRefreshControl)
     table.setRefreshControl(first);
     EXPECT_EQ(first->parent(), &table);
     table.setRefreshControl(second);
+    table.setRefreshControl(second);
     deleteWhatIsToGo();
     EXPECT_TRUE(first.isNull());
+    ASSERT_FALSE(second.isNull());
     EXPECT_EQ(table.refreshControl(), second);
 }
 
