@@ -275,3 +275,19 @@ TEST_F(Finger, scrollsByTheWheelAndSelectsByTheMouse)
     touch->click(touch->centreOfRow(row));
     EXPECT_TRUE(reaches(name));
 }
+
+TEST_F(Finger, showsAnEmptyCatalogWhereALongOneWasScrolled)
+{
+    addPackages(30);
+    network->hold();
+    open();
+    scrollTo(150);
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Manage")));
+    ASSERT_TRUE(reaches(QStringLiteral("Manage")));
+    manager->packages().clear();
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Vesk")));
+    ASSERT_TRUE(reaches(Home));
+    EXPECT_EQ(touch->rowText({ 0, 0 }), QStringLiteral("No packages loaded. Tap Reload."));
+    EXPECT_LE(table().contentOffset(), 0);
+    network->release();
+}
