@@ -37,9 +37,9 @@ TEST(TableView, neverMakesMoreThanOneCellBeyondTheVisibleOnes)
 {
     TableWorld world({ 100'000 });
     world.show();
-    for (double offset = 0; offset < 30'000; offset += 7)
+    for (int offset = 0; offset < 30'000; offset += 7)
         world.table.setContentOffset(offset);
-    for (double offset = 30'000; offset > 0; offset -= 450)
+    for (int offset = 30'000; offset > 0; offset -= 450)
         world.table.setContentOffset(offset);
     EXPECT_LE(world.source.cells.size(), 11U);
 }
@@ -72,7 +72,7 @@ TEST(TableView, reusesACellOnlyForItsIdentifier)
     TableWorld world({ 100 });
     world.source.otherKindEvery = 4;
     world.show();
-    for (double offset = 0; offset < 3'000; offset += 30)
+    for (int offset = 0; offset < 3'000; offset += 30)
         world.table.setContentOffset(offset);
     for (const IndexPath& row : world.table.indexPathsForVisibleRows())
         EXPECT_EQ(world.table.cellForRow(row)->reuseIdentifier(),
