@@ -74,8 +74,16 @@ void TableView::reloadData()
     remakeHeaders();
     if (!hasRow(m_focusedRow))
         setFocusedRow(NoRow);
+    showChangedLayout();
+}
+
+// The content's new height is told last: who hears of it may scroll at once.
+void TableView::showChangedLayout()
+{
+    placeHeaders();
     holdContentOffset();
     updateVisibleRows();
+    Q_EMIT contentHeightChanged();
 }
 
 std::vector<int> TableView::askRowCounts() const
@@ -102,7 +110,6 @@ void TableView::rebuildLayout(const std::vector<int>& rowCounts)
         return height < 0 ? m_rowHeight : height;
     };
     m_layout = TableLayout(heights);
-    Q_EMIT contentHeightChanged();
 }
 
 void TableView::remakeHeaders()
@@ -121,7 +128,6 @@ void TableView::remakeHeaders()
         m_headers[section] = header;
         m_headerModel.append(header);
     }
-    placeHeaders();
 }
 
 void TableView::placeHeaders()
@@ -155,9 +161,7 @@ void TableView::placeEverything()
     rebuildLayout(shownRowCounts());
     for (const auto& [indexPath, cell] : m_visibleCells)
         cell->setFrame(rectForRow(indexPath));
-    placeHeaders();
-    holdContentOffset();
-    updateVisibleRows();
+    showChangedLayout();
 }
 
 // MARK: cells
@@ -347,9 +351,7 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
         cell->setIndexPath(now);
         cell->setFrame(rectForRow(now));
     }
-    placeHeaders();
-    holdContentOffset();
-    updateVisibleRows();
+    showChangedLayout();
 }
 
 // MARK: what a person does
