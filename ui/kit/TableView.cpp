@@ -90,6 +90,7 @@ std::vector<int> TableView::askRowCounts() const
 {
     std::vector<int> rowCounts;
     const int sections = m_delegate ? m_delegate->numberOfSections() : 0;
+    rowCounts.reserve(static_cast<std::size_t>(std::max(0, sections)));
     for (int section = 0; section < sections; ++section)
         rowCounts.push_back(std::max(0, m_delegate->numberOfRowsInSection(section)));
     return rowCounts;
@@ -150,6 +151,7 @@ void TableView::layoutSubviews()
 std::vector<int> TableView::shownRowCounts() const
 {
     std::vector<int> rowCounts;
+    rowCounts.reserve(static_cast<std::size_t>(m_layout.sectionCount()));
     for (int section = 0; section < m_layout.sectionCount(); ++section)
         rowCounts.push_back(m_layout.rowCount(section));
     return rowCounts;
