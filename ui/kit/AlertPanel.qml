@@ -26,7 +26,7 @@ FocusScope {
         NumberAnimation on opacity {
             from: 0
             to: 1
-            duration: 200
+            duration: Motion.duration(200)
         }
     }
     MouseArea {
@@ -63,7 +63,7 @@ FocusScope {
             running: !root.alert.sheet
             from: 0.85
             to: 1
-            duration: 200
+            duration: Motion.duration(200)
             easing.type: Easing.OutBack
         }
 
