@@ -23,6 +23,7 @@ constexpr std::array<DefaultSource, 4> defaultSources{ {
 std::vector<VeskRepositoryPtr> makeDefaultSources()
 {
     std::vector<VeskRepositoryPtr> sources;
+    sources.reserve(defaultSources.size());
     for (const DefaultSource& source : defaultSources)
         sources.push_back(VeskRepository::repositoryWithURLString(source.root, source.name));
     return sources;

@@ -13,7 +13,7 @@ constexpr int statusOK = 200;
 
 // What the network may hold back before it is read here; without a bound it would receive far beyond the one for
 // bodies.
-constexpr qint64 readBufferSize = 1024 * 1024;
+constexpr qint64 readBufferSize = qint64(1024) * 1024;
 
 QNetworkRequest requestFor(const RepositoryURL& url, std::chrono::milliseconds inactivity)
 {

@@ -12,7 +12,7 @@ namespace {
 struct Candidate
 {
     QLatin1String name;
-    Compression compression;
+    Compression compression = Compression::None;
 };
 
 // A text under ".xz" or ".zst" is read as it comes: there is no decoder for these.

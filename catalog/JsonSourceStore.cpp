@@ -22,7 +22,7 @@ const QString enabledKey = QStringLiteral("enabled");
 
 // A list of sources is some hundred bytes each; what is larger than this was not written here and is not read into
 // memory.
-constexpr qint64 maximumFileSize = 8 * 1024 * 1024;
+constexpr qint64 maximumFileSize = qint64(8) * 1024 * 1024;
 
 QString textOf(const QJsonValue& value)
 {
@@ -94,7 +94,7 @@ std::optional<std::vector<StoredSource>> JsonSourceStore::sources() const
     if (!stored.isArray())
         return std::nullopt;
     std::vector<StoredSource> sources;
-    for (const QJsonValue& element : stored.toArray())
+    for (const QJsonValue element : stored.toArray())
         sources.push_back(sourceOf(element));
     return sources;
 }

@@ -55,7 +55,7 @@ void NameOrder::appendKey(std::string_view utf8, std::string& keys) const
         icu::UnicodeString(text).foldCase().toUTF8String(keys);
         return;
     }
-    std::array<std::uint8_t, 256> buffer;
+    std::array<std::uint8_t, 256> buffer{};
     const int32_t length = m_collator->order->getSortKey(text, buffer.data(), static_cast<int32_t>(buffer.size()));
     const auto needed = static_cast<std::size_t>(length);
     if (needed <= buffer.size()) {

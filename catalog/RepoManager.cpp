@@ -23,7 +23,7 @@ QString textOrEmpty(const QString& text)
 
 RepoManager* RepoManager::sharedManager()
 {
-    static RepoManager* const manager = new RepoManager(CatalogWorld::real());
+    static auto* const manager = new RepoManager(CatalogWorld::real());
     return manager;
 }
 
@@ -97,8 +97,7 @@ void RepoManager::removeRepository(const VeskRepositoryPtr& repository)
     if (!repository)
         return;
     // The argument may be an element of the very list.
-    const VeskRepositoryPtr removed = repository;
-    std::erase(m_repositories, removed);
+    std::erase_if(m_repositories, [removed = repository.get()](const auto& each) { return each.get() == removed; });
     m_index.clear();
     persistState();
 }
@@ -224,14 +223,15 @@ std::vector<VeskCategoryPtr> RepoManager::categories() const
     for (const VeskPackagePtr& package : m_packages)
         ++counts[package->utf8(VeskPackage::Text::Section)];
     std::vector<std::pair<std::string, VeskCategoryPtr>> keyed;
-    for (const auto& [section, count] : counts) {
+    keyed.reserve(counts.size());
+    for (const auto& [section, count] : counts)
         keyed.emplace_back(m_nameOrder->keyOf(section), VeskCategory::categoryWithName(textOf(section), count));
-    }
     // Names that compare equal come in the order of their letters, so that the order is the same each time it is asked.
     std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
         return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
     });
     std::vector<VeskCategoryPtr> categories;
+    categories.reserve(keyed.size());
     for (auto& [key, category] : keyed)
         categories.push_back(std::move(category));
     return categories;

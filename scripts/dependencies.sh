@@ -9,13 +9,13 @@ build_packages=(
 )
 # What Vesk needs to open its window, and the demo source and its sandbox besides.
 window_packages=(
-  bubblewrap fonts-inter python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
+  bubblewrap fonts-droid-fallback fonts-inter python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
   qt6-wayland
 )
 run_packages=("${build_packages[@]}" "${window_packages[@]}")
 # shellcheck disable=SC2034  # the lists are for the scripts that source this file
 test_packages=(
-  "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils libclang-rt-14-dev xdotool xvfb
+  "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils libclang-rt-14-dev openssl xdotool xvfb
 )
 # shellcheck disable=SC2034
 lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils shellcheck)

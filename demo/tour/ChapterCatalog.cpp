@@ -36,7 +36,7 @@ void changes(Tour& tour)
         tour.tapBarButton(QStringLiteral("Reload"));
         tour.expect(isRefreshing(tour), QStringLiteral("the spinner turns without a pull"));
         tour.expectBarButton(QStringLiteral("Reload"), Tour::Item::Disabled);
-        TouchDriver::waitUntil([&] { return touch.table().contentOffset() < -30 || !isRefreshing(tour); }, 2000);
+        TouchDriver::waitUntil([&] { return touch.table().contentOffset() <= -60 || !isRefreshing(tour); }, 2000);
         tour.takePictureNow();
     });
     tour.step(QStringLiteral("changes reloaded"), [&] {

@@ -31,7 +31,7 @@ FocusScope {
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
             title: root.page.backTitle
-            maximumTitleWidth: Math.max(40, Math.min(root.width / 3, (root.width - title.implicitWidth) / 2 - 40))
+            maximumTitleWidth: Math.max(60, (root.width - title.implicitWidth) / 2 - 56)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
         }
@@ -79,5 +79,12 @@ FocusScope {
         visible: root.item.searchController !== null
         searchBar: root.item.searchController ? root.item.searchController.searchBar : null
         tint: root.bar.tint
+        onLeftForResults: rows => {
+            const table = root.page.view as KitTable;
+            if (!table)
+                return;
+            table.takeKeyboard();
+            table.moveFocus(rows);
+        }
     }
 }

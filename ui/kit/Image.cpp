@@ -40,10 +40,10 @@ private:
     {
         const std::scoped_lock lock(m_mutex);
         for (int candidate = std::max(1, static_cast<int>(std::ceil(scale))); candidate <= LargestScale; ++candidate)
-            if (const QImage image = fileOfScale(candidate); !image.isNull())
+            if (QImage image = fileOfScale(candidate); !image.isNull())
                 return image;
         for (int candidate = LargestScale; candidate > 0; --candidate)
-            if (const QImage image = fileOfScale(candidate); !image.isNull())
+            if (QImage image = fileOfScale(candidate); !image.isNull())
                 return image;
         return {};
     }

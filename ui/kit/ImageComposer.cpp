@@ -17,7 +17,7 @@ size_t qHash(const ImageLook& look, size_t seed)
 
 namespace {
 
-constexpr qsizetype KeptBytes = 64 * 1024 * 1024;
+constexpr qsizetype KeptBytes = qsizetype(64) * 1024 * 1024;
 
 // The edges of two caps and what is between, in whole pixels; caps that are too large for the length share it.
 std::array<double, 4> cappedEdges(double before, double after, double length)
@@ -103,7 +103,7 @@ QImage ImageComposer::composed(const ImageLook& look)
     const std::scoped_lock lock(mutex);
     if (const QImage* picture = kept.object(look))
         return *picture;
-    const QImage picture = compose(look);
+    QImage picture = compose(look);
     kept.insert(look, new QImage(picture), picture.sizeInBytes());
     return picture;
 }

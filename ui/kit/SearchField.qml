@@ -10,6 +10,9 @@ FocusScope {
     required property SearchBar searchBar
     required property color tint
 
+    // The keyboard goes on to the results, and so many rows down.
+    signal leftForResults(int rows)
+
     function leave() {
         root.searchBar.cancel();
         input.focus = false;
@@ -80,6 +83,9 @@ FocusScope {
                 root.searchBar.active = true
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
             Keys.onEscapePressed: root.leave()
+            Keys.onDownPressed: root.leftForResults(1)
+            Keys.onReturnPressed: root.leftForResults(0)
+            Keys.onEnterPressed: root.leftForResults(0)
         }
         ImageItem {
             id: clear

@@ -16,6 +16,8 @@ FocusScope {
     width: view.frame.width
     height: view.frame.height
     visible: !view.hidden
+    // The spinner above the content stays out of the bar.
+    clip: true
     activeFocusOnTab: true
     focus: true
 

@@ -74,14 +74,23 @@ void TableView::reloadData()
     remakeHeaders();
     if (!hasRow(m_focusedRow))
         setFocusedRow(NoRow);
+    showChangedLayout();
+}
+
+// The content's new height is told last: who hears of it may scroll at once.
+void TableView::showChangedLayout()
+{
+    placeHeaders();
     holdContentOffset();
     updateVisibleRows();
+    Q_EMIT contentHeightChanged();
 }
 
 std::vector<int> TableView::askRowCounts() const
 {
     std::vector<int> rowCounts;
     const int sections = m_delegate ? m_delegate->numberOfSections() : 0;
+    rowCounts.reserve(static_cast<std::size_t>(std::max(0, sections)));
     for (int section = 0; section < sections; ++section)
         rowCounts.push_back(std::max(0, m_delegate->numberOfRowsInSection(section)));
     return rowCounts;
@@ -102,7 +111,6 @@ void TableView::rebuildLayout(const std::vector<int>& rowCounts)
         return height < 0 ? m_rowHeight : height;
     };
     m_layout = TableLayout(heights);
-    Q_EMIT contentHeightChanged();
 }
 
 void TableView::remakeHeaders()
@@ -121,7 +129,6 @@ void TableView::remakeHeaders()
         m_headers[section] = header;
         m_headerModel.append(header);
     }
-    placeHeaders();
 }
 
 void TableView::placeHeaders()
@@ -144,6 +151,7 @@ void TableView::layoutSubviews()
 std::vector<int> TableView::shownRowCounts() const
 {
     std::vector<int> rowCounts;
+    rowCounts.reserve(static_cast<std::size_t>(m_layout.sectionCount()));
     for (int section = 0; section < m_layout.sectionCount(); ++section)
         rowCounts.push_back(m_layout.rowCount(section));
     return rowCounts;
@@ -155,9 +163,7 @@ void TableView::placeEverything()
     rebuildLayout(shownRowCounts());
     for (const auto& [indexPath, cell] : m_visibleCells)
         cell->setFrame(rectForRow(indexPath));
-    placeHeaders();
-    holdContentOffset();
-    updateVisibleRows();
+    showChangedLayout();
 }
 
 // MARK: cells
@@ -347,9 +353,7 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
         cell->setIndexPath(now);
         cell->setFrame(rectForRow(now));
     }
-    placeHeaders();
-    holdContentOffset();
-    updateVisibleRows();
+    showChangedLayout();
 }
 
 // MARK: what a person does

@@ -157,6 +157,7 @@ private:
     void retireAllCells();
     void adoptSubview(View*& slot, View* view, const std::function<void()>& letGo);
     void holdContentOffset();
+    void showChangedLayout();
     void setSelected(const IndexPath& indexPath, bool selected, Animation animation);
     void setOpenRow(const IndexPath& indexPath);
     bool hasRow(const IndexPath& indexPath) const;

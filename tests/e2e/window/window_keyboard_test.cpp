@@ -127,6 +127,7 @@ TEST_F(Keyboard, opensAResultFromTheSearchField)
     touch->key(Qt::Key_F, Qt::ControlModifier);
     ASSERT_TRUE(reaches(QStringLiteral("Search")));
     touch->type(QStringLiteral("010"));
+    ASSERT_TRUE(tabTo(touch->itemFor(&table())));
     touch->key(Qt::Key_Down);
     touch->key(Qt::Key_Return);
     EXPECT_TRUE(reaches(QStringLiteral("Package 010")));

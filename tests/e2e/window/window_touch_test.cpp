@@ -24,6 +24,11 @@ protected:
         return item ? item->mapToScene({ 0, 0 }).y() : -1;
     }
     double topOfTable() const { return table().frame().top(); }
+    void addPackageInEachOfManySections()
+    {
+        for (char letter = 'a'; letter <= 'z'; ++letter)
+            addPackage(QString(QLatin1Char(letter)), QStringLiteral("Section ") + QLatin1Char(letter));
+    }
     // To within a few points: a finger tells a drag from a tap by the first ones.
     void scrollTo(double offset)
     {
@@ -106,8 +111,7 @@ TEST_F(Finger, goesOnScrollingAfterAFlick)
 
 TEST_F(Finger, pinsTheHeaderUntilTheNextOnePushesItUp)
 {
-    for (char letter = 'a'; letter <= 'z'; ++letter)
-        addPackage(QString(QLatin1Char(letter)), QStringLiteral("Section ") + QLatin1Char(letter));
+    addPackageInEachOfManySections();
     open();
     scrollTo(300);
     EXPECT_NEAR(topOfHeader(0), topOfTable(), 0.5);
@@ -274,4 +278,20 @@ TEST_F(Finger, scrollsByTheWheelAndSelectsByTheMouse)
     const QString name = touch->rowText(row);
     touch->click(touch->centreOfRow(row));
     EXPECT_TRUE(reaches(name));
+}
+
+TEST_F(Finger, showsAnEmptyCatalogWhereALongOneWasScrolled)
+{
+    addPackageInEachOfManySections();
+    network->hold();
+    open();
+    scrollTo(1200);
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Manage")));
+    ASSERT_TRUE(reaches(QStringLiteral("Manage")));
+    manager->packages().clear();
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Vesk")));
+    ASSERT_TRUE(reaches(Home));
+    EXPECT_EQ(touch->rowText({ 0, 0 }), QStringLiteral("No packages loaded. Tap Reload."));
+    EXPECT_LE(table().contentOffset(), 0);
+    network->release();
 }
