@@ -36,7 +36,7 @@ FocusScope {
         NumberAnimation on opacity {
             from: 0
             to: 1
-            duration: 200
+            duration: Motion.duration(200)
         }
     }
     MouseArea {
@@ -74,7 +74,7 @@ FocusScope {
             running: !root.alert.sheet
             from: 0.85
             to: 1
-            duration: 200
+            duration: Motion.duration(200)
             easing.type: Easing.OutBack
         }
 

@@ -32,7 +32,7 @@ Item {
     Behavior on y {
         enabled: root.table.sliding
         NumberAnimation {
-            duration: 250
+            duration: Motion.duration(250)
             easing.type: Easing.OutCubic
         }
     }
@@ -47,7 +47,7 @@ Item {
         Behavior on x {
             enabled: !swipe.active && !root.table.sliding
             NumberAnimation {
-                duration: 200
+                duration: Motion.duration(200)
                 easing.type: Easing.OutCubic
             }
         }
@@ -67,7 +67,7 @@ Item {
             Behavior on opacity {
                 enabled: root.view.fadesSelection
                 NumberAnimation {
-                    duration: 250
+                    duration: Motion.duration(250)
                 }
             }
         }

@@ -32,7 +32,7 @@ FocusScope {
 
         Behavior on width {
             NumberAnimation {
-                duration: 200
+                duration: Motion.duration(200)
                 easing.type: Easing.OutCubic
             }
         }

@@ -105,7 +105,7 @@ FocusScope {
 
         target: flick
         property: "contentY"
-        duration: 250
+        duration: Motion.duration(250)
         easing.type: Easing.OutCubic
         onFinished: if (!root.refresh || !root.refresh.refreshing)
             flick.topMargin = 0

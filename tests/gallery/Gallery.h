@@ -1,0 +1,79 @@
+#pragma once
+
+#include "AppDelegate.h"
+#include "GoldenPictures.h"
+#include "ScreenWorld.h"
+#include "TabBarController.h"
+
+#include <QQuickWindow>
+#include <QSize>
+
+#include <memory>
+
+enum class Tab { Home, Changes, Categories, Search, Manage };
+
+// The program's own window on a fixed catalog, driven into one state and then looked at. No clock and no network takes
+// part: nothing is animated, and what is scrolled or pulled is put where it is to be.
+class Gallery : public ScreenTest
+{
+public:
+    // The pictures that this process compares with; must outlive the tests.
+    static void setPictures(GoldenPictures& pictures) { s_pictures = &pictures; }
+
+    static constexpr QSize Phone{ 390, 844 };
+
+protected:
+    Gallery();
+    ~Gallery() override;
+
+    // The catalog, before or after the window is open.
+    void fillCatalog();
+    void fillCatalogExcessively();
+    void addSources();
+    VeskPackagePtr packageNamed(const QString& name) const;
+    void queue(const QString& name, QueueAction action, QueueStatus status);
+
+    void open(const QSize& size = Phone);
+    // Opens the window on that tab.
+    void open(Tab tab, const QSize& size = Phone);
+    TabBarController& tabs() const;
+    NavigationController& stack() const;
+    ViewController& screen() const { return *stack().topViewController(); }
+    TableView& shownTable() const { return *static_cast<TableView*>(screen().view()); }
+    QQuickWindow& quickWindow() const { return *delegate->window()->quickWindow(); }
+    AlertController& alert() const { return *delegate->window()->presentedAlert(); }
+    void select(Tab tab);
+    void tap(int section, int row);
+    void showPackage(const VeskPackagePtr& package);
+    void scrollTo(double offset);
+    void scrollToEnd();
+    void press(Qt::Key key, int times = 1);
+
+    // Compares what shows with the golden picture of that name.
+    void expectPicture(const QString& name);
+
+    std::unique_ptr<AppDelegate> delegate;
+
+private:
+    void settle();
+    void showIcons();
+
+    static GoldenPictures* s_pictures;
+};
+
+// The suites that one process runs, chosen by its scale.
+class AtScale1 : public Gallery
+{
+};
+class AtScale1_25 : public Gallery
+{
+};
+class AtScale1_5 : public Gallery
+{
+};
+class AtScale2 : public Gallery
+{
+};
+class AtScale3 : public Gallery
+{
+};
