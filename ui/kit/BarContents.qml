@@ -18,6 +18,14 @@ FocusScope {
 
     signal back
 
+    // A title that there is no room for gives way to a word that says as much as its first letters would.
+    TextMetrics {
+        id: backTitle
+
+        font.family: KitLook.fontFamily
+        font.pixelSize: 16
+        text: root.page.backTitle
+    }
     Row {
         id: leftItems
 
@@ -30,7 +38,7 @@ FocusScope {
             height: root.barHeight
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
-            title: root.page.backTitle
+            title: backTitle.advanceWidth <= maximumTitleWidth ? root.page.backTitle : KitLook.backTitle
             maximumTitleWidth: Math.max(60, (root.width - title.implicitWidth) / 2 - 56)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
