@@ -22,7 +22,7 @@ IconDownload::IconDownload(QNetworkReply* reply, qint64 largestBody, Completion 
     , m_largestBody(largestBody)
     , m_completion(std::move(completion))
 {
-    constexpr qint64 pieceSize = 64 * 1024;
+    constexpr qint64 pieceSize = qint64(64) * 1024;
     reply->setParent(this);
     reply->setReadBufferSize(pieceSize);
     connect(reply, &QNetworkReply::readyRead, this, &IconDownload::receive);

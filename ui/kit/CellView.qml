@@ -21,8 +21,8 @@ Item {
     clip: swipe.active || content.x !== 0
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: view.textLabel.text
-    Accessible.description: view.detailTextLabel ? view.detailTextLabel.text : ""
+    Accessible.name: view.textLabel.shownText
+    Accessible.description: view.detailTextLabel ? view.detailTextLabel.shownText : ""
     Accessible.selectable: true
     Accessible.focusable: true
     Accessible.focused: focusedHere

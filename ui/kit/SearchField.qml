@@ -81,6 +81,11 @@ FocusScope {
                 root.searchBar.text = text
             onActiveFocusChanged: if (root.searchBar && activeFocus)
                 root.searchBar.active = true
+            Keys.onPressed: event => {
+                if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
+                    KeyboardFocus.shown = true;
+                event.accepted = false;
+            }
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
             Keys.onEscapePressed: root.leave()
             Keys.onDownPressed: root.leftForResults(1)

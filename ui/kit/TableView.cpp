@@ -395,6 +395,13 @@ void TableView::openRowForDeletion(int section, int row)
     setOpenRow(canDeleteRow(section, row) ? IndexPath{ section, row } : NoRow);
 }
 
+bool TableView::closeOpenRow()
+{
+    const bool wasOpen = m_openRow != NoRow;
+    setOpenRow(NoRow);
+    return wasOpen;
+}
+
 void TableView::deleteTapped(int section, int row)
 {
     if (!canDeleteRow(section, row))
@@ -423,6 +430,22 @@ void TableView::moveFocus(int rows)
         focusRow(target->section, target->row);
 }
 
+void TableView::moveFocusByPage(int direction)
+{
+    if (!hasRow(m_focusedRow))
+        return moveFocus(direction);
+    const double page = height() - m_layout.headerHeight(m_focusedRow.section);
+    const auto fitOnOnePage = [&](const IndexPath& row) {
+        const auto [upper, lower] = std::minmax(row, m_focusedRow);
+        return m_layout.rowBottom(lower) - m_layout.rowTop(upper) <= page;
+    };
+    IndexPath target = m_layout.rowAfter(m_focusedRow, direction).value_or(m_focusedRow);
+    for (auto next = m_layout.rowAfter(target, direction); next && *next != target && fitOnOnePage(*next);
+         next = m_layout.rowAfter(target, direction))
+        target = *next;
+    focusRow(target.section, target.row);
+}
+
 void TableView::focusRow(int section, int row)
 {
     if (!hasRow({ section, row }))
@@ -435,8 +458,8 @@ void TableView::scrollRowIntoView(const IndexPath& indexPath)
 {
     const QRectF rect = rectForRow(indexPath);
     const double pinned = m_layout.headerHeight(indexPath.section);
-    const bool isFirst = indexPath == IndexPath{ 0, 0 };
-    if (isFirst)
+    // What stands above the first row, also the header of a section without rows, shows with it.
+    if (m_layout.rowAfter({ 0, 0 }, 0) == indexPath)
         setContentOffset(std::min(m_contentOffset, 0.0));
     if (rect.top() - pinned < m_contentOffset)
         setContentOffset(std::max(0.0, rect.top() - pinned));

@@ -214,7 +214,8 @@ TEST(OpenRow, givesWayToTheNext)
     world.table.openRowForDeletion(0, 1);
     world.table.openRowForDeletion(0, 2);
     EXPECT_EQ(world.table.openRow(), 2);
-    world.table.openRowForDeletion(-1, -1);
+    EXPECT_TRUE(world.table.closeOpenRow());
+    EXPECT_FALSE(world.table.closeOpenRow());
     EXPECT_EQ(world.table.openRow(), -1);
     EXPECT_EQ(changed.count(), 3);
 }
@@ -292,6 +293,50 @@ TEST(RowFocus, showsTheTableHeaderViewWithTheFirstRow)
     world.table.moveFocus(0x3fffffff);
     EXPECT_EQ(world.table.focusedRow(), 99);
     EXPECT_EQ(world.table.contentOffset(), world.table.contentHeight() - 600);
+}
+
+TEST(RowFocus, showsTheHeaderOfASectionWithoutRowsWithTheFirstRow)
+{
+    TableWorld world({ 0, 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.focusRow(1, 50);
+    world.table.moveFocus(-0x3fffffff);
+    EXPECT_EQ(world.table.focusedSection(), 1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(RowFocus, movesByAPageOfWhatIsSeenWhateverTheRowsHeights)
+{
+    TableWorld world({ 100, 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 60;
+    world.source.rowHeight = 90;
+    world.show();
+    world.table.focusRow(0, 10);
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 15) << "six rows of 90 points fill the 540 below the header";
+    world.table.moveFocusByPage(-1);
+    EXPECT_EQ(world.table.focusedRow(), 10);
+    world.table.focusRow(0, 98);
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedSection(), 1);
+    EXPECT_EQ(world.table.focusedRow(), 2) << "the second header takes room too";
+}
+
+TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
+{
+    TableWorld world({ 3 });
+    world.source.rowHeight = 2'000;
+    world.show();
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 0) << "the first key goes to what is seen";
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 1);
+    world.table.moveFocusByPage(1);
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 2);
 }
 
 TEST(RowFocus, doesWithTheRowWhatATapOrADeletionDoes)
