@@ -62,22 +62,21 @@ void Gallery::queue(const QString& name, QueueAction action, QueueStatus status)
 
 // MARK: the window
 
-void Gallery::open(const QSize& size)
+void Gallery::open(Tab tab, const QSize& size)
 {
     delegate = std::make_unique<AppDelegate>(*manager, *installer);
     delegate->didFinishLaunchingWithOptions();
-    quickWindow().resize(size);
+    if (!size.isEmpty())
+        quickWindow().resize(size);
     quickWindow().requestActivate();
-    ASSERT_TRUE(waitUntil([&] {
-        return quickWindow().isExposed() && quickWindow().isActive()
-            && quickWindow().contentItem()->size().toSize() == size;
-    }));
+    ASSERT_TRUE(waitUntil([&] { return isOpen(size); }));
+    select(tab);
 }
 
-void Gallery::open(Tab tab, const QSize& size)
+bool Gallery::isOpen(const QSize& size) const
 {
-    open(size);
-    select(tab);
+    const QSize shown = quickWindow().contentItem()->size().toSize();
+    return quickWindow().isExposed() && quickWindow().isActive() && (size.isEmpty() || shown == size);
 }
 
 TabBarController& Gallery::tabs() const

@@ -20,9 +20,10 @@ public:
     // The pictures that this process compares with; must outlive the tests.
     static void setPictures(GoldenPictures& pictures) { s_pictures = &pictures; }
 
-    static constexpr QSize Phone{ 390, 844 };
-
 protected:
+    // For what shows as well in less room.
+    static constexpr QSize Low{ 390, 400 };
+
     Gallery();
     ~Gallery() override;
 
@@ -33,9 +34,9 @@ protected:
     VeskPackagePtr packageNamed(const QString& name) const;
     void queue(const QString& name, QueueAction action, QueueStatus status);
 
-    void open(const QSize& size = Phone);
-    // Opens the window on that tab.
-    void open(Tab tab, const QSize& size = Phone);
+    // On the tab, in a window of the size; an empty one is what the device gives.
+    void open(Tab tab = Tab::Home, const QSize& size = {});
+    void open(const QSize& size) { open(Tab::Home, size); }
     TabBarController& tabs() const;
     NavigationController& stack() const;
     ViewController& screen() const { return *stack().topViewController(); }
@@ -57,11 +58,12 @@ protected:
 private:
     void settle();
     void showIcons();
+    bool isOpen(const QSize& size) const;
 
     static GoldenPictures* s_pictures;
 };
 
-// The suites that one process runs, chosen by its scale.
+// The suites, each of them on a device of its own.
 class AtScale1 : public Gallery
 {
 };
@@ -75,5 +77,11 @@ class AtScale2 : public Gallery
 {
 };
 class AtScale3 : public Gallery
+{
+};
+class OnASmallPhone : public Gallery
+{
+};
+class OnAPhoneOnItsSide : public Gallery
 {
 };

@@ -31,23 +31,18 @@ bool saveSmall(const QImage& picture, const QString& path)
 
 } // namespace
 
-GoldenPictures::GoldenPictures(double scale, Purpose purpose)
-    : m_scale(scale)
-    , m_purpose(purpose)
-    , m_golden(QStringLiteral(GALLERY_GOLDEN))
-    , m_actual(QStringLiteral(GALLERY_ACTUAL))
+GoldenPictures::GoldenPictures(const QString& suite, Purpose purpose)
+    : m_purpose(purpose)
+    , m_golden(QDir(QStringLiteral(GALLERY_GOLDEN)).filePath(suite))
+    , m_actual(QDir(QStringLiteral(GALLERY_ACTUAL)).filePath(suite))
 {
+    m_golden.mkpath(QStringLiteral("."));
     m_actual.mkpath(QStringLiteral("."));
-}
-
-QString GoldenPictures::fileName(const QString& name) const
-{
-    return QStringLiteral("%1@%2x.png").arg(name).arg(m_scale);
 }
 
 QString GoldenPictures::check(const QString& name, const QImage& picture)
 {
-    const QString file = fileName(name);
+    const QString file = name + QStringLiteral(".png");
     if (m_drawn.contains(file))
         return file + QStringLiteral(" is drawn twice");
     m_drawn.append(file);
@@ -83,7 +78,7 @@ QString GoldenPictures::report(const QString& file, const QImage& golden, const 
 
 QStringList GoldenPictures::leftOver()
 {
-    QStringList files = m_golden.entryList({ fileName(QStringLiteral("*")) }, QDir::Files);
+    QStringList files = m_golden.entryList(QDir::Files);
     const auto isDrawn = [this](const QString& file) { return m_drawn.contains(file); };
     files.erase(std::remove_if(files.begin(), files.end(), isDrawn), files.end());
     if (m_purpose == Purpose::Compare)

@@ -4,7 +4,7 @@
 TEST_F(AtScale1, aboutAlert)
 {
     fillCatalog();
-    open();
+    open(Low);
     screen().navigationItem()->leftBarButtonItem()->press();
     expectPicture(QStringLiteral("alert-about"));
 }
@@ -12,7 +12,7 @@ TEST_F(AtScale1, aboutAlert)
 TEST_F(AtScale1, settingsAlert)
 {
     fillCatalog();
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     tap(1, 0);
     expectPicture(QStringLiteral("alert-settings"));
 }
@@ -20,7 +20,7 @@ TEST_F(AtScale1, settingsAlert)
 TEST_F(AtScale1, addSourceAlert)
 {
     fillCatalog();
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 0);
     screen().navigationItem()->rightBarButtonItem()->press();
     expectPicture(QStringLiteral("alert-add-source"));
@@ -29,7 +29,7 @@ TEST_F(AtScale1, addSourceAlert)
 TEST_F(AtScale1, addSourceAlertWithAText)
 {
     fillCatalog();
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 0);
     screen().navigationItem()->rightBarButtonItem()->press();
     alert().textFields().first()->setText(QStringLiteral("http://127.0.0.1/shelf"));
@@ -39,7 +39,7 @@ TEST_F(AtScale1, addSourceAlertWithAText)
 TEST_F(AtScale1, queuedAlert)
 {
     fillCatalog();
-    open({ 390, 480 });
+    open(Low);
     tap(0, 0);
     tap(3, 0);
     expectPicture(QStringLiteral("alert-queued"));
@@ -48,7 +48,7 @@ TEST_F(AtScale1, queuedAlert)
 TEST_F(AtScale1, reportOfARun)
 {
     fillCatalog();
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 2);
     screen().navigationItem()->rightBarButtonItem()->press();
     ASSERT_TRUE(waitUntil([this] { return delegate->window()->presentedAlert(); }));
@@ -58,7 +58,7 @@ TEST_F(AtScale1, reportOfARun)
 TEST_F(AtScale1, uninstallSheet)
 {
     fillCatalog();
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     tap(2, 0);
     expectPicture(QStringLiteral("sheet-uninstall"));
 }
@@ -66,7 +66,7 @@ TEST_F(AtScale1, uninstallSheet)
 TEST_F(AtScale1, uninstallSheetOfALongName)
 {
     fillCatalogExcessively();
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(2, 0);
     expectPicture(QStringLiteral("sheet-excessive"));
 }

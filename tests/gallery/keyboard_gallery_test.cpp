@@ -1,44 +1,44 @@
 // Where the keyboard's focus is.
 #include "Gallery.h"
 
-
 TEST_F(AtScale1, focusOnARow)
 {
     fillCatalog();
-    open({ 390, 480 });
+    open(Low);
     press(Qt::Key_Down, 2);
     expectPicture(QStringLiteral("focus-row"));
+}
+
+TEST_F(AtScale1, focusOnABarButton)
+{
+    fillCatalog();
+    open(Tab::Changes, Low);
+    press(Qt::Key_Tab);
+    expectPicture(QStringLiteral("focus-bar-button"));
 }
 
 TEST_F(AtScale1, focusOnATab)
 {
     fillCatalog();
-    open(Tab::Changes, { 390, 480 });
-    press(Qt::Key_Tab);
-    expectPicture(QStringLiteral("focus-1"));
+    open(Tab::Changes, Low);
+    press(Qt::Key_Backtab);
+    expectPicture(QStringLiteral("focus-tab"));
 }
 
-TEST_F(AtScale1, focusOnTheFirstTab)
-{
-    fillCatalog();
-    open(Tab::Changes, { 390, 480 });
-    press(Qt::Key_Backtab);
-    expectPicture(QStringLiteral("focus-2"));
-}
 TEST_F(AtScale1, focusOnASwitch)
 {
     addSources();
     fillCatalog();
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 0);
     press(Qt::Key_Tab);
-    expectPicture(QStringLiteral("focus-3"));
+    expectPicture(QStringLiteral("focus-switch"));
 }
 
 TEST_F(AtScale1, focusOnAnAlertsButton)
 {
     fillCatalog();
-    open({ 390, 480 });
+    open(Low);
     screen().navigationItem()->leftBarButtonItem()->press();
     press(Qt::Key_Tab);
     expectPicture(QStringLiteral("focus-alert"));

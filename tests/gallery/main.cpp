@@ -1,6 +1,6 @@
-// Draws the window at one scale in every state and compares each picture with the golden one.
+// Draws the window on one device in every state and compares each picture with the golden one.
 //
-// usage: vesk-gallery --scale SCALE [--renew] [--gtest_filter=...]
+// usage: vesk-gallery SUITE [--renew] [--gtest_filter=...]
 //        --renew writes the golden pictures instead, and prints which changed
 #include "Animations.h"
 #include "Gallery.h"
@@ -12,11 +12,16 @@
 #include <QLocale>
 #include <QProcessEnvironment>
 #include <QQuickWindow>
+#include <QSize>
 #include <QStyleHints>
 #include <QTemporaryDir>
 #include <QTextStream>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
 
 namespace {
 
@@ -35,13 +40,15 @@ void forgetPreferences()
     QLocale::setDefault(QLocale(QLocale::English));
 }
 
-// A screen with room for the largest window; its pixels are counted before the scale.
-QByteArray platformWithPinnedScreen(const QTemporaryDir& directory)
+// Its screen's pixels are counted before the scale.
+QByteArray platformWithScreen(const QSize& screen, const QTemporaryDir& directory)
 {
     QFile configuration(directory.filePath(QStringLiteral("screen.json")));
     if (!configuration.open(QIODevice::WriteOnly))
         return {};
-    configuration.write(R"({"screens": [{"name": "gallery", "x": 0, "y": 0, "width": 4096, "height": 4096}]})");
+    configuration.write(QByteArray(R"({"screens": [{"name": "gallery", "x": 0, "y": 0, "width": %1, "height": %2}]})")
+                            .replace("%1", QByteArray::number(screen.width()))
+                            .replace("%2", QByteArray::number(screen.height())));
     return "offscreen:configfile=" + configuration.fileName().toLocal8Bit();
 }
 
@@ -63,32 +70,38 @@ private:
     GoldenPictures& m_pictures;
 };
 
-struct Request
+// What Qt takes at its start: each suite of tests has a process of its own.
+struct Device
 {
-    QByteArray scale;
-    GoldenPictures::Purpose purpose = GoldenPictures::Purpose::Compare;
+    const char* suite;
+    const char* scale;
+    QSize screen;
 };
 
-Request parse(int argc, char** argv)
+constexpr QSize Spacious(4096, 4096);
+constexpr std::array<Device, 7> devices{ {
+    { "AtScale1", "1", Spacious },
+    { "AtScale1_25", "1.25", Spacious },
+    { "AtScale1_5", "1.5", Spacious },
+    { "AtScale2", "2", Spacious },
+    { "AtScale3", "3", Spacious },
+    { "OnASmallPhone", "1", QSize(320, 568) },
+    { "OnAPhoneOnItsSide", "1", QSize(844, 390) },
+} };
+
+const Device* deviceOf(int argc, char** argv)
 {
-    Request request;
-    for (int index = 1; index < argc; ++index) {
-        const QByteArray argument(argv[index]);
-        if (argument == "--scale" && index + 1 < argc)
-            request.scale = argv[++index];
-        else if (argument == "--renew")
-            request.purpose = GoldenPictures::Purpose::Renew;
-    }
-    return request;
+    const auto isNamed = [&](const Device& device) { return argc > 1 && qstrcmp(argv[1], device.suite) == 0; };
+    const auto found = std::find_if(devices.begin(), devices.end(), isNamed);
+    return found == devices.end() ? nullptr : found;
 }
 
-// Only the pictures of this scale; a narrower choice of the caller's own leaves the others unjudged.
-void chooseTests(const Request& request, GoldenPictures& pictures)
+// All of the suite, unless the caller chose; then the pictures of the others stay unjudged.
+void chooseTests(const Device& device, GoldenPictures& pictures)
 {
     if (testing::GTEST_FLAG(filter) != "*")
         return;
-    const QByteArray suite = "AtScale" + QByteArray(request.scale).replace('.', '_');
-    testing::GTEST_FLAG(filter) = (suite + ".*").toStdString();
+    testing::GTEST_FLAG(filter) = std::string(device.suite) + ".*";
     testing::AddGlobalTestEnvironment(new WholeRun(pictures));
 }
 
@@ -97,23 +110,25 @@ void chooseTests(const Request& request, GoldenPictures& pictures)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    const Request request = parse(argc, argv);
-    if (request.scale.toDouble() <= 0) {
-        QTextStream(stderr) << "usage: vesk-gallery --scale SCALE [--renew] [--gtest_filter=...]" << Qt::endl;
+    const Device* const device = deviceOf(argc, argv);
+    if (!device) {
+        QTextStream(stderr) << "usage: vesk-gallery SUITE [--renew] [--gtest_filter=...]" << Qt::endl;
         return UsageError;
     }
+    const bool renews = argc > 2 && qstrcmp(argv[2], "--renew") == 0;
     const QTemporaryDir scratch;
     forgetPreferences();
-    qputenv("QT_SCALE_FACTOR", request.scale);
-    qputenv("QT_QPA_PLATFORM", platformWithPinnedScreen(scratch));
+    qputenv("QT_SCALE_FACTOR", device->scale);
+    qputenv("QT_QPA_PLATFORM", platformWithScreen(device->screen, scratch));
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
     QGuiApplication::styleHints()->setCursorFlashTime(0);
     Animations::setEnabled(false);
     initialiseResources();
 
-    GoldenPictures pictures(request.scale.toDouble(), request.purpose);
+    GoldenPictures pictures(
+        QString::fromLatin1(device->suite), renews ? GoldenPictures::Purpose::Renew : GoldenPictures::Purpose::Compare);
     Gallery::setPictures(pictures);
-    chooseTests(request, pictures);
+    chooseTests(*device, pictures);
     return RUN_ALL_TESTS();
 }

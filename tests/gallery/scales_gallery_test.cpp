@@ -3,16 +3,9 @@
 
 namespace {
 
-constexpr QSize Small(320, 480);
+constexpr QSize Small(390, 290);
 
 } // namespace
-
-TEST_F(AtScale1_25, home)
-{
-    fillCatalog();
-    open(Small);
-    expectPicture(QStringLiteral("home"));
-}
 
 TEST_F(AtScale1_25, sources)
 {
@@ -64,27 +57,9 @@ TEST_F(AtScale2, sources)
     expectPicture(QStringLiteral("sources"));
 }
 
-TEST_F(AtScale2, alert)
-{
-    fillCatalog();
-    open(Tab::Manage, Small);
-    tap(0, 0);
-    screen().navigationItem()->rightBarButtonItem()->press();
-    expectPicture(QStringLiteral("alert"));
-}
-
 TEST_F(AtScale3, home)
 {
     fillCatalog();
     open(Small);
     expectPicture(QStringLiteral("home"));
-}
-
-TEST_F(AtScale3, sources)
-{
-    addSources();
-    fillCatalog();
-    open(Tab::Manage, { 320, 320 });
-    tap(0, 0);
-    expectPicture(QStringLiteral("sources"));
 }

@@ -13,7 +13,7 @@ TEST_F(AtScale1, home)
 TEST_F(AtScale1, homePinsASectionsHeader)
 {
     fillCatalog();
-    open();
+    open(Low);
     scrollTo(290);
     expectPicture(QStringLiteral("home-pinned-header"));
 }
@@ -21,7 +21,7 @@ TEST_F(AtScale1, homePinsASectionsHeader)
 TEST_F(AtScale1, homePushesThePinnedHeaderUp)
 {
     fillCatalog();
-    open({ 390, 480 });
+    open(Low);
     scrollTo(185 + 25 + 8 * 60 - 12);
     expectPicture(QStringLiteral("home-pushed-header"));
 }
@@ -29,7 +29,7 @@ TEST_F(AtScale1, homePushesThePinnedHeaderUp)
 TEST_F(AtScale1, homeAtItsEnd)
 {
     fillCatalog();
-    open();
+    open(Low);
     scrollToEnd();
     expectPicture(QStringLiteral("home-end"));
 }
@@ -37,21 +37,21 @@ TEST_F(AtScale1, homeAtItsEnd)
 TEST_F(AtScale1, changes)
 {
     fillCatalog();
-    open(Tab::Changes);
+    open(Tab::Changes, Low);
     expectPicture(QStringLiteral("changes"));
 }
 
 TEST_F(AtScale1, categories)
 {
     fillCatalog();
-    open(Tab::Categories);
+    open(Tab::Categories, Low);
     expectPicture(QStringLiteral("categories"));
 }
 
 TEST_F(AtScale1, packagesOfACategory)
 {
     fillCatalog();
-    open(Tab::Categories);
+    open(Tab::Categories, Low);
     tap(0, 7);
     expectPicture(QStringLiteral("category"));
 }
@@ -59,7 +59,7 @@ TEST_F(AtScale1, packagesOfACategory)
 TEST_F(AtScale1, search)
 {
     fillCatalog();
-    open(Tab::Search);
+    open(Tab::Search, Low);
     expectPicture(QStringLiteral("search"));
 }
 
@@ -74,7 +74,7 @@ TEST_F(AtScale1, sources)
 {
     addSources();
     fillCatalog();
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     tap(0, 0);
     expectPicture(QStringLiteral("sources"));
 }
@@ -82,7 +82,7 @@ TEST_F(AtScale1, sources)
 TEST_F(AtScale1, installedApps)
 {
     fillCatalog();
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     tap(0, 1);
     expectPicture(QStringLiteral("installed"));
 }
@@ -112,7 +112,7 @@ TEST_F(AtScale1, packageToInstall)
 TEST_F(AtScale1, packageThatIsInstalled)
 {
     fillCatalog();
-    open();
+    open(Low);
     tap(0, 1);
     expectPicture(QStringLiteral("package-installed"));
 }
@@ -120,7 +120,7 @@ TEST_F(AtScale1, packageThatIsInstalled)
 TEST_F(AtScale1, packageWithAnUpdate)
 {
     fillCatalog();
-    open(Tab::Changes);
+    open(Tab::Changes, Low);
     tap(0, 3);
     expectPicture(QStringLiteral("package-update"));
 }
@@ -129,7 +129,7 @@ TEST_F(AtScale1, packageWithoutDescription)
 {
     fillCatalog();
     packageNamed(QStringLiteral("Daybreak"))->setRepository(nullptr);
-    open(Tab::Categories);
+    open(Tab::Categories, Low);
     showPackage(packageNamed(QStringLiteral("Daybreak")));
     expectPicture(QStringLiteral("package-without-description"));
 }

@@ -15,7 +15,7 @@ SearchBar& searchBarOf(const ViewController& screen)
 // The home screen has tried to load the catalog and got nothing.
 TEST_F(AtScale1, emptyHome)
 {
-    open();
+    open(Low);
     const auto* const reload = screen().navigationItem()->rightBarButtonItem();
     ASSERT_TRUE(waitUntil([&] { return !network->requestedURLs().isEmpty() && reload->isEnabled(); }));
     expectPicture(QStringLiteral("empty-home"));
@@ -23,20 +23,20 @@ TEST_F(AtScale1, emptyHome)
 
 TEST_F(AtScale1, emptyChanges)
 {
-    open(Tab::Changes);
+    open(Tab::Changes, Low);
     expectPicture(QStringLiteral("empty-changes"));
 }
 
 TEST_F(AtScale1, emptyCategories)
 {
-    open(Tab::Categories);
+    open(Tab::Categories, Low);
     expectPicture(QStringLiteral("empty-categories"));
 }
 
 TEST_F(AtScale1, emptyCategory)
 {
     fillCatalog();
-    open(Tab::Categories);
+    open(Tab::Categories, Low);
     manager->setPackages({});
     tap(0, 2);
     expectPicture(QStringLiteral("empty-category"));
@@ -44,26 +44,26 @@ TEST_F(AtScale1, emptyCategory)
 
 TEST_F(AtScale1, emptySearch)
 {
-    open(Tab::Search);
+    open(Tab::Search, Low);
     expectPicture(QStringLiteral("empty-search"));
 }
 
 TEST_F(AtScale1, emptyManage)
 {
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     expectPicture(QStringLiteral("empty-manage"));
 }
 
 TEST_F(AtScale1, emptyInstalledApps)
 {
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     tap(0, 1);
     expectPicture(QStringLiteral("empty-installed"));
 }
 
 TEST_F(AtScale1, emptyQueue)
 {
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     tap(0, 2);
     expectPicture(QStringLiteral("empty-queue"));
 }
@@ -71,7 +71,7 @@ TEST_F(AtScale1, emptyQueue)
 TEST_F(AtScale1, emptySources)
 {
     fillCatalog();
-    open(Tab::Manage);
+    open(Tab::Manage, Low);
     manager->setRepositories({});
     tap(0, 0);
     expectPicture(QStringLiteral("empty-sources"));
@@ -80,7 +80,7 @@ TEST_F(AtScale1, emptySources)
 TEST_F(AtScale1, searchInUse)
 {
     fillCatalog();
-    open(Tab::Search);
+    open(Tab::Search, Low);
     searchBarOf(screen()).setActive(true);
     expectPicture(QStringLiteral("search-in-use"));
 }
@@ -88,7 +88,7 @@ TEST_F(AtScale1, searchInUse)
 TEST_F(AtScale1, searchWithResults)
 {
     fillCatalog();
-    open(Tab::Search);
+    open(Tab::Search, Low);
     searchBarOf(screen()).setActive(true);
     searchBarOf(screen()).setText(QStringLiteral("wa"));
     expectPicture(QStringLiteral("search-results"));
@@ -97,7 +97,7 @@ TEST_F(AtScale1, searchWithResults)
 TEST_F(AtScale1, searchWithoutResults)
 {
     fillCatalog();
-    open(Tab::Search);
+    open(Tab::Search, Low);
     searchBarOf(screen()).setActive(true);
     searchBarOf(screen()).setText(QStringLiteral("zzz"));
     expectPicture(QStringLiteral("search-no-results"));
@@ -106,15 +106,17 @@ TEST_F(AtScale1, searchWithoutResults)
 TEST_F(AtScale1, pullOfTheTable)
 {
     fillCatalog();
-    open({ 390, 480 });
+    open(Low);
     scrollTo(-52);
     expectPicture(QStringLiteral("pull"));
 }
 
+// And a bar button that is disabled meanwhile.
 TEST_F(AtScale1, pressedRow)
 {
     fillCatalog();
-    open({ 390, 480 });
+    open(Low);
+    screen().navigationItem()->rightBarButtonItem()->setEnabled(false);
     shownTable().pressRow(0, 1, true);
     expectPicture(QStringLiteral("pressed-row"));
 }
@@ -123,7 +125,7 @@ TEST_F(AtScale1, openDeleteRowOfASource)
 {
     addSources();
     fillCatalog();
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 0);
     shownTable().openRowForDeletion(0, 1);
     expectPicture(QStringLiteral("delete-source"));
@@ -134,31 +136,23 @@ TEST_F(AtScale1, openDeleteRowOfTheQueue)
     fillCatalog();
     queue(QStringLiteral("Almanac"), QueueActionInstall, QueueStatusQueued);
     queue(QStringLiteral("Signalbox"), QueueActionUpgrade, QueueStatusFailed);
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 2);
     shownTable().openRowForDeletion(0, 0);
     expectPicture(QStringLiteral("delete-queued"));
 }
 
-TEST_F(AtScale1, disabledBarButton)
-{
-    fillCatalog();
-    open({ 390, 480 });
-    screen().navigationItem()->rightBarButtonItem()->setEnabled(false);
-    expectPicture(QStringLiteral("disabled-bar-button"));
-}
-
 TEST_F(AtScale1, excessiveTexts)
 {
     fillCatalogExcessively();
-    open(Tab::Changes);
+    open(Tab::Changes, Low);
     expectPicture(QStringLiteral("excessive-list"));
 }
 
 TEST_F(AtScale1, excessivePackage)
 {
     fillCatalogExcessively();
-    open(Tab::Changes);
+    open(Tab::Changes, Low);
     tap(0, 1);
     expectPicture(QStringLiteral("excessive-package"));
 }
@@ -166,7 +160,7 @@ TEST_F(AtScale1, excessivePackage)
 TEST_F(AtScale1, excessiveCategories)
 {
     fillCatalogExcessively();
-    open(Tab::Categories);
+    open(Tab::Categories, Low);
     expectPicture(QStringLiteral("excessive-categories"));
 }
 
@@ -176,7 +170,7 @@ TEST_F(AtScale1, excessiveQueue)
     const QString name = manager->packagesSortedByName()[1]->name();
     queue(name, QueueActionUninstall, QueueStatusDownloading);
     queue(QStringLiteral("Long Version"), QueueActionUpgrade, QueueStatusInstalling);
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 2);
     expectPicture(QStringLiteral("excessive-queue"));
 }
@@ -187,7 +181,7 @@ TEST_F(AtScale1, excessiveSource)
     manager->repositories().front()->setName(QStringLiteral("A Source Called After Everybody Who Ever Uploaded to It"));
     manager->repositories().front()->setUrlString(
         QStringLiteral("http://127.0.0.1/a/path/that/goes/down/and/down/and/never/seems/to/reach/a/file"));
-    open(Tab::Manage, { 390, 480 });
+    open(Tab::Manage, Low);
     tap(0, 0);
     expectPicture(QStringLiteral("excessive-source"));
 }

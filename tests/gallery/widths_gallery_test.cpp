@@ -1,70 +1,75 @@
 // From the narrowest phone to a wide desktop window, upright and on the side.
 #include "Gallery.h"
 
-#include "SearchController.h"
-
 namespace {
 
-constexpr QSize Narrow(320, 568);
-constexpr QSize Landscape(844, 390);
-constexpr QSize Tablet(768, 1024);
-constexpr QSize Desktop(1280, 720);
+constexpr QSize Tablet(768, 440);
+constexpr QSize Desktop(1280, 440);
 
 } // namespace
 
-TEST_F(AtScale1, narrowHome)
+TEST_F(OnASmallPhone, home)
 {
     fillCatalog();
-    open(Narrow);
-    expectPicture(QStringLiteral("narrow-home"));
+    open();
+    expectPicture(QStringLiteral("home"));
 }
 
-TEST_F(AtScale1, narrowPackage)
+TEST_F(OnASmallPhone, package)
 {
     fillCatalog();
-    open(Narrow);
+    open();
     tap(0, 3);
     scrollToEnd();
-    expectPicture(QStringLiteral("narrow-package"));
+    expectPicture(QStringLiteral("package"));
 }
 
-TEST_F(AtScale1, narrowSources)
+TEST_F(OnASmallPhone, sources)
 {
     addSources();
     fillCatalog();
-    open(Tab::Manage, Narrow);
+    open(Tab::Manage);
     tap(0, 0);
-    expectPicture(QStringLiteral("narrow-sources"));
+    expectPicture(QStringLiteral("sources"));
 }
 
-TEST_F(AtScale1, narrowAlert)
+TEST_F(OnASmallPhone, excessiveQueue)
+{
+    fillCatalogExcessively();
+    queue(manager->packagesSortedByName()[1]->name(), QueueActionUninstall, QueueStatusDownloading);
+    open(Tab::Manage);
+    tap(0, 2);
+    expectPicture(QStringLiteral("queue"));
+}
+
+TEST_F(AtScale1, alertInALowWindow)
 {
     fillCatalog();
     open(Tab::Manage, { 320, 320 });
     tap(1, 0);
-    expectPicture(QStringLiteral("narrow-alert"));
+    expectPicture(QStringLiteral("alert-low-window"));
 }
 
-TEST_F(AtScale1, landscapeHome)
+TEST_F(OnAPhoneOnItsSide, home)
 {
     fillCatalog();
-    open(Landscape);
-    expectPicture(QStringLiteral("landscape-home"));
+    open();
+    expectPicture(QStringLiteral("home"));
 }
 
-TEST_F(AtScale1, landscapeSheet)
+TEST_F(OnAPhoneOnItsSide, sheet)
 {
     fillCatalog();
-    open(Tab::Manage, Landscape);
+    open(Tab::Manage);
     tap(2, 0);
-    expectPicture(QStringLiteral("landscape-sheet"));
+    expectPicture(QStringLiteral("sheet"));
 }
 
-TEST_F(AtScale1, tabletHome)
+TEST_F(OnAPhoneOnItsSide, search)
 {
     fillCatalog();
-    open(Tablet);
-    expectPicture(QStringLiteral("tablet-home"));
+    open(Tab::Search);
+    expectPicture(QStringLiteral("search"));
 }
 
 TEST_F(AtScale1, tabletManage)
@@ -74,11 +79,20 @@ TEST_F(AtScale1, tabletManage)
     expectPicture(QStringLiteral("tablet-manage"));
 }
 
-TEST_F(AtScale1, desktopHome)
+TEST_F(AtScale1, tabletSources)
+{
+    addSources();
+    fillCatalog();
+    open(Tab::Manage, Tablet);
+    tap(0, 0);
+    expectPicture(QStringLiteral("tablet-sources"));
+}
+
+TEST_F(AtScale1, desktopChanges)
 {
     fillCatalog();
-    open(Desktop);
-    expectPicture(QStringLiteral("desktop-home"));
+    open(Tab::Changes, Desktop);
+    expectPicture(QStringLiteral("desktop-changes"));
 }
 
 TEST_F(AtScale1, desktopSearch)
@@ -93,15 +107,6 @@ TEST_F(AtScale1, desktopPackage)
     fillCatalog();
     open(Desktop);
     tap(0, 3);
+    scrollToEnd();
     expectPicture(QStringLiteral("desktop-package"));
-}
-
-// The layout follows the window, also where the screen was made for another width.
-TEST_F(AtScale1, widenedHome)
-{
-    fillCatalog();
-    open(Narrow);
-    quickWindow().resize(Landscape);
-    ASSERT_TRUE(waitUntil([this] { return tabs().view()->width() == Landscape.width(); }));
-    expectPicture(QStringLiteral("widened-home"));
 }

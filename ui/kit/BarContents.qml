@@ -18,6 +18,14 @@ FocusScope {
 
     signal back
 
+    // A title that there is no room for gives way to a word that says as much as its first letters would.
+    TextMetrics {
+        id: backTitle
+
+        font.family: KitLook.fontFamily
+        font.pixelSize: 16
+        text: root.page.backTitle.slice(0, 500)
+    }
     Row {
         id: leftItems
 
@@ -30,12 +38,14 @@ FocusScope {
             height: root.barHeight
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
-            title: root.page.backTitle.slice(0, 500)
-            maximumTitleWidth: Math.max(60, (root.width - title.implicitWidth) / 2 - 56)
+            title: backTitle.advanceWidth <= maximumTitleWidth ? backTitle.text : KitLook.backTitle
+            maximumTitleWidth: Math.max(60, root.width - title.implicitWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
         }
         BarButton {
+            id: leftItem
+
             bar: root.bar
             height: root.barHeight
             visible: root.item.leftItem !== null

@@ -88,6 +88,7 @@ Item {
 
             readonly property double hairline: 1 / Screen.devicePixelRatio
 
+            visible: !root.view.meetsHeader
             x: root.view.separatorLeft
             y: root.height - hairline
             width: root.width - root.view.separatorLeft - root.view.separatorRight

@@ -212,7 +212,7 @@ void TableView::showRow(const IndexPath& indexPath)
     TableViewCell* cell = m_delegate->cellForRowAtIndexPath(indexPath);
     m_visibleCells[indexPath] = cell;
     cell->setIndexPath(indexPath);
-    cell->setFrame(rectForRow(indexPath));
+    placeCell(*cell, indexPath);
     cell->setNeedsLayout();
     cell->setHidden(false);
     if (indexPath == m_selectedRow)
@@ -221,6 +221,14 @@ void TableView::showRow(const IndexPath& indexPath)
         return;
     addSubview(cell);
     m_cellModel.append(cell);
+}
+
+void TableView::placeCell(TableViewCell& cell, const IndexPath& indexPath)
+{
+    const int next = indexPath.section + 1;
+    const bool isLast = indexPath.row == m_layout.rowCount(indexPath.section) - 1;
+    cell.setFrame(rectForRow(indexPath));
+    cell.setMeetsHeader(isLast && next < m_layout.sectionCount() && m_headers.count(next) > 0);
 }
 
 void TableView::retireCell(TableViewCell* cell)
@@ -351,7 +359,7 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
     moveRowsAfterDeletion(indexPath);
     for (const auto& [now, cell] : m_visibleCells) {
         cell->setIndexPath(now);
-        cell->setFrame(rectForRow(now));
+        placeCell(*cell, now);
     }
     showChangedLayout();
 }

@@ -157,6 +157,7 @@ private:
     void updateVisibleRows();
     void retireRowsOutside(double top, double bottom);
     void showRow(const IndexPath& indexPath);
+    void placeCell(TableViewCell& cell, const IndexPath& indexPath);
     void retireCell(TableViewCell* cell);
     void retireAllCells();
     void adoptSubview(View*& slot, View* view, const std::function<void()>& letGo);

@@ -14,6 +14,7 @@ const Color DisclosureColor{ 0.5, 0.56, 0.63, 1, {} };
 constexpr double ViewMargin = 12;
 constexpr double ViewGap = 8;
 constexpr double GlyphMargin = 4;
+constexpr double TickMargin = 8; // reaches further right in its picture than the arrow
 constexpr double ImageGap = 12; // between the image and the text
 
 // Where something of that length begins in the middle of a longer one, on a whole point. A row's height comes from sums
@@ -136,7 +137,7 @@ void TableViewCell::layoutSubviews()
     double contentWidth = width();
     if (View* accessory = shownAccessory()) {
         const QSizeF size = accessory->frame().size();
-        const double left = width() - size.width() - (m_accessoryView ? ViewMargin : GlyphMargin);
+        const double left = width() - size.width() - accessoryMargin();
         accessory->setFrame({ { left, centred(height(), size.height()) }, size });
         contentWidth = left - (m_accessoryView ? ViewGap : 0);
     }
@@ -159,6 +160,13 @@ void TableViewCell::layoutSubviews()
         layOutSubtitle(left, textWidth);
     else
         layOutValue1(left, textWidth);
+}
+
+double TableViewCell::accessoryMargin() const
+{
+    if (m_accessoryView)
+        return ViewMargin;
+    return m_accessoryType == AccessoryType::Checkmark ? TickMargin : GlyphMargin;
 }
 
 void TableViewCell::layOutDefault(double left, double width)
@@ -196,6 +204,14 @@ void TableViewCell::setIndexPath(const IndexPath& indexPath)
     if (m_indexPath == indexPath)
         return;
     m_indexPath = indexPath;
+    Q_EMIT rowChanged();
+}
+
+void TableViewCell::setMeetsHeader(bool meets)
+{
+    if (m_meetsHeader == meets)
+        return;
+    m_meetsHeader = meets;
     Q_EMIT rowChanged();
 }
 

@@ -396,3 +396,32 @@ TEST(RowFocus, goesNowhereInAnEmptyTable)
     world.table.focusRow(0, 0);
     EXPECT_EQ(world.table.focusedRow(), -1);
 }
+
+TEST(RowSeparator, givesWayToTheEdgeOfTheHeaderThatFollows)
+{
+    TableWorld world({ 2, 2 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    EXPECT_FALSE(world.table.cellForRow({ 0, 0 })->meetsHeader());
+    EXPECT_TRUE(world.table.cellForRow({ 0, 1 })->meetsHeader());
+    EXPECT_FALSE(world.table.cellForRow({ 1, 1 })->meetsHeader()) << "nothing follows the last section";
+}
+
+TEST(RowSeparator, staysBetweenSectionsWithoutHeaders)
+{
+    TableWorld world({ 2, 2 });
+    world.show();
+    EXPECT_FALSE(world.table.cellForRow({ 0, 1 })->meetsHeader());
+}
+
+TEST(RowSeparator, givesWayInTheRowThatBecomesTheLastByADeletion)
+{
+    TableWorld world({ 3, 2 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.source.rows[0] = 2;
+    world.table.deleteRow({ 0, 2 }, TableView::Animation::None);
+    EXPECT_TRUE(world.table.cellForRow({ 0, 1 })->meetsHeader());
+}
