@@ -23,7 +23,11 @@ QString textOrEmpty(const QString& text)
 
 RepoManager* RepoManager::sharedManager()
 {
-    static auto* const manager = new RepoManager(CatalogWorld::real());
+    static auto* const manager = [] {
+        // The network works on a thread of its own, which must not outlive what the process takes apart at its end.
+        qAddPostRoutine([] { sharedManager()->m_world.network.reset(); });
+        return new RepoManager(CatalogWorld::real());
+    }();
     return manager;
 }
 

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int longestWait = 60000;
-constexpr qint64 mebibyte = 1024 * 1024;
+constexpr qint64 mebibyte = qint64(1024) * 1024;
 
 class InstallerProcess : public testing::Test
 {

@@ -36,7 +36,7 @@ RepoManager& CatalogFixture::manager()
 
 VeskRepositoryPtr CatalogFixture::addSource(const QString& urlString)
 {
-    const auto source = VeskRepository::repositoryWithURLString(urlString, QStringLiteral("Source"));
+    auto source = VeskRepository::repositoryWithURLString(urlString, QStringLiteral("Source"));
     manager().repositories().push_back(source);
     return source;
 }

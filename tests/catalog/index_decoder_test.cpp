@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t noLimit = 1024 * 1024 * 1024;
+constexpr std::size_t noLimit = std::size_t(1024) * 1024 * 1024;
 
 using Decoder = DecodeResult (*)(std::string_view, std::size_t, DecodeTarget&);
 

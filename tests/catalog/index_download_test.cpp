@@ -174,12 +174,12 @@ TEST_F(IndexDownloading, survivesEveryWayAServerCanBreak)
 TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOff)
 {
     LoopbackServer::Reply broken;
-    broken.body = stanza("wrong");
-    broken.declaredLength = broken.body.size() + 1;
+    broken.body = stanza("wrong").repeated(500);
+    broken.declaredLength = 1 << 20;
     serveIndex("Packages", stanza("plain"));
     const auto source = addServedSource(u"/r"_s);
     for (int round = 0; round < 40; ++round) {
-        broken.ending = round % 2 == 0 ? LoopbackServer::Ending::Close : LoopbackServer::Ending::Reset;
+        broken.ending = round % 4 == 0 ? LoopbackServer::Ending::Close : LoopbackServer::Ending::Reset;
         m_server.setReply("/r/Packages.bz2", broken);
         manager().packages().clear();
         ASSERT_TRUE(refresh(source));

@@ -30,7 +30,7 @@ TEST(IndexLimitsOfReading, failTheDecompressionOfWhatGrowsBeyondThem)
 {
     IndexLimits limits;
     limits.textSize = 100000;
-    const QByteArray bomb = stanza("a") + QByteArray(100 * 1000 * 1000, '\n');
+    const QByteArray bomb = stanza("a") + QByteArray(100'000'000, '\n');
     EXPECT_TRUE(readIndex(jobFor(gzipped(bomb), Compression::Gzip, limits)).packages.empty());
     EXPECT_TRUE(readIndex(jobFor(bzipped(bomb), Compression::Bzip2, limits)).packages.empty());
     EXPECT_EQ(readIndex(jobFor(gzipped(stanza("a")), Compression::Gzip, limits)).packages.size(), 1U);
@@ -54,11 +54,11 @@ TEST(IndexLimitsOfReading, areNotNeededToGiveUpOnRequest)
 
 TEST(IndexLimitsOfReading, letHugeLinesAndStanzasPassInLinearTime)
 {
-    const QByteArray longLine = "Package: a\nDescription: " + QByteArray(20 * 1000 * 1000, 'x') + "\n\n";
+    const QByteArray longLine = "Package: a\nDescription: " + QByteArray(20'000'000, 'x') + "\n\n";
     const PackageVector packages = readIndex(jobFor(longLine, Compression::None, {})).packages;
     ASSERT_EQ(packages.size(), 1U);
-    EXPECT_EQ(packages[0]->desc().size(), 20 * 1000 * 1000);
-    const QByteArray longStanza = "Package: a\n" + QByteArray("Tag: x\n").repeated(3 * 1000 * 1000);
+    EXPECT_EQ(packages[0]->desc().size(), 20'000'000);
+    const QByteArray longStanza = "Package: a\n" + QByteArray("Tag: x\n").repeated(3'000'000);
     EXPECT_EQ(readIndex(jobFor(longStanza, Compression::None, {})).packages.size(), 1U);
 }
 
@@ -69,7 +69,7 @@ class IndexLimitsOfDownloading : public CatalogFixture
 TEST_F(IndexLimitsOfDownloading, cutAnEndlessBodyShort)
 {
     CatalogWorld small = world();
-    small.downloadLimits.largestBody = 1000 * 1000;
+    small.downloadLimits.largestBody = 1'000'000;
     m_store->stored = std::vector<StoredSource>();
     m_manager = std::make_unique<RepoManager>(std::move(small));
     m_manager->repositories().clear();
@@ -82,7 +82,7 @@ TEST_F(IndexLimitsOfDownloading, cutAnEndlessBodyShort)
     m_server.serve("/r/Packages", stanza("plain"));
     ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
     EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
-    EXPECT_LT(m_server.bytesSent(), 20 * 1000 * 1000);
+    EXPECT_LT(m_server.bytesSent(), 20'000'000);
 }
 
 TEST_F(IndexLimitsOfDownloading, leaveAnEndlessErrorPageUnread)
@@ -95,5 +95,5 @@ TEST_F(IndexLimitsOfDownloading, leaveAnEndlessErrorPageUnread)
     m_server.serve("/r/Packages", stanza("plain"));
     ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
     EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
-    EXPECT_LT(m_server.bytesSent(), 20 * 1000 * 1000);
+    EXPECT_LT(m_server.bytesSent(), 20'000'000);
 }

@@ -28,6 +28,7 @@ TEST(TextInterner, keepsEqualTextsOnceHoweverManyThereAre)
 {
     TextInterner interner;
     std::vector<TextPool::Handle> handles;
+    handles.reserve(5000);
     for (int number = 0; number < 5000; ++number)
         handles.push_back(interner.add(std::to_string(number)));
     const std::size_t size = interner.pool()->size();

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 #include <thread>
 
@@ -16,7 +15,7 @@ void writeWindows(WindowRing& ring, int count)
         if (window == nullptr)
             break;
         const std::string text = std::to_string(number) + std::string(static_cast<std::size_t>(number % 50), '.');
-        std::memcpy(window, text.data(), text.size());
+        text.copy(window, text.size());
         ring.accept(text.size());
     }
     ring.finish();

@@ -5,10 +5,10 @@
 
 namespace {
 
-constexpr qsizetype largestHead = 64 * 1024;
-constexpr qint64 fillerStep = 64 * 1024;
+constexpr qsizetype largestHead = qsizetype(64) * 1024;
+constexpr qint64 fillerStep = qint64(64) * 1024;
 // How much may wait in the socket before more filler is made.
-constexpr qint64 mostWaiting = 256 * 1024;
+constexpr qint64 mostWaiting = qint64(256) * 1024;
 
 LoopbackServer::Request parsedHead(const QByteArray& head)
 {

@@ -19,8 +19,8 @@ FocusScope {
     }
 
     Accessible.role: Accessible.Dialog
-    Accessible.name: alert.title
-    Accessible.description: alert.message
+    Accessible.name: heading.text
+    Accessible.description: message.text
     Keys.onTabPressed: event => root.showFocus(event)
     Keys.onBacktabPressed: event => root.showFocus(event)
     Keys.onUpPressed: texts.scroll(-40)
@@ -129,6 +129,8 @@ FocusScope {
                     renderType: Text.NativeRendering
                 }
                 Text {
+                    id: message
+
                     width: parent.width
                     visible: text.length > 0
                     horizontalAlignment: Text.AlignHCenter

@@ -38,7 +38,11 @@ FocusScope {
             height: root.barHeight
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
+<<<<<<< HEAD
             title: backTitle.advanceWidth <= maximumTitleWidth ? root.page.backTitle : KitLook.backTitle
+=======
+            title: root.page.backTitle.slice(0, 500)
+>>>>>>> main
             maximumTitleWidth: Math.max(60, (root.width - title.implicitWidth) / 2 - 56)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
@@ -58,7 +62,7 @@ FocusScope {
         x: Math.round(Math.max(root.leftEdge, Math.min(middle, root.width - root.rightEdge - width))) + root.titleShift
         width: Math.min(implicitWidth, root.width - root.leftEdge - root.rightEdge)
         height: root.barHeight
-        text: root.item.title
+        text: root.item.title.slice(0, 500)
         textFormat: Text.PlainText
         font: root.bar.titleFont
         color: root.bar.titleColor

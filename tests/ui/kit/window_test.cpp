@@ -329,6 +329,22 @@ TEST_F(KitWindowTest, tellsAScreenReaderNoMoreOfATextThanIsShown)
     EXPECT_EQ(row->text(QAccessible::Description), cell->detailTextLabel()->shownText());
 }
 
+TEST_F(KitWindowTest, boundsTheTitlesOfItsBarAndTheNamesOfItsControls)
+{
+    const QString endless(2'000'000, u'W');
+    stack(0)->pushViewController(new ListScreen(endless), NavigationController::Animation::None);
+    stack(0)->pushViewController(new ListScreen(QStringLiteral("Below")), NavigationController::Animation::None);
+    grabbed();
+    ASSERT_NE(accessible(QStringLiteral("Back")), nullptr);
+    EXPECT_LE(accessible(QStringLiteral("Back"))->text(QAccessible::Description).size(), 500);
+    stack(0)->popViewController(NavigationController::Animation::None);
+    grabbed();
+    EXPECT_NE(accessible(endless.left(500)), nullptr);
+    Switch control;
+    control.setAccessibilityLabel(endless);
+    EXPECT_EQ(control.accessibilityLabel(), endless.left(1'000));
+}
+
 TEST_F(KitWindowTest, closesInTheMiddleOfEverything)
 {
     grabbed();
