@@ -1,19 +1,12 @@
 #include "ArchiveReception.h"
 
-#include <QNetworkRequest>
+#include "WebRequest.h"
 
 #include <utility>
 
 namespace {
 
 constexpr qint64 smallestArchive = 1000;
-constexpr int acceptedStatus = 200;
-
-bool mayLead(const QUrl& from, const QUrl& to)
-{
-    const bool isSecure = to.scheme() == QLatin1String("https");
-    return to.isValid() && (isSecure || (to.scheme() == QLatin1String("http") && from.scheme() == to.scheme()));
-}
 
 } // namespace
 
@@ -23,7 +16,7 @@ bool isAcceptable(const ArchiveResponse& response)
         return false;
     if (response.length < smallestArchive)
         return false;
-    return response.status == acceptedStatus;
+    return response.status == statusOK;
 }
 
 ArchiveReception::ArchiveReception(
@@ -51,30 +44,10 @@ void ArchiveReception::giveUp()
 std::unique_ptr<PartialFile> ArchiveReception::takeFile()
 {
     drain();
-    const bool failed = m_isGivenUp || m_reply.error() != QNetworkReply::NoError || isShort();
-    if (!isAcceptable({ .hasTransportError = failed, .length = m_received, .status = status() }))
+    const bool failed = m_isGivenUp || m_reply.error() != QNetworkReply::NoError || hasWrongLength(m_reply, m_received);
+    if (!isAcceptable({ .hasTransportError = failed, .length = m_received, .status = statusOf(m_reply) }))
         m_file.reset();
     return std::move(m_file);
-}
-
-QUrl ArchiveReception::redirect() const
-{
-    const QUrl target = m_reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
-    const QUrl next = m_reply.url().resolved(target);
-    return !target.isEmpty() && mayLead(m_reply.url(), next) ? next : QUrl();
-}
-
-int ArchiveReception::status() const
-{
-    return m_reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-}
-
-// Qt takes a body that broke off for whole when it meets the end of the connection together with the last bytes, so the
-// length is compared here too. The length that a server tells of a compressed transfer is not the body's.
-bool ArchiveReception::isShort() const
-{
-    const QVariant told = m_reply.header(QNetworkRequest::ContentLengthHeader);
-    return told.isValid() && !m_reply.hasRawHeader("Content-Encoding") && m_received != told.toLongLong();
 }
 
 void ArchiveReception::drain()
@@ -87,7 +60,7 @@ bool ArchiveReception::takePiece()
 {
     const qint64 length = m_reply.read(m_piece.data(), static_cast<qint64>(m_piece.size()));
     m_received += qMax<qint64>(length, 0);
-    if (length < 0 || status() != acceptedStatus || m_received > m_limits.largestBody || !write(length))
+    if (length < 0 || statusOf(m_reply) != statusOK || m_received > m_limits.largestBody || !write(length))
         giveUp();
     return length > 0;
 }

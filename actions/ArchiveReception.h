@@ -1,13 +1,12 @@
 #pragma once
 
-#include "InstallerSurroundings.h"
+#include "DownloadLimits.h"
 #include "PrivateDirectory.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QNetworkReply>
 #include <QTimer>
-#include <QUrl>
 
 #include <array>
 #include <memory>
@@ -35,14 +34,10 @@ public:
     void giveUp();
     // For the end of the loop: the body, when the response is accepted, else null.
     std::unique_ptr<PartialFile> takeFile();
-    // Where the answer leads on to; invalid when it is none that may.
-    QUrl redirect() const;
 
 private:
     static constexpr size_t pieceSize = 64UL * 1024;
 
-    int status() const;
-    bool isShort() const;
     void drain();
     bool takePiece();
     bool write(qint64 length);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InstallerSurroundings.h"
+#include "DownloadLimits.h"
 #include "PrivateDirectory.h"
 
 #include <QNetworkAccessManager>
@@ -14,8 +14,6 @@
 class ArchiveRequest
 {
 public:
-    static constexpr int mostRedirects = 20;
-
     ArchiveRequest(QNetworkAccessManager& manager, const DownloadLimits& limits);
 
     // Null when the response is not acceptable, when the body cannot be written, or once told to stop; nothing is left

@@ -3,21 +3,9 @@
 #include "ArchiveRequest.h"
 #include "PrivateDirectory.h"
 #include "RepositoryURL.h"
+#include "WebRequest.h"
 
 #include <utility>
-
-namespace {
-
-// What is not fetched over the network is no source of archives.
-std::optional<QUrl> requestableURL(const QString& text)
-{
-    const auto url = RepositoryURL::fromString(text);
-    if (!url || (url->scheme() != QLatin1String("http") && url->scheme() != QLatin1String("https")))
-        return std::nullopt;
-    return url->url();
-}
-
-} // namespace
 
 QString archiveName(const VeskPackage& package)
 {
@@ -45,10 +33,10 @@ QString PackageDownload::download(const VeskPackagePtr& package, const std::stop
     const bool isWritable = directory && isPlainFileName(name);
     ArchiveRequest request(m_manager, m_limits);
     for (const QString& candidate : archiveURLs(package->repository()->urlString(), name)) {
-        const auto url = requestableURL(candidate);
-        if (!url || stop.stop_requested())
+        const auto url = RepositoryURL::fromString(candidate);
+        if (!url || !isWebURL(url->url()) || stop.stop_requested())
             continue;
-        auto file = request.fetch(*url, isWritable ? &*directory : nullptr, stop);
+        auto file = request.fetch(url->url(), isWritable ? &*directory : nullptr, stop);
         if (file && file->moveTo(name))
             return directory->pathOf(name);
     }

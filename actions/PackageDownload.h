@@ -1,6 +1,6 @@
 #pragma once
 
-#include "InstallerSurroundings.h"
+#include "DownloadLimits.h"
 #include "VeskPackage.h"
 
 #include <QNetworkAccessManager>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DownloadLimits.h"
 #include "IndexLimits.h"
 #include "SourceStore.h"
 
@@ -7,7 +8,6 @@
 #include <QStringList>
 #include <QThreadPool>
 
-#include <chrono>
 #include <memory>
 
 // What the catalog needs of the world outside it.
@@ -21,8 +21,11 @@ struct CatalogWorld
     QThreadPool* workers = nullptr;
     // The language whose order of letters names are sorted by ("de", "sv_SE").
     QString collationLocale;
-    // How long a server may stay silent before a request fails.
-    std::chrono::milliseconds inactivityTimeout{ 20000 };
+    // Of one index.
+    DownloadLimits downloadLimits{
+        .inactivityTimeout = std::chrono::seconds(20),
+        .largestBody = qint64(256) * 1024 * 1024,
+    };
     IndexLimits limits;
 
     // The user's own sources, this machine's dpkg and its network.

@@ -1,54 +1,34 @@
 #include "IndexDownload.h"
 
 #include "RepositoryURL.h"
+#include "WebRequest.h"
 
 #include <QNetworkReply>
-#include <QNetworkRequest>
 
 namespace {
-
-const QByteArray userAgent = QByteArrayLiteral("Telesphoreo APT-HTTP/1.0.592");
-
-constexpr int statusOK = 200;
 
 // What the network may hold back before it is read here; without a bound it would receive far beyond the one for
 // bodies.
 constexpr qint64 readBufferSize = qint64(1024) * 1024;
 
-QNetworkRequest requestFor(const RepositoryURL& url, std::chrono::milliseconds inactivity)
-{
-    QNetworkRequest request(url.url());
-    request.setRawHeader(QByteArrayLiteral("User-Agent"), userAgent);
-    request.setTransferTimeout(static_cast<int>(inactivity.count()));
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    return request;
-}
-
-bool isWeb(const RepositoryURL& url)
-{
-    return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-}
-
-int statusOf(const QNetworkReply& reply)
-{
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-}
-
 } // namespace
 
 IndexDownload::IndexDownload(
-    QNetworkAccessManager& network, const RepositoryURL& url, Bounds bounds, Done done, QObject* parent)
+    QNetworkAccessManager& network, const RepositoryURL& url, const DownloadLimits& limits, Done done, QObject* parent)
     : QObject(parent)
-    , m_bounds(bounds)
+    , m_network(network)
+    , m_limits(limits)
     , m_done(std::move(done))
 {
-    if (isWeb(url))
-        start(network, url);
+    m_clock.start();
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &IndexDownload::failIfTooSlow);
+    m_patience.start(m_limits.patience);
+    if (isWebURL(url.url()))
+        ask(url.url());
     else
         QMetaObject::invokeMethod(
-            this, [this] { m_done(std::nullopt); }, Qt::QueuedConnection);
+            this, [this] { end(std::nullopt); }, Qt::QueuedConnection);
 }
 
 IndexDownload::~IndexDownload()
@@ -56,31 +36,52 @@ IndexDownload::~IndexDownload()
     dropReply();
 }
 
-void IndexDownload::start(QNetworkAccessManager& network, const RepositoryURL& url)
+void IndexDownload::ask(const QUrl& url)
 {
-    m_reply = network.get(requestFor(url, m_bounds.inactivity));
+    dropReply();
+    m_reply = m_network.get(webRequest(url, m_limits.inactivityTimeout));
     m_reply->setReadBufferSize(readBufferSize);
     connect(m_reply, &QNetworkReply::readyRead, this, &IndexDownload::readAvailable);
     connect(m_reply, &QNetworkReply::finished, this, &IndexDownload::finish);
 }
 
+// The body of any other status is of no use to anybody: what is to be done then is known without it.
 void IndexDownload::readAvailable()
 {
+    if (statusOf(*m_reply) != statusOK)
+        return finish();
     m_body.append(m_reply->readAll());
-    if (statusOf(*m_reply) != statusOK || static_cast<std::size_t>(m_body.size()) > m_bounds.bodySize) {
-        dropReply();
-        m_done(std::nullopt);
-    }
+    if (m_body.size() > m_limits.largestBody)
+        end(std::nullopt);
 }
 
 void IndexDownload::finish()
 {
+    const QUrl next = redirectOf(*m_reply);
+    if (next.isValid() && m_redirects++ < mostRedirects)
+        return ask(next);
     bool isSound = m_reply->error() == QNetworkReply::NoError && statusOf(*m_reply) == statusOK;
     if (isSound)
         m_body.append(m_reply->readAll());
-    isSound = isSound && !m_body.isEmpty() && static_cast<std::size_t>(m_body.size()) <= m_bounds.bodySize;
+    isSound = isSound && !hasWrongLength(*m_reply, m_body.size()) && !m_body.isEmpty()
+        && m_body.size() <= m_limits.largestBody;
+    end(isSound ? std::optional(std::move(m_body)) : std::nullopt);
+}
+
+void IndexDownload::failIfTooSlow()
+{
+    const auto left = m_limits.timeAllowed(m_body.size()) - std::chrono::milliseconds(m_clock.elapsed());
+    if (left.count() > 0)
+        m_patience.start(left);
+    else
+        end(std::nullopt);
+}
+
+void IndexDownload::end(std::optional<QByteArray> body)
+{
+    m_patience.stop();
     dropReply();
-    m_done(isSound ? std::optional(std::move(m_body)) : std::nullopt);
+    m_done(std::move(body));
 }
 
 // A reply that is deleted ends its connection by itself; one that is aborted first may report its own error on top.

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "DownloadLimits.h"
+
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QNetworkAccessManager>
 #include <QObject>
+#include <QTimer>
 
-#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -13,32 +16,34 @@ class RepositoryURL;
 
 // One request for one index file, made when it is constructed; lives on the main thread.
 // Redirects are followed, to http and https only and never from https to http; nothing comes from or goes to a cache or
-// a cookie jar; a silent server and an endless body fail.
+// a cookie jar; a server that is silent or all too slow, and an endless body, fail.
 class IndexDownload : public QObject
 {
     Q_OBJECT
 
 public:
-    struct Bounds
-    {
-        std::chrono::milliseconds inactivity;
-        std::size_t bodySize;
-    };
-    // None when it failed: an error, any status but 200, an empty body or one beyond the bounds.
+    // None when it failed: an error, any status but 200, an empty body, one that broke off or one beyond the limits.
     using Done = std::function<void(std::optional<QByteArray> body)>;
 
     // Done is called exactly once, in a later turn of the event loop, unless this is destroyed first.
-    IndexDownload(QNetworkAccessManager& network, const RepositoryURL& url, Bounds bounds, Done done, QObject* parent);
+    IndexDownload(QNetworkAccessManager& network, const RepositoryURL& url, const DownloadLimits& limits, Done done,
+        QObject* parent);
     ~IndexDownload() override;
 
 private:
-    void start(QNetworkAccessManager& network, const RepositoryURL& url);
+    void ask(const QUrl& url);
     void readAvailable();
     void finish();
+    void failIfTooSlow();
+    void end(std::optional<QByteArray> body);
     void dropReply();
 
-    Bounds m_bounds;
+    QNetworkAccessManager& m_network;
+    DownloadLimits m_limits;
     Done m_done;
+    QElapsedTimer m_clock;
+    QTimer m_patience;
     QNetworkReply* m_reply = nullptr;
+    int m_redirects = 0;
     QByteArray m_body;
 };

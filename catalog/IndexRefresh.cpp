@@ -64,8 +64,7 @@ void IndexRefresh::attempt(std::size_t index)
             QMetaObject::invokeMethod(
                 this, [this, index] { attempt(index + 1); }, Qt::QueuedConnection);
     };
-    const IndexDownload::Bounds bounds{ m_tools.inactivityTimeout, m_tools.limits.bodySize };
-    m_download = std::make_unique<IndexDownload>(*m_tools.network, *url, bounds, done, nullptr);
+    m_download = std::make_unique<IndexDownload>(*m_tools.network, *url, m_tools.downloadLimits, done, nullptr);
 }
 
 void IndexRefresh::read(QByteArray body, std::size_t index)

@@ -22,7 +22,7 @@ public:
         QStringList statusPaths;
         std::shared_ptr<const NameOrder> nameOrder;
         IndexLimits limits;
-        std::chrono::milliseconds inactivityTimeout{};
+        DownloadLimits downloadLimits;
         CancelFlag cancelled;
     };
     // No packages: every candidate failed.

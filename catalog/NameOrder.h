@@ -15,7 +15,8 @@ public:
     explicit NameOrder(const QString& locale);
     ~NameOrder();
 
-    // Appends a key that compares bytewise as the texts do in this order.
+    // Appends a key that compares bytewise as the texts do in this order; texts that are alike in their first thousand
+    // bytes count as equal.
     void appendKey(std::string_view utf8, std::string& keys) const;
     std::string keyOf(std::string_view utf8) const;
 

@@ -23,7 +23,11 @@ QString textOrEmpty(const QString& text)
 
 RepoManager* RepoManager::sharedManager()
 {
-    static auto* const manager = new RepoManager(CatalogWorld::real());
+    static auto* const manager = [] {
+        // The network works on a thread of its own, which must not outlive what the process takes apart at its end.
+        qAddPostRoutine([] { sharedManager()->m_world.network.reset(); });
+        return new RepoManager(CatalogWorld::real());
+    }();
     return manager;
 }
 
@@ -180,7 +184,7 @@ void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const C
         report();
     };
     const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers, m_world.statusPaths, m_nameOrder,
-        m_world.limits, m_world.inactivityTimeout, m_cancelled };
+        m_world.limits, m_world.downloadLimits, m_cancelled };
     new IndexRefresh(repository, *root, tools, done, this);
 }
 

@@ -1,7 +1,6 @@
 #include "WindowRing.h"
 
-// The counters run in 31 bits and may wrap: only their difference counts, and the number of windows divides their
-// range.
+// The counters run in 31 bits, which no text within the limits of an index comes near to.
 
 WindowRing::WindowRing()
     : m_windows(new std::array<Window, windowCount>)

@@ -1,7 +1,7 @@
 #include "PackageDownloadTest.h"
 
 #include "ArchiveReception.h"
-#include "ArchiveRequest.h"
+#include "WebRequest.h"
 
 #include <thread>
 
@@ -281,7 +281,7 @@ TEST_F(PackageDownloadTest, endsARedirectThatLeadsInACircle)
     m_server.serve(m_pool, m_body);
     EXPECT_EQ(contents(download()), m_body);
     // Its own request, each redirect, and the next candidate's.
-    EXPECT_EQ(m_server.requests().size(), 1U + ArchiveRequest::mostRedirects + 1U);
+    EXPECT_EQ(m_server.requests().size(), 1U + mostRedirects + 1U);
 }
 
 TEST_F(PackageDownloadTest, followsNoRedirectOutOfTheNetwork)

@@ -171,6 +171,33 @@ TEST_F(IndexDownloading, survivesEveryWayAServerCanBreak)
     EXPECT_EQ(packageIDs(), QStringList(u"last"_s));
 }
 
+TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOff)
+{
+    LoopbackServer::Reply broken;
+    broken.body = stanza("wrong").repeated(500);
+    broken.declaredLength = 1 << 20;
+    serveIndex("Packages", stanza("plain"));
+    const auto source = addServedSource(u"/r"_s);
+    for (int round = 0; round < 40; ++round) {
+        broken.ending = round % 4 == 0 ? LoopbackServer::Ending::Close : LoopbackServer::Ending::Reset;
+        m_server.setReply("/r/Packages.bz2", broken);
+        manager().packages().clear();
+        ASSERT_TRUE(refresh(source));
+        ASSERT_EQ(packageIDs(), QStringList(u"plain"_s)) << round;
+    }
+}
+
+TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOffBetweenItsChunks)
+{
+    LoopbackServer::Reply broken;
+    broken.garbage = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n10\r\nPackage: wrong\n\n\r\n";
+    broken.ending = LoopbackServer::Ending::Close;
+    m_server.setReply("/r/Packages.bz2", broken);
+    serveIndex("Packages", stanza("plain"));
+    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+}
+
 TEST_F(IndexDownloading, readsABodyWhoseEndIsTheEndOfTheConnection)
 {
     LoopbackServer::Reply reply;
@@ -201,6 +228,22 @@ TEST_F(IndexDownloading, followsRedirects)
     EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
     for (const LoopbackServer::Request& request : m_server.requests())
         EXPECT_EQ(request.header("User-Agent"), "Telesphoreo APT-HTTP/1.0.592");
+}
+
+TEST_F(IndexDownloading, followsARedirectWhateverStandsInItsOwnBody)
+{
+    LoopbackServer::Reply redirect;
+    redirect.status = 302;
+    redirect.headers = { { "Location", "/final" } };
+    redirect.body = stanza("wrong");
+    LoopbackServer::Reply final;
+    final.body = stanza("a");
+    final.declaredLength = -1;
+    final.ending = LoopbackServer::Ending::Close;
+    m_server.setReply("/r/Packages.bz2", redirect);
+    m_server.setReply("/final", final);
+    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
 }
 
 TEST_F(IndexDownloading, followsRedirectsNeitherInACircleNorOutOfTheWeb)
@@ -243,7 +286,7 @@ TEST_F(IndexDownloading, failsWhenNobodyListens)
 TEST_F(IndexDownloading, givesUpOnAServerThatFallsSilent)
 {
     CatalogWorld impatient = world();
-    impatient.inactivityTimeout = std::chrono::milliseconds(200);
+    impatient.downloadLimits.inactivityTimeout = std::chrono::milliseconds(200);
     m_store->stored = std::vector<StoredSource>();
     m_manager = std::make_unique<RepoManager>(std::move(impatient));
     m_manager->repositories().clear();
@@ -260,9 +303,27 @@ TEST_F(IndexDownloading, givesUpOnAServerThatFallsSilent)
     EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
 }
 
+TEST_F(IndexDownloading, givesUpABodyThatComesTooSlowly)
+{
+    CatalogWorld impatient = world();
+    impatient.downloadLimits.patience = std::chrono::milliseconds(200);
+    impatient.downloadLimits.slowestRate = qint64(1) << 40;
+    m_store->stored = std::vector<StoredSource>();
+    m_manager = std::make_unique<RepoManager>(std::move(impatient));
+    m_manager->repositories().clear();
+    LoopbackServer::Reply slow;
+    slow.body = stanza("wrong");
+    slow.declaredLength = 1000;
+    slow.ending = LoopbackServer::Ending::Stall;
+    m_server.setReply("/r/Packages.bz2", slow);
+    serveIndex("Packages", stanza("plain"));
+    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+}
+
 TEST_F(IndexDownloading, waitsTwentySecondsForASilentServerUnlessToldOtherwise)
 {
-    EXPECT_EQ(CatalogWorld().inactivityTimeout, std::chrono::seconds(20));
+    EXPECT_EQ(CatalogWorld().downloadLimits.inactivityTimeout, std::chrono::seconds(20));
 }
 
 TEST_F(IndexDownloading, readsBytesThatAreNotUtf8AsLatin1)

@@ -51,6 +51,16 @@ TEST(NameOrder, takesEmptyNullAndLongNames)
     EXPECT_TRUE(packages[0]->name().isNull());
 }
 
+TEST(NameOrder, keepsKeysShortHoweverLongANameIs)
+{
+    // One character whose key is eight times as long as itself.
+    const QByteArray name = QByteArray("\xef\xb7\xba").repeated(1000 * 1000);
+    const NameOrder order(u"en"_s);
+    const std::string key = order.keyOf({ name.constData(), static_cast<std::size_t>(name.size()) });
+    EXPECT_GT(key.size(), 1024U);
+    EXPECT_LT(key.size(), 16U * 1024U);
+}
+
 class NameOrderOfTheCatalog : public CatalogFixture
 {
 };

@@ -33,7 +33,7 @@ void IconDownload::receive()
 {
     m_body += m_reply->readAll();
     if (m_body.size() > m_largestBody)
-        m_reply->abort();
+        end({});
 }
 
 void IconDownload::finish()
@@ -42,6 +42,13 @@ void IconDownload::finish()
     if (isWhole && m_reply->isReadable())
         m_body += m_reply->readAll();
     const bool isGood = isWhole && m_body.size() <= m_largestBody;
-    m_completion(isGood ? m_body : QByteArray());
+    end(isGood ? m_body : QByteArray());
+}
+
+// The reply goes with this: one that is aborted first may report an error of its own on top.
+void IconDownload::end(const QByteArray& body)
+{
+    m_reply->disconnect(this);
+    m_completion(body);
     deleteLater();
 }

@@ -21,6 +21,7 @@ public:
 private:
     void receive();
     void finish();
+    void end(const QByteArray& body);
 
     QNetworkReply* m_reply;
     qint64 m_largestBody;

@@ -3,8 +3,9 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import ui.kit
 
-// An alert in the middle of the window, or a sheet at its lower edge (in the middle of a wide window), over a shade that
-// holds back everything else.
+// An alert in the middle of the window, or a sheet at its lower edge, over a shade that holds back everything else. On a
+// wide window a sheet stands in the middle: it belongs to the whole screen that presents it, so it points at no part of it.
+// Where the window is too low, the texts and the buttons scroll, each for themselves.
 FocusScope {
     id: root
 
@@ -12,9 +13,18 @@ FocusScope {
     readonly property bool wide: width >= 600
     readonly property bool sideBySide: !alert.sheet && alert.actions.length === 2
 
+    function showFocus(event) {
+        KeyboardFocus.shown = true;
+        event.accepted = false;
+    }
+
     Accessible.role: Accessible.Dialog
-    Accessible.name: alert.title
-    Accessible.description: alert.message
+    Accessible.name: heading.text
+    Accessible.description: message.text
+    Keys.onTabPressed: event => root.showFocus(event)
+    Keys.onBacktabPressed: event => root.showFocus(event)
+    Keys.onUpPressed: texts.scroll(-40)
+    Keys.onDownPressed: texts.scroll(40)
     Keys.onEscapePressed: root.alert.cancel()
     Keys.onReturnPressed: root.alert.confirm()
     Keys.onEnterPressed: root.alert.confirm()
@@ -26,7 +36,7 @@ FocusScope {
         NumberAnimation on opacity {
             from: 0
             to: 1
-            duration: 200
+            duration: Motion.duration(200)
         }
     }
     MouseArea {
@@ -39,12 +49,13 @@ FocusScope {
     Rectangle {
         id: panel
 
+        readonly property double room: root.height - 16 - 28 - 8
         readonly property double rest: root.alert.sheet && !root.wide ? root.height - height - 8 : (root.height - height) / 2
 
         x: Math.round((root.width - width) / 2)
         y: Math.round(rest)
         width: root.alert.sheet && !root.wide ? root.width - 16 : Math.min(290, root.width - 32)
-        height: contents.height + 28
+        height: choices.y + choices.height + 14
         radius: 12
         border.color: KitLook.panelEdge
         border.width: 2
@@ -63,7 +74,7 @@ FocusScope {
             running: !root.alert.sheet
             from: 0.85
             to: 1
-            duration: 200
+            duration: Motion.duration(200)
             easing.type: Easing.OutBack
         }
 
@@ -71,128 +82,170 @@ FocusScope {
         MouseArea {
             anchors.fill: parent
         }
-        Column {
-            id: contents
+        Flickable {
+            id: texts
 
             x: 14
             y: 14
             width: parent.width - 28
-            spacing: 8
+            height: Math.min(contentHeight, panel.room - choices.height)
+            contentHeight: contents.height
+            clip: contentHeight > height
+            boundsBehavior: Flickable.StopAtBounds
 
-            Text {
-                id: heading
+            // A field stands below the texts and is what matters.
+            onHeightChanged: if (fields.count > 0)
+                scroll(contentHeight)
+            onContentHeightChanged: if (fields.count > 0)
+                scroll(contentHeight)
 
-                width: parent.width
-                visible: text.length > 0
-                horizontalAlignment: Text.AlignHCenter
-                text: root.alert.title.slice(0, 500)
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                maximumLineCount: 3
-                elide: Text.ElideRight
-                font.family: KitLook.fontFamily
-                font.pixelSize: 17
-                font.bold: true
-                color: KitLook.panelText
-                style: Text.Sunken
-                styleColor: KitLook.textShadow
-                renderType: Text.NativeRendering
+            function scroll(points) {
+                contentY = Math.max(0, Math.min(contentY + points, contentHeight - height));
             }
-            Text {
-                // The buttons keep their place in a low window, the message has what is left.
-                readonly property double room: root.height - 44 - heading.height - 42 * fields.count - buttons.height - 16
 
-                width: parent.width
-                visible: text.length > 0
-                horizontalAlignment: Text.AlignHCenter
-                text: root.alert.message.slice(0, 2000)
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                maximumLineCount: Math.max(1, Math.min(12, Math.floor(room / 17)))
-                elide: Text.ElideRight
-                font.family: KitLook.fontFamily
-                font.pixelSize: 14
-                color: KitLook.panelText
-                style: Text.Sunken
-                styleColor: KitLook.textShadow
-                renderType: Text.NativeRendering
-            }
-            Repeater {
-                id: fields
+            Column {
+                id: contents
 
-                model: root.alert.textFields
-                delegate: Rectangle {
-                    id: box
+                width: texts.width
+                spacing: 8
 
-                    required property AlertTextField modelData
-                    required property int index
+                Text {
+                    id: heading
 
-                    width: contents.width
-                    height: 34
-                    radius: 6
-                    color: KitLook.field
-                    border.color: KitLook.edge
-                    border.width: 1
+                    width: parent.width
+                    visible: text.length > 0
+                    horizontalAlignment: Text.AlignHCenter
+                    text: root.alert.title.slice(0, 500)
+                    textFormat: Text.PlainText
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 3
+                    elide: Text.ElideRight
+                    font.family: KitLook.fontFamily
+                    font.pixelSize: 17
+                    font.bold: true
+                    color: KitLook.panelText
+                    style: Text.Sunken
+                    styleColor: KitLook.textShadow
+                    renderType: Text.NativeRendering
+                }
+                Text {
+                    id: message
 
-                    Text {
-                        anchors.fill: input
-                        visible: input.text.length === 0 && input.preeditText.length === 0
-                        verticalAlignment: Text.AlignVCenter
-                        text: box.modelData.placeholder
-                        color: KitLook.fieldPlaceholder
-                        font: input.font
-                        elide: Text.ElideRight
-                        renderType: Text.NativeRendering
-                    }
-                    TextInput {
-                        id: input
+                    width: parent.width
+                    visible: text.length > 0
+                    horizontalAlignment: Text.AlignHCenter
+                    text: root.alert.message.slice(0, 2000)
+                    textFormat: Text.PlainText
+                    wrapMode: Text.Wrap
+                    font.family: KitLook.fontFamily
+                    font.pixelSize: 14
+                    color: KitLook.panelText
+                    style: Text.Sunken
+                    styleColor: KitLook.textShadow
+                    renderType: Text.NativeRendering
+                }
+                Repeater {
+                    id: fields
 
-                        anchors.fill: parent
-                        anchors.leftMargin: 10
-                        anchors.rightMargin: 10
-                        clip: true
-                        focus: box.index === 0
-                        activeFocusOnTab: true
-                        verticalAlignment: Text.AlignVCenter
-                        font.family: KitLook.fontFamily
-                        font.pixelSize: 15
-                        color: KitLook.fieldText
-                        selectByMouse: true
-                        selectionColor: KitLook.focus
-                        inputMethodHints: box.modelData.inputHints
-                        text: box.modelData.text
-                        renderType: Text.NativeRendering
+                    model: root.alert.textFields
+                    delegate: Rectangle {
+                        id: box
 
-                        Accessible.role: Accessible.EditableText
-                        Accessible.name: box.modelData.placeholder
+                        required property AlertTextField modelData
+                        required property int index
 
-                        onTextChanged: box.modelData.text = text
-                        Component.onCompleted: if (box.index === 0)
-                            forceActiveFocus()
+                        width: contents.width
+                        height: 34
+                        radius: 6
+                        color: KitLook.field
+                        border.color: KitLook.edge
+                        border.width: 1
+
+                        Text {
+                            anchors.fill: input
+                            visible: input.text.length === 0 && input.preeditText.length === 0
+                            verticalAlignment: Text.AlignVCenter
+                            text: box.modelData.placeholder
+                            color: KitLook.fieldPlaceholder
+                            font: input.font
+                            elide: Text.ElideRight
+                            renderType: Text.NativeRendering
+                        }
+                        TextInput {
+                            id: input
+
+                            anchors.fill: parent
+                            anchors.leftMargin: 10
+                            anchors.rightMargin: 10
+                            clip: true
+                            focus: box.index === 0
+                            activeFocusOnTab: true
+                            verticalAlignment: Text.AlignVCenter
+                            font.family: KitLook.fontFamily
+                            font.pixelSize: 15
+                            color: KitLook.fieldText
+                            selectByMouse: true
+                            selectionColor: KitLook.focus
+                            inputMethodHints: box.modelData.inputHints
+                            text: box.modelData.text
+                            renderType: Text.NativeRendering
+
+                            Accessible.role: Accessible.EditableText
+                            Accessible.name: box.modelData.placeholder
+
+                            onTextChanged: box.modelData.text = text
+                            Component.onCompleted: if (box.index === 0)
+                                forceActiveFocus()
+                            Keys.onTabPressed: event => root.showFocus(event)
+                            Keys.onBacktabPressed: event => root.showFocus(event)
+                        }
                     }
                 }
             }
+        }
+        Flickable {
+            id: choices
+
+            x: 14
+            y: 14 + texts.height + 8
+            width: parent.width - 28
+            height: Math.min(contentHeight, Math.max(panel.room - contents.height, panel.room / 2))
+            contentHeight: buttons.height
+            clip: contentHeight > height
+            boundsBehavior: Flickable.StopAtBounds
+
+            function reveal(top, size) {
+                contentY = Math.max(Math.min(contentY, top), top + size - height);
+            }
+
             Grid {
                 id: buttons
-
-                width: parent.width
+                width: choices.width
                 columns: root.sideBySide ? 2 : 1
                 spacing: 8
                 topPadding: 4
-
                 Repeater {
                     model: root.alert.actions
                     delegate: PanelButton {
                         required property AlertAction modelData
                         required property int index
-
-                        width: root.sideBySide ? (contents.width - 8) / 2 : contents.width
+                        width: root.sideBySide ? (buttons.width - 8) / 2 : buttons.width
                         title: modelData.title
                         look: modelData.destructive ? PanelButton.Destructive : modelData.cancel ? PanelButton.Cancel : PanelButton.Default
                         onPressed: root.alert.choose(index)
+                        onActiveFocusChanged: if (activeFocus)
+                            choices.reveal(y, height)
                     }
                 }
             }
+        }
+        ScrollIndicator {
+            opacity: 1
+            flickable: texts
+        }
+        ScrollIndicator {
+            opacity: 1
+            flickable: choices
         }
     }
 

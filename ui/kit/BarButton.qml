@@ -54,7 +54,8 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         height: parent.height
         spacing: 2
-        opacity: !root.enabled ? 0.4 : area.pressed ? 0.5 : 1
+        // Not while the whole window is out of reach behind an alert.
+        opacity: root.item !== null && !root.item.enabled ? 0.4 : area.pressed ? 0.5 : 1
 
         ImageItem {
             id: picture

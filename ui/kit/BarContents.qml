@@ -18,6 +18,14 @@ FocusScope {
 
     signal back
 
+    // A title that there is no room for gives way to a word that says as much as its first letters would.
+    TextMetrics {
+        id: backTitle
+
+        font.family: KitLook.fontFamily
+        font.pixelSize: 16
+        text: root.page.backTitle.slice(0, 500)
+    }
     Row {
         id: leftItems
 
@@ -30,12 +38,14 @@ FocusScope {
             height: root.barHeight
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
-            title: root.page.backTitle
-            maximumTitleWidth: Math.max(40, Math.min(root.width / 3, (root.width - title.implicitWidth) / 2 - 40))
+            title: backTitle.advanceWidth <= maximumTitleWidth ? backTitle.text : KitLook.backTitle
+            maximumTitleWidth: Math.max(60, root.width - title.implicitWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
         }
         BarButton {
+            id: leftItem
+
             bar: root.bar
             height: root.barHeight
             visible: root.item.leftItem !== null
@@ -50,7 +60,7 @@ FocusScope {
         x: Math.round(Math.max(root.leftEdge, Math.min(middle, root.width - root.rightEdge - width))) + root.titleShift
         width: Math.min(implicitWidth, root.width - root.leftEdge - root.rightEdge)
         height: root.barHeight
-        text: root.item.title
+        text: root.item.title.slice(0, 500)
         textFormat: Text.PlainText
         font: root.bar.titleFont
         color: root.bar.titleColor
@@ -79,5 +89,12 @@ FocusScope {
         visible: root.item.searchController !== null
         searchBar: root.item.searchController ? root.item.searchController.searchBar : null
         tint: root.bar.tint
+        onLeftForResults: rows => {
+            const table = root.page.view as KitTable;
+            if (!table)
+                return;
+            table.takeKeyboard();
+            table.moveFocus(rows);
+        }
     }
 }

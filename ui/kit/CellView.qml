@@ -21,8 +21,8 @@ Item {
     clip: swipe.active || content.x !== 0
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: view.textLabel.text
-    Accessible.description: view.detailTextLabel ? view.detailTextLabel.text : ""
+    Accessible.name: view.textLabel.shownText
+    Accessible.description: view.detailTextLabel ? view.detailTextLabel.shownText : ""
     Accessible.selectable: true
     Accessible.focusable: true
     Accessible.focused: focusedHere
@@ -32,7 +32,7 @@ Item {
     Behavior on y {
         enabled: root.table.sliding
         NumberAnimation {
-            duration: 250
+            duration: Motion.duration(250)
             easing.type: Easing.OutCubic
         }
     }
@@ -47,7 +47,7 @@ Item {
         Behavior on x {
             enabled: !swipe.active && !root.table.sliding
             NumberAnimation {
-                duration: 200
+                duration: Motion.duration(200)
                 easing.type: Easing.OutCubic
             }
         }
@@ -67,7 +67,7 @@ Item {
             Behavior on opacity {
                 enabled: root.view.fadesSelection
                 NumberAnimation {
-                    duration: 250
+                    duration: Motion.duration(250)
                 }
             }
         }
@@ -88,6 +88,7 @@ Item {
 
             readonly property double hairline: 1 / Screen.devicePixelRatio
 
+            visible: !root.view.meetsHeader
             x: root.view.separatorLeft
             y: root.height - hairline
             width: root.width - root.view.separatorLeft - root.view.separatorRight

@@ -4,6 +4,8 @@
 
 namespace {
 
+// The desktop's font size is not followed, since rows and bars are of fixed heights: QT_SCALE_FACTOR enlarges texts and
+// rows alike.
 QFont interfaceFont(double size, QFont::Weight weight)
 {
     QFont font(QStringLiteral("Inter"));

@@ -60,6 +60,16 @@ QRectF fitted(const QSizeF& size, const QRectF& into)
     return rect;
 }
 
+// Fewer pixels are made by averaging: a painter would leave out those between, and an icon would look torn.
+void drawWhole(QPainter& painter, const QRectF& target, const QImage& pixels)
+{
+    const QSize size = target.size().toSize();
+    if (size.isEmpty() || (size.width() >= pixels.width() && size.height() >= pixels.height()))
+        painter.drawImage(target, pixels);
+    else
+        painter.drawImage(target, pixels.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
 void draw(QPainter& painter, const ImageLook& look)
 {
     const QRectF target({ 0, 0 }, QSizeF(look.pixelSize));
@@ -67,11 +77,11 @@ void draw(QPainter& painter, const ImageLook& look)
     if (look.mode == ImageLook::Mode::Tile)
         drawTiled(painter, target, pixels, look.scale);
     else if (look.mode == ImageLook::Mode::AspectFit)
-        painter.drawImage(fitted(pixels.size(), target), pixels);
+        drawWhole(painter, fitted(pixels.size(), target), pixels);
     else if (look.image.isResizable())
         drawStretched(painter, target, pixels, look.image.capInsets(), look.scale);
     else
-        painter.drawImage(target, pixels);
+        drawWhole(painter, target, pixels);
 }
 
 QImage compose(const ImageLook& look)

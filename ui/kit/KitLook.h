@@ -41,8 +41,8 @@ class KitLook : public QObject
 
 private:
     QColor m_shade{ 0, 0, 0, 110 };
-    QColor m_panelTop{ 66, 92, 130, 242 };
-    QColor m_panelBottom{ 27, 45, 78, 242 };
+    QColor m_panelTop{ 66, 92, 130 };
+    QColor m_panelBottom{ 27, 45, 78 };
     QColor m_panelEdge{ 226, 233, 242, 230 };
     QColor m_panelText{ 255, 255, 255 };
     QColor m_buttonTop{ 151, 171, 199 };

@@ -51,9 +51,14 @@ Window {
         }
     }
     Shortcut {
-        sequences: ["Alt+Left", "Escape"]
+        sequence: "Alt+Left"
         enabled: panel.item === null
         onActivated: root.controller.goBack()
+    }
+    Shortcut {
+        sequence: "Escape"
+        enabled: panel.item === null
+        onActivated: root.controller.escape()
     }
     Shortcut {
         sequence: "Ctrl+F"

@@ -21,7 +21,7 @@ Rectangle {
 
     Behavior on opacity {
         NumberAnimation {
-            duration: 250
+            duration: Motion.duration(250)
         }
     }
 }

@@ -10,6 +10,9 @@ FocusScope {
     required property SearchBar searchBar
     required property color tint
 
+    // The keyboard goes on to the results, and so many rows down.
+    signal leftForResults(int rows)
+
     function leave() {
         root.searchBar.cancel();
         input.focus = false;
@@ -29,7 +32,7 @@ FocusScope {
 
         Behavior on width {
             NumberAnimation {
-                duration: 200
+                duration: Motion.duration(200)
                 easing.type: Easing.OutCubic
             }
         }
@@ -78,8 +81,16 @@ FocusScope {
                 root.searchBar.text = text
             onActiveFocusChanged: if (root.searchBar && activeFocus)
                 root.searchBar.active = true
+            Keys.onPressed: event => {
+                if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
+                    KeyboardFocus.shown = true;
+                event.accepted = false;
+            }
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
             Keys.onEscapePressed: root.leave()
+            Keys.onDownPressed: root.leftForResults(1)
+            Keys.onReturnPressed: root.leftForResults(0)
+            Keys.onEnterPressed: root.leftForResults(0)
         }
         ImageItem {
             id: clear

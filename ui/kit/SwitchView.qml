@@ -37,7 +37,7 @@ FocusScope {
 
         Behavior on color {
             ColorAnimation {
-                duration: 150
+                duration: Motion.duration(150)
             }
         }
         Rectangle {
@@ -77,7 +77,7 @@ FocusScope {
 
         Behavior on x {
             NumberAnimation {
-                duration: 150
+                duration: Motion.duration(150)
                 easing.type: Easing.OutCubic
             }
         }

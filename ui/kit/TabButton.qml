@@ -25,7 +25,7 @@ FocusScope {
 
     ImageItem {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: 6
+        y: 5
         width: 26
         height: 26
         mode: ImageItem.AspectFit
@@ -34,7 +34,7 @@ FocusScope {
     }
     Text {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: 33
+        y: 32
         width: Math.min(implicitWidth, root.width - 4)
         text: root.item.title
         textFormat: Text.PlainText
@@ -45,7 +45,7 @@ FocusScope {
     }
     FocusRing {
         control: root
-        anchors.margins: 2
+        anchors.margins: 1
     }
     PressArea {
         anchors.fill: parent

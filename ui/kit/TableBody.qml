@@ -16,6 +16,8 @@ FocusScope {
     width: view.frame.width
     height: view.frame.height
     visible: !view.hidden
+    // The spinner above the content stays out of the bar.
+    clip: true
     activeFocusOnTab: true
     focus: true
 
@@ -25,12 +27,9 @@ FocusScope {
     Accessible.focusable: true
 
     Keys.onPressed: event => {
-        const page = Math.max(1, Math.floor(root.height / 60) - 1);
         const steps = {
             [Qt.Key_Down]: 1,
             [Qt.Key_Up]: -1,
-            [Qt.Key_PageDown]: page,
-            [Qt.Key_PageUp]: -page,
             [Qt.Key_End]: 0x3fffffff,
             [Qt.Key_Home]: -0x3fffffff
         };
@@ -38,6 +37,8 @@ FocusScope {
         KeyboardFocus.shown = true;
         if (event.key in steps)
             root.view.moveFocus(steps[event.key]);
+        else if (event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp)
+            root.view.moveFocusByPage(event.key === Qt.Key_PageDown ? 1 : -1);
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
             root.view.activateFocusedRow();
         else if (event.key === Qt.Key_Delete)
@@ -71,6 +72,7 @@ FocusScope {
         maximumFlickVelocity: 8000
 
         onContentYChanged: root.view.setContentOffset(contentY)
+        onMovementStarted: root.view.closeOpenRow()
         onDraggingChanged: {
             if (dragging)
                 root.forceActiveFocus();
@@ -103,7 +105,7 @@ FocusScope {
 
         target: flick
         property: "contentY"
-        duration: 250
+        duration: Motion.duration(250)
         easing.type: Easing.OutCubic
         onFinished: if (!root.refresh || !root.refresh.refreshing)
             flick.topMargin = 0

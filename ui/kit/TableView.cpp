@@ -74,8 +74,16 @@ void TableView::reloadData()
     remakeHeaders();
     if (!hasRow(m_focusedRow))
         setFocusedRow(NoRow);
+    showChangedLayout();
+}
+
+// The content's new height is told last: who hears of it may scroll at once.
+void TableView::showChangedLayout()
+{
+    placeHeaders();
     holdContentOffset();
     updateVisibleRows();
+    Q_EMIT contentHeightChanged();
 }
 
 std::vector<int> TableView::askRowCounts() const
@@ -103,7 +111,6 @@ void TableView::rebuildLayout(const std::vector<int>& rowCounts)
         return height < 0 ? m_rowHeight : height;
     };
     m_layout = TableLayout(heights);
-    Q_EMIT contentHeightChanged();
 }
 
 void TableView::remakeHeaders()
@@ -122,7 +129,6 @@ void TableView::remakeHeaders()
         m_headers[section] = header;
         m_headerModel.append(header);
     }
-    placeHeaders();
 }
 
 void TableView::placeHeaders()
@@ -157,9 +163,7 @@ void TableView::placeEverything()
     rebuildLayout(shownRowCounts());
     for (const auto& [indexPath, cell] : m_visibleCells)
         cell->setFrame(rectForRow(indexPath));
-    placeHeaders();
-    holdContentOffset();
-    updateVisibleRows();
+    showChangedLayout();
 }
 
 // MARK: cells
@@ -208,7 +212,7 @@ void TableView::showRow(const IndexPath& indexPath)
     TableViewCell* cell = m_delegate->cellForRowAtIndexPath(indexPath);
     m_visibleCells[indexPath] = cell;
     cell->setIndexPath(indexPath);
-    cell->setFrame(rectForRow(indexPath));
+    placeCell(*cell, indexPath);
     cell->setNeedsLayout();
     cell->setHidden(false);
     if (indexPath == m_selectedRow)
@@ -217,6 +221,14 @@ void TableView::showRow(const IndexPath& indexPath)
         return;
     addSubview(cell);
     m_cellModel.append(cell);
+}
+
+void TableView::placeCell(TableViewCell& cell, const IndexPath& indexPath)
+{
+    const int next = indexPath.section + 1;
+    const bool isLast = indexPath.row == m_layout.rowCount(indexPath.section) - 1;
+    cell.setFrame(rectForRow(indexPath));
+    cell.setMeetsHeader(isLast && next < m_layout.sectionCount() && m_headers.count(next) > 0);
 }
 
 void TableView::retireCell(TableViewCell* cell)
@@ -347,11 +359,9 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
     moveRowsAfterDeletion(indexPath);
     for (const auto& [now, cell] : m_visibleCells) {
         cell->setIndexPath(now);
-        cell->setFrame(rectForRow(now));
+        placeCell(*cell, now);
     }
-    placeHeaders();
-    holdContentOffset();
-    updateVisibleRows();
+    showChangedLayout();
 }
 
 // MARK: what a person does
@@ -385,6 +395,13 @@ void TableView::openRowForDeletion(int section, int row)
     setOpenRow(canDeleteRow(section, row) ? IndexPath{ section, row } : NoRow);
 }
 
+bool TableView::closeOpenRow()
+{
+    const bool wasOpen = m_openRow != NoRow;
+    setOpenRow(NoRow);
+    return wasOpen;
+}
+
 void TableView::deleteTapped(int section, int row)
 {
     if (!canDeleteRow(section, row))
@@ -413,6 +430,22 @@ void TableView::moveFocus(int rows)
         focusRow(target->section, target->row);
 }
 
+void TableView::moveFocusByPage(int direction)
+{
+    if (!hasRow(m_focusedRow))
+        return moveFocus(direction);
+    const double page = height() - m_layout.headerHeight(m_focusedRow.section);
+    const auto fitOnOnePage = [&](const IndexPath& row) {
+        const auto [upper, lower] = std::minmax(row, m_focusedRow);
+        return m_layout.rowBottom(lower) - m_layout.rowTop(upper) <= page;
+    };
+    IndexPath target = m_layout.rowAfter(m_focusedRow, direction).value_or(m_focusedRow);
+    for (auto next = m_layout.rowAfter(target, direction); next && *next != target && fitOnOnePage(*next);
+         next = m_layout.rowAfter(target, direction))
+        target = *next;
+    focusRow(target.section, target.row);
+}
+
 void TableView::focusRow(int section, int row)
 {
     if (!hasRow({ section, row }))
@@ -425,8 +458,8 @@ void TableView::scrollRowIntoView(const IndexPath& indexPath)
 {
     const QRectF rect = rectForRow(indexPath);
     const double pinned = m_layout.headerHeight(indexPath.section);
-    const bool isFirst = indexPath == IndexPath{ 0, 0 };
-    if (isFirst)
+    // What stands above the first row, also the header of a section without rows, shows with it.
+    if (m_layout.rowAfter({ 0, 0 }, 0) == indexPath)
         setContentOffset(std::min(m_contentOffset, 0.0));
     if (rect.top() - pinned < m_contentOffset)
         setContentOffset(std::max(0.0, rect.top() - pinned));

@@ -110,10 +110,14 @@ public:
     Q_INVOKABLE bool canDeleteRow(int section, int row) const;
     // Opens the row's delete button and closes any other; a negative row closes all.
     Q_INVOKABLE void openRowForDeletion(int section, int row);
+    // False if none was open.
+    Q_INVOKABLE bool closeOpenRow();
     Q_INVOKABLE void deleteTapped(int section, int row);
     // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus
     // away.
     Q_INVOKABLE void moveFocus(int rows);
+    // Down by as many rows as are seen at once below the pinned header, or up (-1), and by one at least.
+    Q_INVOKABLE void moveFocusByPage(int direction);
     Q_INVOKABLE void focusRow(int section, int row);
     Q_INVOKABLE void activateFocusedRow();
     Q_INVOKABLE void deleteFocusedRow();
@@ -153,10 +157,12 @@ private:
     void updateVisibleRows();
     void retireRowsOutside(double top, double bottom);
     void showRow(const IndexPath& indexPath);
+    void placeCell(TableViewCell& cell, const IndexPath& indexPath);
     void retireCell(TableViewCell* cell);
     void retireAllCells();
     void adoptSubview(View*& slot, View* view, const std::function<void()>& letGo);
     void holdContentOffset();
+    void showChangedLayout();
     void setSelected(const IndexPath& indexPath, bool selected, Animation animation);
     void setOpenRow(const IndexPath& indexPath);
     bool hasRow(const IndexPath& indexPath) const;

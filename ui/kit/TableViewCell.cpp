@@ -14,7 +14,15 @@ const Color DisclosureColor{ 0.5, 0.56, 0.63, 1, {} };
 constexpr double ViewMargin = 12;
 constexpr double ViewGap = 8;
 constexpr double GlyphMargin = 4;
+constexpr double TickMargin = 8; // reaches further right in its picture than the arrow
 constexpr double ImageGap = 12; // between the image and the text
+
+// Where something of that length begins in the middle of a longer one, on a whole point. A row's height comes from sums
+// and may fall short of a whole number by a hair.
+double centred(double outer, double inner)
+{
+    return std::floor((outer - inner) / 2 + 0.01);
+}
 
 double lineHeight(const Label& label)
 {
@@ -129,8 +137,8 @@ void TableViewCell::layoutSubviews()
     double contentWidth = width();
     if (View* accessory = shownAccessory()) {
         const QSizeF size = accessory->frame().size();
-        const double left = width() - size.width() - (m_accessoryView ? ViewMargin : GlyphMargin);
-        accessory->setFrame({ { left, std::floor((height() - size.height()) / 2) }, size });
+        const double left = width() - size.width() - accessoryMargin();
+        accessory->setFrame({ { left, centred(height(), size.height()) }, size });
         contentWidth = left - (m_accessoryView ? ViewGap : 0);
     }
     m_contentView->setFrame({ 0, 0, std::max(0.0, contentWidth), height() });
@@ -142,7 +150,7 @@ void TableViewCell::layoutSubviews()
     double left = m_layoutMargins.left;
     if (!m_imageView->image().isNull()) {
         const QSizeF size = m_imageView->image().size().boundedTo({ 42, std::max(0.0, height() - 8) });
-        m_imageView->setFrame({ { left, std::floor((height() - size.height()) / 2) }, size });
+        m_imageView->setFrame({ { left, centred(height(), size.height()) }, size });
         left += size.width() + ImageGap;
     }
     const double textWidth = std::max(0.0, m_contentView->width() - left - m_layoutMargins.right);
@@ -152,6 +160,13 @@ void TableViewCell::layoutSubviews()
         layOutSubtitle(left, textWidth);
     else
         layOutValue1(left, textWidth);
+}
+
+double TableViewCell::accessoryMargin() const
+{
+    if (m_accessoryView)
+        return ViewMargin;
+    return m_accessoryType == AccessoryType::Checkmark ? TickMargin : GlyphMargin;
 }
 
 void TableViewCell::layOutDefault(double left, double width)
@@ -164,7 +179,7 @@ void TableViewCell::layOutSubtitle(double left, double width)
     const double textHeight = lineHeight(*m_textLabel);
     const double detailHeight = m_detailTextLabel->text().isEmpty() ? 0 : lineHeight(*m_detailTextLabel);
     const double gap = detailHeight > 0 ? 2 : 0;
-    const double top = std::floor((height() - textHeight - gap - detailHeight) / 2);
+    const double top = centred(height(), textHeight + gap + detailHeight);
     m_textLabel->setFrame({ left, top, width, textHeight });
     m_detailTextLabel->setFrame({ left, top + textHeight + gap, width, detailHeight });
 }
@@ -174,7 +189,9 @@ void TableViewCell::layOutValue1(double left, double width)
 {
     constexpr double Gap = 8;
     const double textNeeds = std::ceil(m_textLabel->naturalWidth());
-    const double detailNeeds = std::ceil(m_detailTextLabel->naturalWidth());
+    // A point more than it measures, or rounding would shrink or shorten it.
+    const double detailNeeds
+        = std::ceil(m_detailTextLabel->naturalWidth()) + (m_detailTextLabel->text().isEmpty() ? 0 : 1);
     const double spare = std::max(0.0, width - Gap - textNeeds);
     const double detailWidth = std::min(detailNeeds, std::max(spare, width * 0.6));
     const double textWidth = std::max(0.0, width - (detailWidth > 0 ? detailWidth + Gap : 0));
@@ -187,6 +204,14 @@ void TableViewCell::setIndexPath(const IndexPath& indexPath)
     if (m_indexPath == indexPath)
         return;
     m_indexPath = indexPath;
+    Q_EMIT rowChanged();
+}
+
+void TableViewCell::setMeetsHeader(bool meets)
+{
+    if (m_meetsHeader == meets)
+        return;
+    m_meetsHeader = meets;
     Q_EMIT rowChanged();
 }
 

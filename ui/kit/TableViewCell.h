@@ -18,6 +18,7 @@ class TableViewCell : public View
     Q_PROPERTY(View* accessory READ shownAccessory NOTIFY cellChanged)
     Q_PROPERTY(double separatorLeft READ separatorLeft NOTIFY cellChanged)
     Q_PROPERTY(double separatorRight READ separatorRight NOTIFY cellChanged)
+    Q_PROPERTY(bool meetsHeader READ meetsHeader NOTIFY rowChanged)
     Q_PROPERTY(bool highlighted READ isHighlighted NOTIFY selectionChanged)
     Q_PROPERTY(bool fadesSelection READ fadesSelection NOTIFY selectionChanged)
     Q_PROPERTY(int section READ section NOTIFY rowChanged)
@@ -69,6 +70,9 @@ public:
     // The table's side: which row the cell stands for, pressed and selected state, the look of the accessory shown.
     void setIndexPath(const IndexPath& indexPath);
     const IndexPath& indexPath() const { return m_indexPath; }
+    // Whether a section's header follows the row; its edge stands for the separator.
+    void setMeetsHeader(bool meets);
+    bool meetsHeader() const { return m_meetsHeader; }
     int section() const { return m_indexPath.section; }
     int row() const { return m_indexPath.row; }
     enum class Fade { Immediately, Animated };
@@ -89,6 +93,7 @@ private:
     void layOutDefault(double left, double width);
     void layOutSubtitle(double left, double width);
     void layOutValue1(double left, double width);
+    double accessoryMargin() const;
     void replaceView(View*& slot, View* view);
     View* makeTypeAccessory() const;
 
@@ -107,6 +112,7 @@ private:
     EdgeInsets m_layoutMargins{ 0, 16, 0, 16 };
     EdgeInsets m_separatorInset;
     IndexPath m_indexPath;
+    bool m_meetsHeader = false;
     bool m_selected = false;
     bool m_pressed = false;
     Fade m_fade = Fade::Immediately;

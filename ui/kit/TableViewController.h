@@ -16,6 +16,10 @@ public:
     // Null until the view is made.
     const TableView* tableView() const { return static_cast<const TableView*>(loadedView()); }
 
+    // No row stays open for deletion behind another screen.
+    void viewWillDisappear() override { tableView()->closeOpenRow(); }
+    bool closeWhatIsOpen() override { return tableView()->closeOpenRow(); }
+
 protected:
     View* loadView() override;
 };

@@ -65,9 +65,11 @@ void View::setClipsToBounds(bool clips)
 
 void View::setAccessibilityLabel(const QString& label)
 {
-    if (m_accessibilityLabel == label)
+    // It may come from a source, which may send megabytes.
+    constexpr qsizetype LongestLabel = 1000;
+    if (m_accessibilityLabel == label.left(LongestLabel))
         return;
-    m_accessibilityLabel = label;
+    m_accessibilityLabel = label.left(LongestLabel);
     Q_EMIT appearanceChanged();
 }
 

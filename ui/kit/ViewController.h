@@ -58,6 +58,9 @@ public:
     virtual void viewDidDisappear() { }
     virtual void viewDidLayoutSubviews() { }
 
+    // Escape is for what the screen has open, before it leads back. False if there is nothing.
+    virtual bool closeWhatIsOpen() { return false; }
+
     // Gives the view its frame and tells the screen.
     void layOut(const QRectF& frame);
     // Appearing in steps, each at most once in a row.

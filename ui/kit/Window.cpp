@@ -70,12 +70,23 @@ void Window::resize(double width, double height)
     m_rootViewController->layOut({ 0, 0, width, height });
 }
 
-void Window::goBack()
+NavigationController* Window::stack() const
 {
     auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController);
-    if (auto* const stack
-        = qobject_cast<NavigationController*>(tabs ? tabs->selectedViewController() : m_rootViewController))
-        stack->goBack();
+    return qobject_cast<NavigationController*>(tabs ? tabs->selectedViewController() : m_rootViewController);
+}
+
+void Window::goBack()
+{
+    if (NavigationController* const shown = stack())
+        shown->goBack();
+}
+
+void Window::escape()
+{
+    NavigationController* const shown = stack();
+    if (shown && !shown->topViewController()->closeWhatIsOpen())
+        shown->goBack();
 }
 
 void Window::selectTab(int index)

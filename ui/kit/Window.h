@@ -36,8 +36,9 @@ public:
     AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
     void presentAlert(AlertController* alert) override;
 
-    // The window's keys: Alt+Left and Escape, Ctrl+1 to 5, Ctrl+F.
+    // The window's keys: Alt+Left, Escape, Ctrl+1 to 5, Ctrl+F.
     Q_INVOKABLE void goBack();
+    Q_INVOKABLE void escape();
     Q_INVOKABLE void selectTab(int index);
     Q_INVOKABLE void search();
     // The window was given a size.
@@ -47,6 +48,9 @@ Q_SIGNALS:
     void presentedAlertChanged();
 
 private:
+    // That of the selected tab; null if there is none.
+    NavigationController* stack() const;
+
     std::unique_ptr<QQmlEngine> m_engine;
     QQuickWindow* m_quickWindow = nullptr;
     ViewController* m_rootViewController = nullptr;

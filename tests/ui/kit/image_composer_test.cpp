@@ -164,3 +164,17 @@ TEST(ImageComposer, givesTheSamePictureForTheSameLook)
     rounder.radius = 5;
     EXPECT_NE(ImageComposer::composed(look), ImageComposer::composed(rounder));
 }
+
+TEST(ImageComposer, averagesThePixelsOfAPictureThatIsMadeSmaller)
+{
+    // Bars of one pixel, black and white: picking some of them would give all black or all white.
+    QImage bars(120, 120, QImage::Format_ARGB32);
+    for (int y = 0; y < 120; ++y)
+        for (int x = 0; x < 120; ++x)
+            bars.setPixelColor(x, y, x % 2 == 0 ? Qt::black : Qt::white);
+    for (const Mode mode : { Mode::ScaleToFill, Mode::AspectFit }) {
+        const QImage picture = ImageComposer::composed({ imageOf(bars), { 30, 30 }, 1, mode, {}, 0 });
+        EXPECT_NEAR(picture.pixelColor(15, 15).lightness(), 128, 3);
+        EXPECT_NEAR(picture.pixelColor(16, 15).lightness(), 128, 3);
+    }
+}

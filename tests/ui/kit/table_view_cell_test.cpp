@@ -84,7 +84,8 @@ TEST(TableViewCell, ofTheValue1StylePutsTheDetailAtTheRight)
     cell.setNeedsLayout();
     EXPECT_EQ(cell.detailTextLabel()->textAlignment(), Qt::AlignRight);
     EXPECT_EQ(rightOf(cell.detailTextLabel()), 304);
-    EXPECT_EQ(cell.detailTextLabel()->width(), std::ceil(cell.detailTextLabel()->naturalWidth()));
+    EXPECT_EQ(cell.detailTextLabel()->width(), std::ceil(cell.detailTextLabel()->naturalWidth()) + 1)
+        << "room to round";
     EXPECT_EQ(rightOf(cell.textLabel()), cell.detailTextLabel()->frame().left() - 8);
 }
 

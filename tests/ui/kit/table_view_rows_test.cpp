@@ -214,7 +214,8 @@ TEST(OpenRow, givesWayToTheNext)
     world.table.openRowForDeletion(0, 1);
     world.table.openRowForDeletion(0, 2);
     EXPECT_EQ(world.table.openRow(), 2);
-    world.table.openRowForDeletion(-1, -1);
+    EXPECT_TRUE(world.table.closeOpenRow());
+    EXPECT_FALSE(world.table.closeOpenRow());
     EXPECT_EQ(world.table.openRow(), -1);
     EXPECT_EQ(changed.count(), 3);
 }
@@ -294,6 +295,50 @@ TEST(RowFocus, showsTheTableHeaderViewWithTheFirstRow)
     EXPECT_EQ(world.table.contentOffset(), world.table.contentHeight() - 600);
 }
 
+TEST(RowFocus, showsTheHeaderOfASectionWithoutRowsWithTheFirstRow)
+{
+    TableWorld world({ 0, 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.focusRow(1, 50);
+    world.table.moveFocus(-0x3fffffff);
+    EXPECT_EQ(world.table.focusedSection(), 1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(RowFocus, movesByAPageOfWhatIsSeenWhateverTheRowsHeights)
+{
+    TableWorld world({ 100, 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 60;
+    world.source.rowHeight = 90;
+    world.show();
+    world.table.focusRow(0, 10);
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 15) << "six rows of 90 points fill the 540 below the header";
+    world.table.moveFocusByPage(-1);
+    EXPECT_EQ(world.table.focusedRow(), 10);
+    world.table.focusRow(0, 98);
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedSection(), 1);
+    EXPECT_EQ(world.table.focusedRow(), 2) << "the second header takes room too";
+}
+
+TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
+{
+    TableWorld world({ 3 });
+    world.source.rowHeight = 2'000;
+    world.show();
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 0) << "the first key goes to what is seen";
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 1);
+    world.table.moveFocusByPage(1);
+    world.table.moveFocusByPage(1);
+    EXPECT_EQ(world.table.focusedRow(), 2);
+}
+
 TEST(RowFocus, doesWithTheRowWhatATapOrADeletionDoes)
 {
     TableWorld world({ 5 });
@@ -350,4 +395,33 @@ TEST(RowFocus, goesNowhereInAnEmptyTable)
     world.table.moveFocus(1);
     world.table.focusRow(0, 0);
     EXPECT_EQ(world.table.focusedRow(), -1);
+}
+
+TEST(RowSeparator, givesWayToTheEdgeOfTheHeaderThatFollows)
+{
+    TableWorld world({ 2, 2 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    EXPECT_FALSE(world.table.cellForRow({ 0, 0 })->meetsHeader());
+    EXPECT_TRUE(world.table.cellForRow({ 0, 1 })->meetsHeader());
+    EXPECT_FALSE(world.table.cellForRow({ 1, 1 })->meetsHeader()) << "nothing follows the last section";
+}
+
+TEST(RowSeparator, staysBetweenSectionsWithoutHeaders)
+{
+    TableWorld world({ 2, 2 });
+    world.show();
+    EXPECT_FALSE(world.table.cellForRow({ 0, 1 })->meetsHeader());
+}
+
+TEST(RowSeparator, givesWayInTheRowThatBecomesTheLastByADeletion)
+{
+    TableWorld world({ 3, 2 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.source.rows[0] = 2;
+    world.table.deleteRow({ 0, 2 }, TableView::Animation::None);
+    EXPECT_TRUE(world.table.cellForRow({ 0, 1 })->meetsHeader());
 }

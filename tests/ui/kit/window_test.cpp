@@ -1,8 +1,9 @@
 // The drawn side of the kit: everything once in a real window, by touch and by keys, without a warning from Qt.
 #include "KitWindowTest.h"
 
-#include <QPointer>
+#include <QGuiApplication>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -175,6 +176,41 @@ TEST_F(KitWindowTest, opensARowByASwipeAndDeletesIt)
     EXPECT_FALSE(stack(0)->canGoBack());
 }
 
+TEST_F(KitWindowTest, closesAnOpenRowByEscapeBeforeItGoesBack)
+{
+    tap(middleOf({ 0, 3 }));
+    grabbed();
+    TableView& table = *static_cast<ListScreen*>(stack(0)->topViewController())->tableView();
+    table.openRowForDeletion(0, 1);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(table.openRow(), -1);
+    ASSERT_TRUE(stack(0)->canGoBack());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(KitWindowTest, leavesNoRowOpenBehindAnotherScreen)
+{
+    grabbed();
+    one->tableView()->openRowForDeletion(0, 1);
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(one->tableView()->openRow(), -1);
+}
+
+TEST_F(KitWindowTest, closesAnOpenRowWhenATrackpadScrolls)
+{
+    grabbed();
+    one->tableView()->openRowForDeletion(0, 1);
+    const QPointF place(200, 300);
+    for (const int step : { -30, -50 }) {
+        QWheelEvent scroll(place, quick()->mapToGlobal(place), QPoint(0, step), QPoint(0, step * 8), Qt::NoButton,
+            Qt::NoModifier, Qt::ScrollUpdate, false);
+        QGuiApplication::sendEvent(quick(), &scroll);
+    }
+    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() > 0; }));
+    EXPECT_EQ(one->tableView()->openRow(), -1);
+}
+
 TEST_F(KitWindowTest, makesRoomForTheSpinnerWhileItRefreshes)
 {
     grabbed();
@@ -224,92 +260,6 @@ TEST_F(KitWindowTest, comesBackIntoAnActiveSearchField)
     press(Qt::Key_F, Qt::ControlModifier);
     type(QStringLiteral("again"));
     EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("again"));
-}
-
-TEST_F(KitWindowTest, asksForATextAndTakesItAtReturn)
-{
-    AlertController* const alert = addAlert(AlertController::Style::Alert);
-    AlertTextField* const field = alert->addTextField();
-    QString added;
-    alert->addAction(QStringLiteral("Cancel"), Style::Cancel);
-    alert->addAction(QStringLiteral("Add"), Style::Default, [&added, field] { added = field->text(); });
-    one->present(alert);
-    grabbed();
-    type(QStringLiteral("http://127.0.0.1/"));
-    press(Qt::Key_Return);
-    EXPECT_EQ(added, QStringLiteral("http://127.0.0.1/"));
-    EXPECT_EQ(window->presentedAlert(), nullptr);
-    grabbed();
-    press(Qt::Key_Down);
-    EXPECT_EQ(one->tableView()->focusedRow(), 0) << "the table has the keyboard again";
-}
-
-TEST_F(KitWindowTest, holdsBackTouchesAndKeysBehindAnAlert)
-{
-    AlertController* const alert = addAlert(AlertController::Style::Alert);
-    alert->addAction(QStringLiteral("Close"), Style::Default);
-    one->present(alert);
-    grabbed();
-    tap(middleOf({ 0, 3 }));
-    press(Qt::Key_F5);
-    press(Qt::Key_2, Qt::ControlModifier);
-    press(Qt::Key_Down);
-    EXPECT_FALSE(stack(0)->canGoBack());
-    EXPECT_EQ(one->reloads, 0);
-    EXPECT_EQ(tabs->selectedIndex(), 0);
-    EXPECT_EQ(one->tableView()->focusedRow(), -1);
-    press(Qt::Key_Escape);
-    EXPECT_EQ(window->presentedAlert(), nullptr);
-    grabbed();
-}
-
-TEST_F(KitWindowTest, showsAlertsOneAfterTheOther)
-{
-    const QPointer<AlertController> first(addAlert(AlertController::Style::Alert));
-    first->addAction(QStringLiteral("OK"), Style::Default);
-    AlertController* const second = addAlert(AlertController::Style::Alert);
-    second->addAction(QStringLiteral("OK"), Style::Default);
-    one->present(first);
-    two->present(second);
-    EXPECT_EQ(window->presentedAlert(), first);
-    grabbed();
-    press(Qt::Key_Return);
-    EXPECT_EQ(window->presentedAlert(), second);
-    grabbed();
-    EXPECT_TRUE(first.isNull());
-    press(Qt::Key_Return);
-    EXPECT_EQ(window->presentedAlert(), nullptr);
-}
-
-TEST_F(KitWindowTest, choosesFromASheetByKeysAlone)
-{
-    bool uninstalled = false;
-    AlertController* const sheet = addAlert(AlertController::Style::ActionSheet);
-    sheet->addAction(QStringLiteral("Uninstall"), Style::Destructive, [&] { uninstalled = true; });
-    sheet->addAction(QStringLiteral("Cancel"), Style::Cancel);
-    one->present(sheet);
-    grabbed();
-    press(Qt::Key_Return);
-    EXPECT_FALSE(uninstalled);
-    press(Qt::Key_Tab);
-    EXPECT_EQ(focusedItemName(), QStringLiteral("Uninstall"));
-    press(Qt::Key_Tab);
-    EXPECT_EQ(focusedItemName(), QStringLiteral("Cancel"));
-    press(Qt::Key_Tab);
-    EXPECT_EQ(focusedItemName(), QStringLiteral("Uninstall"));
-    press(Qt::Key_Return);
-    EXPECT_TRUE(uninstalled);
-}
-
-TEST_F(KitWindowTest, closesASheetByATouchOutsideIt)
-{
-    AlertController* const sheet = addAlert(AlertController::Style::ActionSheet);
-    sheet->addAction(QStringLiteral("Uninstall"), Style::Destructive, [] { FAIL(); });
-    sheet->addAction(QStringLiteral("Cancel"), Style::Cancel);
-    one->present(sheet);
-    grabbed();
-    tap({ 195, 300 });
-    EXPECT_EQ(window->presentedAlert(), nullptr);
 }
 
 TEST_F(KitWindowTest, showsTextsOfAnyKindAndLength)
@@ -368,23 +318,31 @@ TEST_F(KitWindowTest, doesAtAScreenReadersPressWhatATapDoes)
     EXPECT_EQ(tabs->selectedIndex(), 1);
 }
 
-TEST_F(KitWindowTest, keepsAnAlertsButtonsInsideASmallWindow)
+TEST_F(KitWindowTest, tellsAScreenReaderNoMoreOfATextThanIsShown)
 {
-    quick()->resize(320, 320);
-    ASSERT_TRUE(waitUntil([this] { return one->tableView()->width() == 320; }));
-    auto* alert = new AlertController(
-        QString(300, u'W'), QStringLiteral("words that go on and on ").repeated(50), AlertController::Style::Alert);
-    alert->addTextField();
-    alert->addAction(QStringLiteral("Refuse"), Style::Cancel);
-    alert->addAction(QStringLiteral("Agree"), Style::Default);
-    one->present(alert);
+    TableViewCell* const cell = one->tableView()->cellForRow({ 0, 3 });
+    cell->textLabel()->setText(QString(2'000'000, u'W'));
+    cell->detailTextLabel()->setText(QString(2'000'000, u'M'));
     grabbed();
-    const QRect windowRect(quick()->geometry());
-    for (const QString& name : { QStringLiteral("Refuse"), QStringLiteral("Agree") }) {
-        const QAccessibleInterface* const button = accessible(name);
-        ASSERT_NE(button, nullptr);
-        EXPECT_TRUE(windowRect.contains(button->rect())) << button->rect().bottom() << ' ' << windowRect.bottom();
-    }
+    const QAccessibleInterface* const row = accessible(cell->textLabel()->shownText());
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->text(QAccessible::Description), cell->detailTextLabel()->shownText());
+}
+
+TEST_F(KitWindowTest, boundsTheTitlesOfItsBarAndTheNamesOfItsControls)
+{
+    const QString endless(2'000'000, u'W');
+    stack(0)->pushViewController(new ListScreen(endless), NavigationController::Animation::None);
+    stack(0)->pushViewController(new ListScreen(QStringLiteral("Below")), NavigationController::Animation::None);
+    grabbed();
+    ASSERT_NE(accessible(QStringLiteral("Back")), nullptr);
+    EXPECT_LE(accessible(QStringLiteral("Back"))->text(QAccessible::Description).size(), 500);
+    stack(0)->popViewController(NavigationController::Animation::None);
+    grabbed();
+    EXPECT_NE(accessible(endless.left(500)), nullptr);
+    Switch control;
+    control.setAccessibilityLabel(endless);
+    EXPECT_EQ(control.accessibilityLabel(), endless.left(1'000));
 }
 
 TEST_F(KitWindowTest, closesInTheMiddleOfEverything)

@@ -82,6 +82,16 @@ TEST_F(RootScreen, stylesEveryTabsNavigationBarAndTheTabBar)
     EXPECT_EQ(root.tabBar()->standardAppearance().backgroundColor, ClassicUI::colorWithRed(77, 91, 109, 1));
 }
 
+TEST_F(RootScreen, keepsTheStyleOfATabsBarForThePushedScreens)
+{
+    auto* const pushed = new ViewController;
+    tab(1)->pushViewController(pushed, NavigationController::Animation::None);
+    ASSERT_EQ(pushed->navigationController(), tab(1));
+    const BarAppearance& appearance = pushed->navigationController()->navigationBar()->standardAppearance();
+    EXPECT_EQ(appearance.backgroundColor, ClassicUI::colorWithRed(100, 123, 151, 1));
+    EXPECT_EQ(appearance.backgroundImage, ClassicUI::stretchableAsset(QStringLiteral("topfade"), { 0, 8, 0, 8 }));
+}
+
 TEST_F(RootScreen, wantsLightStatusBarTexts)
 {
     EXPECT_EQ(root.preferredStatusBarStyle(), StatusBarStyle::LightContent);

@@ -1,0 +1,95 @@
+// The end of a process while a refresh is under way.
+#include "JsonSourceStore.h"
+#include "LoopbackServer.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int longestWait = 60000;
+
+class CatalogProcess : public testing::Test
+{
+protected:
+    void start()
+    {
+        JsonSourceStore store(m_directory.filePath(u"vesk/defaults.json"_s));
+        ASSERT_TRUE(
+            store.setSources({ { m_server.url(u"/1"_s), u"1"_s, true }, { m_server.url(u"/2"_s), u"2"_s, true } }));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_CONFIG_HOME"_s, m_directory.path());
+        m_process.setProcessEnvironment(environment);
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        m_process.start(QStringLiteral(CATALOG_PROBE), {});
+        ASSERT_TRUE(m_process.waitForStarted());
+    }
+
+    bool waitFor(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, longestWait); }
+
+    // What the process printed until it ended, which it does without delay.
+    QString end()
+    {
+        QElapsedTimer clock;
+        clock.start();
+        m_process.closeWriteChannel();
+        EXPECT_TRUE(m_process.waitForFinished(longestWait));
+        EXPECT_LT(clock.elapsed(), longestWait / 4);
+        EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(m_process.exitCode(), 0);
+        return QString::fromUtf8(m_process.readAll());
+    }
+
+    QTemporaryDir m_directory;
+    LoopbackServer m_server;
+    QProcess m_process;
+};
+
+} // namespace
+
+TEST_F(CatalogProcess, endsCleanlyBeforeAnAnswerHasCome)
+{
+    LoopbackServer::Reply mute;
+    mute.timing = LoopbackServer::Timing::Held;
+    m_server.setReply("/1/Packages.bz2", mute);
+    m_server.setReply("/2/Packages.bz2", mute);
+    start();
+    ASSERT_TRUE(waitFor([this] { return m_server.requests().size() == 2; }));
+    EXPECT_EQ(end().toStdString(), "");
+}
+
+TEST_F(CatalogProcess, endsCleanlyWhileBodiesPourIn)
+{
+    LoopbackServer::Reply endless;
+    endless.fillerSize = qint64(1) << 40;
+    for (int round = 0; round < 10; ++round) {
+        m_server.setReply("/1/Packages.bz2", endless);
+        m_server.setReply("/2/Packages.bz2", endless);
+        const qint64 before = m_server.bytesSent();
+        start();
+        ASSERT_TRUE(waitFor([&] { return m_server.bytesSent() - before > 1000 * 1000; }));
+        EXPECT_EQ(end().toStdString(), "") << round;
+    }
+}
+
+TEST_F(CatalogProcess, endsCleanlyWhileAnIndexIsRead)
+{
+    QByteArray text;
+    for (int number = 0; number < 500000; ++number)
+        text += "Package: p" + QByteArray::number(number) + "\nDescription: some text of a package\n\n";
+    for (int round = 0; round < 5; ++round) {
+        m_server.serve("/1/Packages.bz2", text);
+        m_server.serve("/2/Packages.bz2", text);
+        const qint64 before = m_server.bytesSent();
+        start();
+        ASSERT_TRUE(waitFor([&] { return m_server.bytesSent() - before >= 2 * text.size(); }));
+        const QString printed = end();
+        EXPECT_TRUE(printed.isEmpty() || printed == u"finished\n"_s) << printed.toStdString();
+    }
+}

@@ -1,0 +1,166 @@
+#include "Gallery.h"
+
+#include "ClassicPackageCell.h"
+#include "GalleryCatalog.h"
+#include "IconDrawing.h"
+#include "Label.h"
+#include "PackageDetailViewController.h"
+
+#include <QCoreApplication>
+#include <QQuickItem>
+#include <QTest>
+
+#include <algorithm>
+
+GoldenPictures* Gallery::s_pictures = nullptr;
+
+Gallery::Gallery()
+{
+    manager->repositories().front()->setName(QStringLiteral("Gallery Source"));
+}
+
+Gallery::~Gallery()
+{
+    delegate.reset();
+    turnLoop();
+}
+
+// MARK: the catalog
+
+void Gallery::fillCatalog()
+{
+    manager->setPackages(galleryPackages(manager->repositories().front()));
+}
+
+void Gallery::fillCatalogExcessively()
+{
+    manager->setPackages(excessivePackages(manager->repositories().front()));
+}
+
+void Gallery::addSources()
+{
+    auto off = VeskRepository::repositoryWithURLString(
+        QStringLiteral("http://127.0.0.1/quiet"), QStringLiteral("Quiet Corner"));
+    off->setEnabled(false);
+    manager->repositories().push_back(off);
+    manager->repositories().push_back(RepoManager::defaultRepositories().front());
+}
+
+VeskPackagePtr Gallery::packageNamed(const QString& name) const
+{
+    const auto& packages = manager->packagesSortedByName();
+    const auto found = std::find_if(
+        packages.begin(), packages.end(), [&](const VeskPackagePtr& package) { return package->name() == name; });
+    return found == packages.end() ? nullptr : *found;
+}
+
+void Gallery::queue(const QString& name, QueueAction action, QueueStatus status)
+{
+    installer->enqueuePackage(packageNamed(name), action);
+    installer->queue().back()->setStatus(status);
+}
+
+// MARK: the window
+
+void Gallery::open(Tab tab, const QSize& size)
+{
+    delegate = std::make_unique<AppDelegate>(*manager, *installer);
+    delegate->didFinishLaunchingWithOptions();
+    if (!size.isEmpty())
+        quickWindow().resize(size);
+    quickWindow().requestActivate();
+    ASSERT_TRUE(waitUntil([&] { return isOpen(size); }));
+    select(tab);
+}
+
+bool Gallery::isOpen(const QSize& size) const
+{
+    const QSize shown = quickWindow().contentItem()->size().toSize();
+    return quickWindow().isExposed() && quickWindow().isActive() && (size.isEmpty() || shown == size);
+}
+
+TabBarController& Gallery::tabs() const
+{
+    return *qobject_cast<TabBarController*>(delegate->window()->rootViewController());
+}
+
+NavigationController& Gallery::stack() const
+{
+    return *qobject_cast<NavigationController*>(tabs().selectedViewController());
+}
+
+void Gallery::select(Tab tab)
+{
+    tabs().setSelectedIndex(static_cast<int>(tab));
+    turnLoop();
+}
+
+void Gallery::tap(int section, int row)
+{
+    shownTable().tapRow(section, row);
+    turnLoop();
+}
+
+void Gallery::showPackage(const VeskPackagePtr& package)
+{
+    stack().pushViewController(
+        new PackageDetailViewController(package, *installer), NavigationController::Animation::None);
+    turnLoop();
+}
+
+void Gallery::scrollTo(double offset)
+{
+    settle();
+    shownTable().setContentOffset(offset);
+}
+
+void Gallery::scrollToEnd()
+{
+    settle();
+    scrollTo(std::max(0.0, shownTable().contentHeight() - shownTable().height()));
+}
+
+void Gallery::press(Qt::Key key, int times)
+{
+    settle();
+    for (int time = 0; time < times; ++time)
+        QTest::keyClick(&quickWindow(), key);
+}
+
+// MARK: looking
+
+// Icons as they would have come from the network, by the package's place in the order of names.
+void Gallery::showIcons()
+{
+    const auto& packages = manager->packagesSortedByName();
+    for (const IndexPath& row : shownTable().indexPathsForVisibleRows()) {
+        TableViewCell* const cell = shownTable().cellForRow(row);
+        const bool isPackage = qobject_cast<ClassicPackageCell*>(cell)
+            || (row == IndexPath{ 0, 0 } && dynamic_cast<PackageDetailViewController*>(&screen()));
+        const auto found = std::find_if(packages.begin(), packages.end(),
+            [&](const VeskPackagePtr& package) { return package->name() == cell->textLabel()->text(); });
+        constexpr int EveryOneWithoutIcon = 6;
+        const auto number = static_cast<int>(found - packages.begin());
+        if (isPackage && found != packages.end() && number % EveryOneWithoutIcon != EveryOneWithoutIcon - 1)
+            cell->imageView()->setImage(drawnIcon(number));
+    }
+}
+
+void Gallery::settle()
+{
+    constexpr int EnoughTurns = 4;
+    for (int turn = 0; turn < EnoughTurns; ++turn) {
+        turnLoop();
+        showIcons();
+    }
+}
+
+void Gallery::expectPicture(const QString& name)
+{
+    settle();
+    const QImage picture = quickWindow().grabWindow();
+    settle();
+    EXPECT_EQ(picture, quickWindow().grabWindow()) << name.toStdString() << " does not keep still";
+    const QString wrong = s_pictures->check(name, picture);
+    EXPECT_TRUE(wrong.isEmpty()) << wrong.toStdString();
+}

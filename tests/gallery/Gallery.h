@@ -1,0 +1,87 @@
+#pragma once
+
+#include "AppDelegate.h"
+#include "GoldenPictures.h"
+#include "ScreenWorld.h"
+#include "TabBarController.h"
+
+#include <QQuickWindow>
+#include <QSize>
+
+#include <memory>
+
+enum class Tab { Home, Changes, Categories, Search, Manage };
+
+// The program's own window on a fixed catalog, driven into one state and then looked at. No clock and no network takes
+// part: nothing is animated, and what is scrolled or pulled is put where it is to be.
+class Gallery : public ScreenTest
+{
+public:
+    // The pictures that this process compares with; must outlive the tests.
+    static void setPictures(GoldenPictures& pictures) { s_pictures = &pictures; }
+
+protected:
+    // For what shows as well in less room.
+    static constexpr QSize Low{ 390, 400 };
+
+    Gallery();
+    ~Gallery() override;
+
+    // The catalog, before or after the window is open.
+    void fillCatalog();
+    void fillCatalogExcessively();
+    void addSources();
+    VeskPackagePtr packageNamed(const QString& name) const;
+    void queue(const QString& name, QueueAction action, QueueStatus status);
+
+    // On the tab, in a window of the size; an empty one is what the device gives.
+    void open(Tab tab = Tab::Home, const QSize& size = {});
+    void open(const QSize& size) { open(Tab::Home, size); }
+    TabBarController& tabs() const;
+    NavigationController& stack() const;
+    ViewController& screen() const { return *stack().topViewController(); }
+    TableView& shownTable() const { return *static_cast<TableView*>(screen().view()); }
+    QQuickWindow& quickWindow() const { return *delegate->window()->quickWindow(); }
+    AlertController& alert() const { return *delegate->window()->presentedAlert(); }
+    void select(Tab tab);
+    void tap(int section, int row);
+    void showPackage(const VeskPackagePtr& package);
+    void scrollTo(double offset);
+    void scrollToEnd();
+    void press(Qt::Key key, int times = 1);
+
+    // Compares what shows with the golden picture of that name.
+    void expectPicture(const QString& name);
+
+    std::unique_ptr<AppDelegate> delegate;
+
+private:
+    void settle();
+    void showIcons();
+    bool isOpen(const QSize& size) const;
+
+    static GoldenPictures* s_pictures;
+};
+
+// The suites, each of them on a device of its own.
+class AtScale1 : public Gallery
+{
+};
+class AtScale1_25 : public Gallery
+{
+};
+class AtScale1_5 : public Gallery
+{
+};
+class AtScale2 : public Gallery
+{
+};
+class AtScale3 : public Gallery
+{
+};
+class OnASmallPhone : public Gallery
+{
+};
+class OnAPhoneOnItsSide : public Gallery
+{
+};

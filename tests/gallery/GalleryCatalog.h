@@ -1,0 +1,10 @@
+#pragma once
+
+#include "VeskPackage.h"
+
+#include <vector>
+
+// The packages of the gallery, always the same, from one source; some are installed, some of those have an update.
+std::vector<VeskPackagePtr> galleryPackages(const VeskRepositoryPtr& repository);
+// Packages whose texts are longer than anything has room for, or strange.
+std::vector<VeskPackagePtr> excessivePackages(const VeskRepositoryPtr& repository);
