@@ -18,13 +18,11 @@ FocusScope {
 
     signal back
 
-    // A title that there is no room for gives way to a word that says as much as its first letters would.
     TextMetrics {
-        id: backTitle
+        id: ownTitle
 
-        font.family: KitLook.fontFamily
-        font.pixelSize: 16
-        text: root.page.backTitle.slice(0, 500)
+        font: root.bar.titleFont
+        text: titleText.text
     }
     Row {
         id: leftItems
@@ -38,8 +36,8 @@ FocusScope {
             height: root.barHeight
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
-            title: backTitle.advanceWidth <= maximumTitleWidth ? backTitle.text : KitLook.backTitle
-            maximumTitleWidth: Math.max(60, root.width - title.implicitWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
+            title: root.page.backTitle.slice(0, 500)
+            maximumTitleWidth: Math.max(60, root.width - ownTitle.advanceWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
         }
@@ -53,7 +51,7 @@ FocusScope {
         }
     }
     Text {
-        id: title
+        id: titleText
 
         readonly property double middle: (root.width - width) / 2
 

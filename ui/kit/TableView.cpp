@@ -228,7 +228,7 @@ void TableView::placeCell(TableViewCell& cell, const IndexPath& indexPath)
     const int next = indexPath.section + 1;
     const bool isLast = indexPath.row == m_layout.rowCount(indexPath.section) - 1;
     cell.setFrame(rectForRow(indexPath));
-    cell.setMeetsHeader(isLast && next < m_layout.sectionCount() && m_headers.count(next) > 0);
+    cell.setMeetsHeader(isLast && next < m_layout.sectionCount() && m_headers.contains(next));
 }
 
 void TableView::retireCell(TableViewCell* cell)
