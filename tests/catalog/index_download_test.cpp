@@ -187,17 +187,6 @@ TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOff)
     }
 }
 
-TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOffBetweenItsChunks)
-{
-    LoopbackServer::Reply broken;
-    broken.garbage = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n10\r\nPackage: wrong\n\n\r\n";
-    broken.ending = LoopbackServer::Ending::Close;
-    m_server.setReply("/r/Packages.bz2", broken);
-    serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
-}
-
 TEST_F(IndexDownloading, readsABodyWhoseEndIsTheEndOfTheConnection)
 {
     LoopbackServer::Reply reply;
