@@ -1,6 +1,7 @@
 #include "Label.h"
 
 #include "Font.h"
+#include "TextScale.h"
 
 #include <QFontMetricsF>
 
@@ -75,4 +76,15 @@ QString Label::shownText() const
 double Label::naturalWidth() const
 {
     return QFontMetricsF(m_font).horizontalAdvance(shownText());
+}
+
+bool Label::isEnlarged() const
+{
+    return TextScale::value() > 1;
+}
+
+int Label::smallestFontSize() const
+{
+    constexpr int SmallestLegible = 8;
+    return m_adjustsFontSize ? SmallestLegible : Font::standardSize(m_font);
 }
