@@ -3,8 +3,8 @@
 #include <QFont>
 #include <QString>
 
-// The system font in its two weights. Sizes are points of the interface, that is logical pixels, at the usual text size; the
-// fonts are as much larger as the text scale tells.
+// The system font in its two weights. Sizes are points of the interface, that is logical pixels, at the usual text
+// size; the fonts are as much larger as the text scale tells.
 namespace Font {
 
 QFont systemFont(double size);

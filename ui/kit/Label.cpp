@@ -5,10 +5,15 @@
 
 #include <QFontMetricsF>
 
+#include <algorithm>
+#include <cmath>
+
 Label::Label(const QRectF& frame, QObject* parent)
     : View(frame, parent)
     , m_font(Font::systemFont(17))
 {
+    if (isEnlarged())
+        connect(this, &View::frameChanged, this, &Label::labelChanged);
 }
 
 void Label::setText(const QString& text)
@@ -86,5 +91,12 @@ bool Label::isEnlarged() const
 int Label::smallestFontSize() const
 {
     constexpr int SmallestLegible = 8;
-    return m_adjustsFontSize ? SmallestLegible : Font::standardSize(m_font);
+    constexpr double LeastOfEnlarged = 2.0 / 3;
+    if (m_adjustsFontSize)
+        return SmallestLegible;
+    const int standard = Font::standardSize(m_font);
+    QFont least = m_font;
+    least.setPixelSize(std::max(standard, static_cast<int>(std::ceil(m_font.pixelSize() * LeastOfEnlarged))));
+    const bool hasRoom = QFontMetricsF(least).height() * m_numberOfLines <= height();
+    return hasRoom ? least.pixelSize() : standard;
 }

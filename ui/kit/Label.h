@@ -50,7 +50,8 @@ public:
 
     // As much of the text as could ever be seen: what a source sends may be megabytes long.
     QString shownText() const;
-    // By the text scale: then the text may shrink to its frame, down to that size.
+    // By the text scale: then a text that does not fit shrinks, by a third where its frame has grown with it, and to
+    // its size at the usual scale where the frame is too low.
     bool isEnlarged() const;
     int smallestFontSize() const;
     QColor color() const { return m_textColor.toQColor(); }

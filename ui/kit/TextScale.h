@@ -1,12 +1,12 @@
 #pragma once
 
-// How much larger than usual a person wants texts, from 1 to 2: the desktop's text size. Set once, before the first font is
-// made; 1 until then, and then nothing differs from a kit without it. Main thread.
+// How much larger than usual a person wants texts, from 1 to 2: the desktop's text size. Set once, before the first
+// font is made; 1 until then, and then nothing differs from a kit without it. Main thread.
 //
-// Everybody goes on telling sizes and heights as they are at 1. Fonts grow by the whole scale, rows and section headers by
-// grown(), and what has a fixed frame stays: there an enlarged text shrinks to fit, down to the size it has at 1, and only
-// then is it cut short. So nobody sees less of a text for wanting it larger. Bars keep their heights; their texts grow as far
-// as those allow.
+// Everybody goes on telling sizes and heights as they are at 1. Fonts grow by the whole scale, rows and section headers
+// by grown(). An enlarged text that does not fit shrinks by up to a third before it is cut short, and in a fixed frame
+// to what that has room for, but never below its size at 1. Bars keep their heights; their texts grow as far as those
+// allow.
 namespace TextScale {
 
 double value();
