@@ -155,9 +155,22 @@ void Gallery::settle()
     }
 }
 
+void Gallery::expectTextsInTheirPlaces()
+{
+    constexpr double Rounding = 1;
+    for (const QQuickItem* item : quickWindow().contentItem()->findChildren<QQuickItem*>()) {
+        if (!item->inherits("QQuickText") || !item->isVisible())
+            continue;
+        const std::string text = item->property("text").toString().left(80).toStdString();
+        EXPECT_LE(item->property("contentWidth").toDouble(), item->width() + Rounding) << text;
+        EXPECT_LE(item->property("contentHeight").toDouble(), item->height() + Rounding) << text;
+    }
+}
+
 void Gallery::expectPicture(const QString& name)
 {
     settle();
+    expectTextsInTheirPlaces();
     const QImage picture = quickWindow().grabWindow();
     settle();
     EXPECT_EQ(picture, quickWindow().grabWindow()) << name.toStdString() << " does not keep still";

@@ -56,6 +56,7 @@ protected:
     std::unique_ptr<AppDelegate> delegate;
 
 private:
+    void expectTextsInTheirPlaces();
     void settle();
     void showIcons();
     bool isOpen(const QSize& size) const;
@@ -83,5 +84,9 @@ class OnASmallPhone : public Gallery
 {
 };
 class OnAPhoneOnItsSide : public Gallery
+{
+};
+// Twice as large as usual.
+class WithLargeTexts : public Gallery
 {
 };

@@ -5,6 +5,7 @@
 #include "Animations.h"
 #include "Gallery.h"
 #include "GoldenPictures.h"
+#include "TextScale.h"
 #include "VeskResources.h"
 
 #include <QFile>
@@ -76,10 +77,11 @@ struct Device
     const char* suite;
     const char* scale;
     QSize screen;
+    double textScale = 1;
 };
 
 constexpr QSize Spacious(4096, 4096);
-constexpr std::array<Device, 7> devices{ {
+constexpr std::array<Device, 8> devices{ {
     { "AtScale1", "1", Spacious },
     { "AtScale1_25", "1.25", Spacious },
     { "AtScale1_5", "1.5", Spacious },
@@ -87,6 +89,7 @@ constexpr std::array<Device, 7> devices{ {
     { "AtScale3", "3", Spacious },
     { "OnASmallPhone", "1", QSize(320, 568) },
     { "OnAPhoneOnItsSide", "1", QSize(844, 390) },
+    { "WithLargeTexts", "1", Spacious, 2 },
 } };
 
 const Device* deviceOf(int argc, char** argv)
@@ -124,6 +127,7 @@ int main(int argc, char** argv)
     QGuiApplication application(argc, argv);
     QGuiApplication::styleHints()->setCursorFlashTime(0);
     Animations::setEnabled(false);
+    TextScale::set(device->textScale);
     initialiseResources();
 
     GoldenPictures pictures(

@@ -2,8 +2,10 @@
 
 #include "BulletText.h"
 #include "ClassicUI.h"
+#include "TextScale.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -75,7 +77,11 @@ void ClassicPackageCell::layoutSubviews()
 {
     TableViewCell::layoutSubviews();
     const double textWidth = std::max(0.0, contentView()->width() - 110);
-    imageView()->setFrame({ 12, 9, 42, 42 });
-    textLabel()->setFrame({ 66, 11, textWidth, 22 });
-    detailTextLabel()->setFrame({ 66, 33, textWidth, 18 });
+    const double nameHeight = std::round(22 * TextScale::value());
+    const double detailHeight = std::round(18 * TextScale::value());
+    const double rowHeight = TextScale::grown(60);
+    const double top = std::floor((rowHeight - nameHeight - detailHeight) / 2) + 1;
+    imageView()->setFrame({ 12, std::floor((rowHeight - 42) / 2), 42, 42 });
+    textLabel()->setFrame({ 66, top, textWidth, nameHeight });
+    detailTextLabel()->setFrame({ 66, top + nameHeight, textWidth, detailHeight });
 }

@@ -1,6 +1,7 @@
 #include "ClassicUI.h"
 
 #include "IconLoader.h"
+#include "TextScale.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -195,11 +196,12 @@ void ClassicUI::styleCell(TableViewCell& cell, int variant)
 
 View* ClassicUI::sectionHeaderViewWithTitle(const QString& title, double width)
 {
-    auto* header = new View({ 0, 0, width, headerHeight });
+    const double height = TextScale::grown(headerHeight);
+    auto* header = new View({ 0, 0, width, height });
     header->setBackgroundColor(colorWithRed(150, 164, 178, 1));
     header->setGradient({ colorWithRed(173, 184, 195, 1), colorWithRed(117, 132, 149, 1) });
 
-    auto* label = new Label({ headerMargin, 0, std::max(0.0, width - 2 * headerMargin), headerHeight });
+    auto* label = new Label({ headerMargin, 0, std::max(0.0, width - 2 * headerMargin), height });
     label->setText(title.toUpper());
     label->setTextColor(Color::white());
     label->setFont(Font::boldSystemFont(12));

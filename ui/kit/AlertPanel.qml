@@ -54,7 +54,7 @@ FocusScope {
 
         x: Math.round((root.width - width) / 2)
         y: Math.round(rest)
-        width: root.alert.sheet && !root.wide ? root.width - 16 : Math.min(290, root.width - 32)
+        width: root.alert.sheet && !root.wide ? root.width - 16 : Math.min(KitLook.grown(290), root.width - 32)
         height: choices.y + choices.height + 14
         radius: 12
         border.color: KitLook.panelEdge
@@ -121,7 +121,7 @@ FocusScope {
                     maximumLineCount: 3
                     elide: Text.ElideRight
                     font.family: KitLook.fontFamily
-                    font.pixelSize: 17
+                    font.pixelSize: KitLook.fontSize(17)
                     font.bold: true
                     color: KitLook.panelText
                     style: Text.Sunken
@@ -138,7 +138,7 @@ FocusScope {
                     textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     font.family: KitLook.fontFamily
-                    font.pixelSize: 14
+                    font.pixelSize: KitLook.fontSize(14)
                     color: KitLook.panelText
                     style: Text.Sunken
                     styleColor: KitLook.textShadow
@@ -155,7 +155,7 @@ FocusScope {
                         required property int index
 
                         width: contents.width
-                        height: 34
+                        height: KitLook.grown(34)
                         radius: 6
                         color: KitLook.field
                         border.color: KitLook.edge
@@ -182,7 +182,7 @@ FocusScope {
                             activeFocusOnTab: true
                             verticalAlignment: Text.AlignVCenter
                             font.family: KitLook.fontFamily
-                            font.pixelSize: 15
+                            font.pixelSize: KitLook.fontSize(15)
                             color: KitLook.fieldText
                             selectByMouse: true
                             selectionColor: KitLook.focus

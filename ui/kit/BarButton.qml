@@ -74,7 +74,9 @@ FocusScope {
             text: root.title
             textFormat: Text.PlainText
             font.family: KitLook.fontFamily
-            font.pixelSize: 16
+            font.pixelSize: KitLook.barFontSize(16)
+            fontSizeMode: KitLook.enlargesTexts ? Text.HorizontalFit : Text.FixedSize
+            minimumPixelSize: 16
             font.bold: root.item !== null && root.item.emphasised
             color: root.bar.tint
             elide: Text.ElideRight

@@ -61,6 +61,8 @@ FocusScope {
         text: root.item.title.slice(0, 500)
         textFormat: Text.PlainText
         font: root.bar.titleFont
+        fontSizeMode: KitLook.enlargesTexts ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: root.bar.standardTitleSize
         color: root.bar.titleColor
         elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter

@@ -136,7 +136,7 @@ Item {
             color: KitLook.panelText
             font.family: KitLook.fontFamily
             font.bold: true
-            font.pixelSize: 15
+            font.pixelSize: KitLook.barFontSize(15)
             style: Text.Sunken
             styleColor: KitLook.textShadow
         }

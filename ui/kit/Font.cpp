@@ -1,15 +1,15 @@
 #include "Font.h"
 
+#include "TextScale.h"
+
 #include <QTextLayout>
 
 namespace {
 
-// The desktop's font size is not followed, since rows and bars are of fixed heights: QT_SCALE_FACTOR enlarges texts and
-// rows alike.
 QFont interfaceFont(double size, QFont::Weight weight)
 {
     QFont font(QStringLiteral("Inter"));
-    font.setPixelSize(static_cast<int>(size));
+    font.setPixelSize(TextScale::fontSize(static_cast<int>(size)));
     font.setWeight(weight);
     return font;
 }
@@ -37,6 +37,18 @@ QFont Font::systemFont(double size)
 QFont Font::boldSystemFont(double size)
 {
     return interfaceFont(size, QFont::Bold);
+}
+
+int Font::standardSize(const QFont& font)
+{
+    return TextScale::standardFontSize(font.pixelSize());
+}
+
+QFont Font::fittedToBar(const QFont& font)
+{
+    QFont fitted = font;
+    fitted.setPixelSize(TextScale::barFontSize(standardSize(font)));
+    return fitted;
 }
 
 double Font::boundingHeight(const QString& text, const QFont& font, double width)

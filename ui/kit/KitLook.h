@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TextScale.h"
+
 #include <QColor>
 #include <QObject>
 #include <QString>
@@ -33,11 +35,19 @@ class KitLook : public QObject
     Q_PROPERTY(QColor knobTop MEMBER m_knobTop CONSTANT)
     Q_PROPERTY(QColor knobBottom MEMBER m_knobBottom CONSTANT)
     Q_PROPERTY(QColor switchOff MEMBER m_switchOff CONSTANT)
+    Q_PROPERTY(bool enlargesTexts READ enlargesTexts CONSTANT)
     Q_PROPERTY(QString fontFamily MEMBER m_fontFamily CONSTANT)
     Q_PROPERTY(QString deleteTitle MEMBER m_deleteTitle CONSTANT)
     Q_PROPERTY(QString cancelTitle MEMBER m_cancelTitle CONSTANT)
     Q_PROPERTY(QString clearTitle MEMBER m_clearTitle CONSTANT)
     Q_PROPERTY(QString backTitle MEMBER m_backTitle CONSTANT)
+
+public:
+    // The text scale, for what tells its own sizes.
+    bool enlargesTexts() const { return TextScale::value() > 1; }
+    Q_INVOKABLE double grown(double height) const { return TextScale::grown(height); }
+    Q_INVOKABLE int fontSize(int size) const { return TextScale::fontSize(size); }
+    Q_INVOKABLE int barFontSize(int size) const { return TextScale::barFontSize(size); }
 
 private:
     QColor m_shade{ 0, 0, 0, 110 };

@@ -1,13 +1,19 @@
 #include "Label.h"
 
 #include "Font.h"
+#include "TextScale.h"
 
 #include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
 
 Label::Label(const QRectF& frame, QObject* parent)
     : View(frame, parent)
     , m_font(Font::systemFont(17))
 {
+    if (isEnlarged())
+        connect(this, &View::frameChanged, this, &Label::labelChanged);
 }
 
 void Label::setText(const QString& text)
@@ -75,4 +81,22 @@ QString Label::shownText() const
 double Label::naturalWidth() const
 {
     return QFontMetricsF(m_font).horizontalAdvance(shownText());
+}
+
+bool Label::isEnlarged() const
+{
+    return TextScale::value() > 1;
+}
+
+int Label::smallestFontSize() const
+{
+    constexpr int SmallestLegible = 8;
+    constexpr double LeastOfEnlarged = 2.0 / 3;
+    if (m_adjustsFontSize)
+        return SmallestLegible;
+    const int standard = Font::standardSize(m_font);
+    QFont least = m_font;
+    least.setPixelSize(std::max(standard, static_cast<int>(std::ceil(m_font.pixelSize() * LeastOfEnlarged))));
+    const bool hasRoom = QFontMetricsF(least).height() * m_numberOfLines <= height();
+    return hasRoom ? least.pixelSize() : standard;
 }

@@ -16,6 +16,8 @@ class Label : public View
     Q_PROPERTY(QColor color READ color NOTIFY labelChanged)
     Q_PROPERTY(int alignment READ alignment NOTIFY labelChanged)
     Q_PROPERTY(int numberOfLines READ numberOfLines NOTIFY labelChanged)
+    Q_PROPERTY(bool enlarged READ isEnlarged CONSTANT)
+    Q_PROPERTY(int smallestFontSize READ smallestFontSize NOTIFY labelChanged)
     Q_PROPERTY(bool adjustsFontSizeToFitWidth READ adjustsFontSizeToFitWidth NOTIFY labelChanged)
     Q_PROPERTY(int shadowDirection READ shadowDirection NOTIFY labelChanged)
     Q_PROPERTY(QColor shadowColor READ shadowQColor NOTIFY labelChanged)
@@ -48,6 +50,10 @@ public:
 
     // As much of the text as could ever be seen: what a source sends may be megabytes long.
     QString shownText() const;
+    // By the text scale: then a text that does not fit shrinks, by a third where its frame has grown with it, and to
+    // its size at the usual scale where the frame is too low.
+    bool isEnlarged() const;
+    int smallestFontSize() const;
     QColor color() const { return m_textColor.toQColor(); }
     int alignment() const { return m_alignment; }
     int shadowDirection() const { return m_shadow == Shadow::None ? 0 : (m_shadow == Shadow::Below ? 1 : -1); }

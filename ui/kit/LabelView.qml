@@ -20,8 +20,8 @@ Text {
     elide: view.numberOfLines === 0 ? Text.ElideNone : Text.ElideRight
     wrapMode: view.numberOfLines === 1 ? Text.NoWrap : Text.Wrap
     maximumLineCount: view.numberOfLines > 0 ? view.numberOfLines : 100000
-    fontSizeMode: view.adjustsFontSizeToFitWidth ? Text.HorizontalFit : Text.FixedSize
-    minimumPixelSize: 8
+    fontSizeMode: view.adjustsFontSizeToFitWidth ? Text.HorizontalFit : view.enlarged ? Text.Fit : Text.FixedSize
+    minimumPixelSize: view.smallestFontSize
     style: view.shadowDirection > 0 ? Text.Raised : view.shadowDirection < 0 ? Text.Sunken : Text.Normal
     styleColor: view.shadowColor
     renderType: Text.NativeRendering

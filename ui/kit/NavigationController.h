@@ -21,6 +21,7 @@ class NavigationBar : public QObject
     Q_PROPERTY(QColor shadowColor READ shadowColor NOTIFY barChanged)
     Q_PROPERTY(QColor titleColor READ titleColor NOTIFY barChanged)
     Q_PROPERTY(QFont titleFont READ titleFont NOTIFY barChanged)
+    Q_PROPERTY(int standardTitleSize READ standardTitleSize NOTIFY barChanged)
 
 public:
     static constexpr double Height = 44;
@@ -44,7 +45,8 @@ public:
     QColor backgroundColor() const { return m_standardAppearance.backgroundColor.toQColor(); }
     QColor shadowColor() const { return m_standardAppearance.shadowColor.toQColor(); }
     QColor titleColor() const { return m_standardAppearance.titleTextAttributes.foregroundColor.toQColor(); }
-    QFont titleFont() const { return m_standardAppearance.titleTextAttributes.font; }
+    QFont titleFont() const { return Font::fittedToBar(m_standardAppearance.titleTextAttributes.font); }
+    int standardTitleSize() const { return Font::standardSize(m_standardAppearance.titleTextAttributes.font); }
 
 Q_SIGNALS:
     void barChanged();

@@ -17,7 +17,7 @@ FocusScope {
 
     signal pressed
 
-    implicitHeight: 44
+    implicitHeight: KitLook.grown(44)
     activeFocusOnTab: true
 
     Accessible.role: Accessible.Button
@@ -62,7 +62,9 @@ FocusScope {
         text: root.title
         textFormat: Text.PlainText
         font.family: KitLook.fontFamily
-        font.pixelSize: 16
+        font.pixelSize: KitLook.fontSize(16)
+        fontSizeMode: KitLook.enlargesTexts ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: 16
         font.bold: true
         color: KitLook.panelText
         elide: Text.ElideRight

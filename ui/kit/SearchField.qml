@@ -66,7 +66,7 @@ FocusScope {
             activeFocusOnTab: true
             verticalAlignment: Text.AlignVCenter
             font.family: KitLook.fontFamily
-            font.pixelSize: 15
+            font.pixelSize: KitLook.barFontSize(15)
             color: KitLook.fieldText
             selectionColor: root.searchBar ? root.searchBar.tint : KitLook.focus
             selectByMouse: true
@@ -134,7 +134,7 @@ FocusScope {
         color: root.tint
         opacity: cancelArea.pressed ? 0.5 : 1
         font.family: KitLook.fontFamily
-        font.pixelSize: 15
+        font.pixelSize: KitLook.barFontSize(15)
         style: Text.Sunken
         styleColor: KitLook.textShadow
         activeFocusOnTab: true

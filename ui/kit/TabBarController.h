@@ -19,6 +19,7 @@ class TabBar : public QObject
     Q_PROPERTY(QColor titleColor READ titleColor NOTIFY barChanged)
     Q_PROPERTY(QColor selectedTitleColor READ selectedTitleColor NOTIFY barChanged)
     Q_PROPERTY(QFont titleFont READ titleFont NOTIFY barChanged)
+    Q_PROPERTY(int standardTitleSize READ standardTitleSize NOTIFY barChanged)
 
 public:
     static constexpr double Height = 49;
@@ -43,7 +44,8 @@ public:
     QColor selectedIconColor() const { return stacked().selected.iconColor.toQColor(); }
     QColor titleColor() const { return stacked().normal.titleTextAttributes.foregroundColor.toQColor(); }
     QColor selectedTitleColor() const { return stacked().selected.titleTextAttributes.foregroundColor.toQColor(); }
-    QFont titleFont() const { return stacked().normal.titleTextAttributes.font; }
+    QFont titleFont() const { return Font::fittedToBar(stacked().normal.titleTextAttributes.font); }
+    int standardTitleSize() const { return Font::standardSize(stacked().normal.titleTextAttributes.font); }
 
 Q_SIGNALS:
     void barChanged();

@@ -39,6 +39,8 @@ FocusScope {
         text: root.item.title
         textFormat: Text.PlainText
         font: root.bar.titleFont
+        fontSizeMode: KitLook.enlargesTexts ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: root.bar.standardTitleSize
         color: root.selected ? root.bar.selectedTitleColor : root.bar.titleColor
         elide: Text.ElideRight
         renderType: Text.NativeRendering

@@ -1,6 +1,7 @@
 #include "TableView.h"
 
 #include "Animations.h"
+#include "TextScale.h"
 
 #include <algorithm>
 
@@ -103,12 +104,12 @@ void TableView::rebuildLayout(const std::vector<int>& rowCounts)
     heights.rowCounts = rowCounts;
     for (int section = 0; section < static_cast<int>(rowCounts.size()); ++section) {
         const double header = m_delegate->heightForHeaderInSection(section);
-        heights.sectionHeaders.push_back(header < 0 ? m_sectionHeaderHeight : header);
+        heights.sectionHeaders.push_back(TextScale::grown(header < 0 ? m_sectionHeaderHeight : header));
         heights.sectionFooters.push_back(m_sectionFooterHeight);
     }
     heights.row = [this](const IndexPath& indexPath) {
         const double height = m_delegate->heightForRowAtIndexPath(indexPath);
-        return height < 0 ? m_rowHeight : height;
+        return height < 0 ? TextScale::grown(m_rowHeight) : height;
     };
     m_layout = TableLayout(heights);
 }

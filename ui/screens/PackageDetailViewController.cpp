@@ -3,6 +3,7 @@
 #include "AlertController.h"
 #include "BulletText.h"
 #include "ClassicUI.h"
+#include "TextScale.h"
 
 #include <algorithm>
 #include <array>
@@ -14,10 +15,9 @@ enum Section { Header, Description, Details, Actions, SectionCount };
 constexpr double headerRowHeight = 82;
 constexpr double rowHeight = 60;
 
-const QFont& descriptionFont()
+QFont descriptionFont()
 {
-    static const QFont font = Font::systemFont(14);
-    return font;
+    return Font::systemFont(14);
 }
 
 QString descriptionOf(const VeskPackage& package)
@@ -97,8 +97,8 @@ double PackageDetailViewController::heightForHeaderInSection(int section) const
 double PackageDetailViewController::heightForRowAtIndexPath(const IndexPath& indexPath) const
 {
     if (indexPath.section == Header)
-        return headerRowHeight;
-    return indexPath.section == Description ? descriptionHeight() : rowHeight;
+        return TextScale::grown(headerRowHeight);
+    return indexPath.section == Description ? descriptionHeight() : TextScale::grown(rowHeight);
 }
 
 double PackageDetailViewController::descriptionHeight() const

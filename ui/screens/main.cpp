@@ -1,4 +1,6 @@
 #include "AppDelegate.h"
+#include "DesktopTextScale.h"
+#include "TextScale.h"
 #include "VeskResources.h"
 
 #include <QGuiApplication>
@@ -11,6 +13,7 @@ int main(int argc, char** argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
 
     initialiseResources();
+    TextScale::set(desktopTextScale(QGuiApplication::platformName()));
 
     AppDelegate delegate;
     delegate.didFinishLaunchingWithOptions();
