@@ -9,6 +9,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -64,23 +65,22 @@ void styleBackgrounds(TableViewCell& cell, const QString& assetName)
     cell.setSelectedBackgroundView(imageViewShowing(selected, cell.selectedBackgroundView()));
 }
 
-// The one loader of the program, with its cache; it goes with the application object.
-class SharedIcons : public QObject
+struct SharedIcons
 {
-public:
-    using QObject::QObject;
-
-    IconLoader& loader() { return m_loader; }
-
-private:
-    QNetworkAccessManager m_manager;
-    IconLoader m_loader{ m_manager, IconLoader::Limits{} };
+    QNetworkAccessManager manager;
+    IconLoader loader{ manager, IconLoader::Limits{} };
 };
 
+// The one loader of the program, with its cache. Its network works on a thread of its own, which ends while all that
+// it uses is still there.
 IconLoader& sharedIconLoader()
 {
-    static auto* const icons = new SharedIcons(QCoreApplication::instance());
-    return icons->loader();
+    static std::unique_ptr<SharedIcons> icons;
+    if (!icons) {
+        icons = std::make_unique<SharedIcons>();
+        qAddPostRoutine([] { icons.reset(); });
+    }
+    return icons->loader;
 }
 
 } // namespace

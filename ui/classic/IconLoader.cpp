@@ -8,6 +8,9 @@
 
 namespace {
 
+// A view's property: the icon that it was last asked to show.
+constexpr auto wantedIcon = "wantedIcon";
+
 bool isWebURL(const QUrl& url)
 {
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
@@ -32,6 +35,7 @@ IconLoader::~IconLoader()
 
 void IconLoader::load(const QString& urlString, double scale, ImageView& imageView)
 {
+    imageView.setProperty(wantedIcon, urlString);
     const auto url = RepositoryURL::fromString(urlString);
     if (!url)
         return;
@@ -66,7 +70,8 @@ void IconLoader::decode(const QByteArray& body, const Request& request)
 
 void IconLoader::show(const Image& image, const Request& request)
 {
-    if (!image.isNull() && request.imageView)
+    const bool isWanted = request.imageView && request.imageView->property(wantedIcon) == request.urlString;
+    if (!image.isNull() && isWanted)
         request.imageView->setImage(image);
     Q_EMIT finished(request.urlString);
 }

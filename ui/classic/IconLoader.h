@@ -11,9 +11,9 @@
 #include <chrono>
 
 // Shows icons from the network in image views. Lives on the main thread; decodes on threads of its own.
-// A failure of any kind leaves the view as it is and is not remembered. A view that shows something else by the time
-// its icon arrives is given the icon all the same: whoever reuses a view asks again. Each load that the cache does not
-// answer downloads by itself.
+// A failure of any kind leaves the view as it is and is not remembered. A view that was asked to show another icon by
+// the time one arrives is not given it, so that a reused row keeps its own. Each load that the cache does not answer
+// downloads by itself.
 class IconLoader : public QObject
 {
     Q_OBJECT

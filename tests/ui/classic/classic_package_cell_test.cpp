@@ -201,21 +201,3 @@ TEST_F(PackageCell, showsThePlaceholderAtOnceAndTheIconWhenItHasArrived)
     ASSERT_TRUE(QTest::qWaitFor([this] { return !showsPlaceholder(); }, 20000));
     EXPECT_EQ(cell.imageView()->image().pixels(1).pixelColor(5, 5), QColor(Qt::red));
 }
-
-// A late icon goes to whatever row the cell shows by then; the row's next configuration puts it right.
-TEST_F(PackageCell, isGivenALateIconEvenAfterItWasReused)
-{
-    LoopbackServer server;
-    server.setReply("/icon.png", { .body = pngOf(Qt::blue), .timing = LoopbackServer::Timing::Held });
-    package->setIconURLString(server.url(QStringLiteral("/icon.png")));
-    configure();
-    cell.prepareForReuse();
-    const VeskPackagePtr other = makePackage(QStringLiteral("Beta"));
-    cell.configureWithPackage(*other, 1);
-    server.release("/icon.png");
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !showsPlaceholder(); }, 20000));
-    EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("Beta"));
-    EXPECT_EQ(cell.imageView()->image().pixels(1).pixelColor(5, 5), QColor(Qt::blue));
-    cell.configureWithPackage(*other, 1);
-    EXPECT_TRUE(showsPlaceholder());
-}

@@ -89,6 +89,27 @@ TEST_F(Loader, showsACachedIconAtOnceWithoutADownload)
     EXPECT_EQ(manager.requests, 1);
 }
 
+TEST_F(Loader, givesALateIconNoMoreToAViewThatWasAskedForAnotherOrForNone)
+{
+    server.setReply("/late.png", { .body = pngOf(Qt::blue), .timing = LoopbackServer::Timing::Held });
+    server.serve("/icon.png", pngOf(Qt::red));
+    const QString late = server.url(QStringLiteral("/late.png"));
+    ImageView withoutIcon;
+    ImageView askedAgain;
+    load(late, view);
+    loadAndWait(QStringLiteral("/icon.png"));
+    load(late, withoutIcon);
+    load(QString(), withoutIcon);
+    load(late, askedAgain);
+    load(QString(), askedAgain);
+    load(late, askedAgain);
+    server.release("/late.png");
+    waitFor(5);
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+    EXPECT_TRUE(withoutIcon.image().isNull());
+    EXPECT_EQ(colorOf(askedAgain), QColor(Qt::blue));
+}
+
 TEST_F(Loader, asksTheNetworkForNothingThatIsNotAWebURL)
 {
     QTemporaryFile file;
