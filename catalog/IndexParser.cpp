@@ -28,6 +28,9 @@ const std::array<IndexParser::FieldName, IndexParser::FieldCount> IndexParser::f
 IndexParser::IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status)
     : m_repository(std::move(repository))
     , m_status(status)
+    , m_texts(std::make_shared<TextPool>())
+    , m_sharedTexts(*m_texts)
+    , m_records(std::make_shared<std::deque<VeskPackage>>())
 {
 }
 
@@ -56,7 +59,7 @@ PackageVector IndexParser::finish()
 {
     readLine(m_partialLine);
     endStanza();
-    m_texts.shrink();
+    m_texts->shrink();
     m_packages.shrink_to_fit();
     return std::move(m_packages);
 }
@@ -92,31 +95,35 @@ void IndexParser::endStanza()
 
 void IndexParser::addPackage()
 {
-    const auto orText = [this](TextPool::Handle handle, std::string_view fallback) {
-        return handle == TextPool::null ? m_texts.add(fallback) : handle;
+    const std::string_view packageID = m_stanza[Package].text;
+    const std::string_view name = firstOf({ Name, Package });
+    const auto installed = m_status.versionOf(packageID);
+    const TextPool::Handle packageIDHandle = m_texts->add(packageID);
+    const auto shared = [this](std::string_view text, std::string_view fallback = {}) {
+        return m_sharedTexts.add(text.data() == nullptr ? fallback : text);
     };
-    const auto installed = m_status.versionOf(m_stanza[Package].text);
     const VeskPackage::TextHandles texts{
-        firstOf({ Package }),
-        firstOf({ Name, Package }),
-        orText(firstOf({ Version }), "0"),
-        firstOf({ Description }),
-        orText(firstOf({ Author, Maintainer }), "Unknown"),
-        firstOf({ Maintainer }),
-        orText(firstOf({ Section }), "Other"),
-        firstOf({ Icon }),
-        firstOf({ Depiction, SileoDepiction, ModernDepiction }),
-        firstOf({ Homepage }),
-        installed ? m_texts.add(*installed) : TextPool::null,
+        packageIDHandle,
+        name == packageID ? packageIDHandle : m_texts->add(name),
+        shared(firstOf({ Version }), "0"),
+        m_texts->add(firstOf({ Description })),
+        shared(firstOf({ Author, Maintainer }), "Unknown"),
+        shared(firstOf({ Maintainer })),
+        shared(firstOf({ Section }), "Other"),
+        shared(firstOf({ Icon })),
+        m_texts->add(firstOf({ Depiction, SileoDepiction, ModernDepiction })),
+        shared(firstOf({ Homepage })),
+        installed ? shared(*installed) : TextPool::null,
     };
-    m_packages.push_back(std::make_shared<VeskPackage>(m_texts.pool(), texts, m_repository));
+    VeskPackage& record = m_records->emplace_back(m_texts, texts, m_repository);
+    m_packages.emplace_back(m_records, &record);
 }
 
-TextPool::Handle IndexParser::firstOf(std::initializer_list<Field> fields)
+std::string_view IndexParser::firstOf(std::initializer_list<Field> fields) const
 {
     for (const Field field : fields) {
         if (m_stanza[field].isPresent)
-            return m_texts.add(m_stanza[field].text);
+            return m_stanza[field].text;
     }
-    return TextPool::null;
+    return {};
 }

@@ -5,6 +5,7 @@
 #include "TextInterner.h"
 
 #include <array>
+#include <deque>
 #include <string>
 #include <string_view>
 
@@ -51,12 +52,16 @@ private:
     void readLine(std::string_view line);
     void endStanza();
     void addPackage();
-    // The text of the first of the fields that is present, or the null handle.
-    TextPool::Handle firstOf(std::initializer_list<Field> fields);
+    // The text of the first of the fields that is present, none without any.
+    std::string_view firstOf(std::initializer_list<Field> fields) const;
 
     VeskRepositoryPtr m_repository;
     const DpkgStatus& m_status;
-    TextInterner m_texts;
+    std::shared_ptr<TextPool> m_texts;
+    // For the texts that many packages have in common; the others are not worth a look-up.
+    TextInterner m_sharedTexts;
+    // All records stand in one block, and each pointer to one of them keeps the block.
+    std::shared_ptr<std::deque<VeskPackage>> m_records;
     PackageVector m_packages;
     // The stanza being read; the buffers are kept from stanza to stanza.
     std::array<Value, FieldCount> m_stanza;

@@ -1,22 +1,51 @@
 #include "NameKeys.h"
 
 #include <algorithm>
+#include <span>
 
 namespace {
 
+// A place with the bytes of its key that are compared next, as one number.
 struct SortItem
 {
-    // The first bytes of the key as one number: most pairs are told apart by these alone.
     std::uint64_t head;
     std::uint32_t place;
 };
 
-std::uint64_t headOf(std::string_view key)
+using SortItems = std::vector<SortItem>;
+
+constexpr std::size_t deepestHead = 32;
+
+// Behind the end of the key stand zeros, which are in no key and come before all that are.
+std::uint64_t headOf(std::string_view key, std::size_t depth)
 {
     std::uint64_t head = 0;
-    for (std::size_t index = 0; index < sizeof head; ++index)
+    for (std::size_t index = depth; index < depth + sizeof head; ++index)
         head = (head << 8) | (index < key.size() ? static_cast<unsigned char>(key[index]) : 0U);
     return head;
+}
+
+// Sorts places whose keys are alike up to the depth. Names of packages share long beginnings, and a look at two keys in
+// each comparison is slow: items are sorted by bytes that stand with them, and runs of equal ones by the bytes behind.
+void sortRun(const NameKeys& keys, std::span<SortItem> items, std::size_t depth)
+{
+    for (SortItem& item : items)
+        item.head = headOf(keys.key(item.place), depth);
+    if (depth >= deepestHead) {
+        std::sort(items.begin(), items.end(), [&keys](const SortItem& a, const SortItem& b) {
+            const int order = keys.key(a.place).compare(keys.key(b.place));
+            return order != 0 ? order < 0 : a.place < b.place;
+        });
+        return;
+    }
+    std::sort(items.begin(), items.end(),
+        [](const SortItem& a, const SortItem& b) { return a.head != b.head ? a.head < b.head : a.place < b.place; });
+    for (std::size_t begin = 0, end = 0; begin < items.size(); begin = end) {
+        while (end < items.size() && items[end].head == items[begin].head)
+            ++end;
+        if (end - begin > 1)
+            sortRun(keys, items.subspan(begin, end - begin), depth + sizeof items[begin].head);
+    }
 }
 
 } // namespace
@@ -31,16 +60,10 @@ void NameKeys::sort()
 {
     m_keys.shrink_to_fit();
     m_ends.shrink_to_fit();
-    std::vector<SortItem> items;
-    items.reserve(size());
+    SortItems items(size());
     for (std::uint32_t place = 0; place < size(); ++place)
-        items.push_back({ headOf(key(place)), place });
-    std::sort(items.begin(), items.end(), [this](const SortItem& a, const SortItem& b) {
-        if (a.head != b.head)
-            return a.head < b.head;
-        const int order = key(a.place).compare(key(b.place));
-        return order != 0 ? order < 0 : a.place < b.place;
-    });
+        items[place].place = place;
+    sortRun(*this, items, 0);
     m_sortedPlaces.resize(items.size());
     std::transform(items.begin(), items.end(), m_sortedPlaces.begin(), [](const SortItem& item) { return item.place; });
 }

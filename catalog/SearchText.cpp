@@ -1,8 +1,9 @@
 #include "SearchText.h"
 
+#include "ByteSearch.h"
 #include "TextDecoding.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace {
 
@@ -37,7 +38,7 @@ void SearchText::add(const VeskPackage& package)
 
 void SearchText::shrink()
 {
-    m_text.shrink_to_fit();
+    m_text.squeeze();
     m_ends.shrink_to_fit();
 }
 
@@ -49,19 +50,15 @@ QByteArray SearchText::folded(const QString& query)
 std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
 {
     std::vector<std::uint32_t> found;
-    const char* const begin = m_text.data();
-    std::size_t from = 0;
+    const std::string_view text = viewOf(m_text);
     std::uint32_t package = 0;
-    while (from < m_text.size()) {
-        const void* match = ::memmem(begin + from, m_text.size() - from, foldedQuery.data(), foldedQuery.size());
-        if (match == nullptr)
-            break;
-        const auto at = static_cast<std::size_t>(static_cast<const char*>(match) - begin);
+    std::size_t at = findBytes(text, foldedQuery, 0);
+    while (at != std::string_view::npos) {
         while (m_ends[package] <= at)
             ++package;
         found.push_back(package);
         // One match is enough: go on with the next package.
-        from = m_ends[package];
+        at = findBytes(text, foldedQuery, m_ends[package]);
     }
     return found;
 }
@@ -71,13 +68,11 @@ void SearchText::addField(std::string_view utf8)
     if (utf8.empty())
         return;
     if (isAscii(utf8)) {
-        const std::size_t at = m_text.size();
-        m_text.append(utf8);
-        for (std::size_t index = at; index < m_text.size(); ++index)
-            m_text[index] = lowerAscii(m_text[index]);
+        const qsizetype at = m_text.size();
+        m_text.resize(at + static_cast<qsizetype>(utf8.size()));
+        std::transform(utf8.begin(), utf8.end(), m_text.data() + at, lowerAscii);
     } else {
-        const QByteArray lower = textOf(utf8).toLower().toUtf8();
-        m_text.append(lower.constData(), static_cast<std::size_t>(lower.size()));
+        m_text.append(textOf(utf8).toLower().toUtf8());
     }
-    m_text.push_back(endOfField);
+    m_text.append(endOfField);
 }

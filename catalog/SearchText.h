@@ -3,7 +3,6 @@
 #include "VeskPackage.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,7 +25,8 @@ private:
     void addField(std::string_view utf8);
 
     // Each field is followed by a byte that is in no text, so that nothing is found across two fields.
-    std::string m_text;
+    // In a QByteArray, which grows to megabytes without being copied.
+    QByteArray m_text;
     // Where each package's fields end.
     std::vector<std::uint32_t> m_ends;
 };

@@ -8,8 +8,8 @@ constexpr std::size_t firstSlotCount = 256;
 
 } // namespace
 
-TextInterner::TextInterner()
-    : m_pool(std::make_shared<TextPool>())
+TextInterner::TextInterner(TextPool& pool)
+    : m_pool(pool)
     , m_slots(firstSlotCount)
 {
 }
@@ -17,12 +17,12 @@ TextInterner::TextInterner()
 TextPool::Handle TextInterner::add(std::string_view text)
 {
     if (text.empty())
-        return m_pool->add(text);
+        return m_pool.add(text);
     const std::uint32_t hash = hashOfText(text);
     Slot& slot = slotFor(hash, text);
     if (slot.handle != TextPool::null)
         return slot.handle;
-    const TextPool::Handle handle = m_pool->add(text);
+    const TextPool::Handle handle = m_pool.add(text);
     slot = { hash, handle };
     if (++m_taken * 2 > m_slots.size())
         grow();
@@ -34,7 +34,7 @@ TextInterner::Slot& TextInterner::slotFor(std::uint32_t hash, std::string_view t
     const std::size_t mask = m_slots.size() - 1;
     for (std::size_t index = hash & mask;; index = (index + 1) & mask) {
         Slot& slot = m_slots[index];
-        if (slot.handle == TextPool::null || (slot.hash == hash && m_pool->text(slot.handle) == text))
+        if (slot.handle == TextPool::null || (slot.hash == hash && m_pool.text(slot.handle) == text))
             return slot;
     }
 }

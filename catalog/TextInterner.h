@@ -2,19 +2,16 @@
 
 #include "TextPool.h"
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
-// Fills a text pool in which equal texts stand once. Lives on one thread; the pool outlives it.
+// Adds texts to a pool, equal ones once. Lives on one thread; the pool must outlive it.
 class TextInterner
 {
 public:
-    TextInterner();
+    explicit TextInterner(TextPool& pool);
 
     TextPool::Handle add(std::string_view text);
-    std::shared_ptr<const TextPool> pool() const { return m_pool; }
-    void shrink() { m_pool->shrink(); }
 
 private:
     struct Slot
@@ -27,7 +24,7 @@ private:
     Slot& slotFor(std::uint32_t hash, std::string_view text);
     void grow();
 
-    std::shared_ptr<TextPool> m_pool;
+    TextPool& m_pool;
     std::vector<Slot> m_slots;
     std::size_t m_taken = 0;
 };

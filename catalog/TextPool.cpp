@@ -1,5 +1,6 @@
 #include "TextPool.h"
 
+#include <array>
 #include <limits>
 
 namespace {
@@ -20,14 +21,17 @@ TextPool::Handle TextPool::add(std::string_view text)
         return null;
     if (text.empty())
         return empty;
-    if (text.size() > std::numeric_limits<Handle>::max() - longestLengthPrefix - m_buffer.size())
+    if (text.size() > std::numeric_limits<Handle>::max() - longestLengthPrefix - size())
         return null;
-    const auto handle = static_cast<Handle>(m_buffer.size());
+    const auto handle = static_cast<Handle>(size());
+    std::array<char, longestLengthPrefix> prefix{};
+    std::size_t prefixSize = 0;
     std::size_t length = text.size();
     for (; length >= moreFollows; length >>= 7)
-        m_buffer.push_back(static_cast<char>(static_cast<unsigned char>(length) | moreFollows));
-    m_buffer.push_back(static_cast<char>(length));
-    m_buffer.append(text);
+        prefix[prefixSize++] = static_cast<char>(static_cast<unsigned char>(length) | moreFollows);
+    prefix[prefixSize++] = static_cast<char>(length);
+    m_buffer.append(prefix.data(), static_cast<qsizetype>(prefixSize));
+    m_buffer.append(text.data(), static_cast<qsizetype>(text.size()));
     return handle;
 }
 
@@ -38,9 +42,9 @@ std::string_view TextPool::text(Handle handle) const
     std::size_t position = handle;
     std::size_t length = 0;
     for (unsigned shift = 0;; shift += 7) {
-        const auto byte = static_cast<unsigned char>(m_buffer[position++]);
+        const auto byte = static_cast<unsigned char>(m_buffer.constData()[position++]);
         length |= std::size_t(byte & 0x7fU) << shift;
         if (byte < moreFollows)
-            return { m_buffer.data() + position, length };
+            return { m_buffer.constData() + position, length };
     }
 }

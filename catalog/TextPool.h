@@ -1,7 +1,8 @@
 #pragma once
 
+#include <QByteArray>
+
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 // Texts one behind the other in one growing buffer, each known by a 32-bit handle: what many packages' texts are kept
@@ -21,10 +22,11 @@ public:
     // A view without data for null.
     std::string_view text(Handle handle) const;
     // Gives back what the buffer holds in reserve.
-    void shrink() { m_buffer.shrink_to_fit(); }
-    std::size_t size() const { return m_buffer.size(); }
+    void shrink() { m_buffer.squeeze(); }
+    std::size_t size() const { return static_cast<std::size_t>(m_buffer.size()); }
 
 private:
     // Each text stands behind its length, written seven bits a byte, the highest bit telling that more follow.
-    std::string m_buffer;
+    // In a QByteArray, which grows to megabytes without being copied.
+    QByteArray m_buffer;
 };

@@ -20,9 +20,11 @@ char* WindowRing::window()
 
 void WindowRing::accept(std::size_t size)
 {
-    at(m_written.load(std::memory_order_relaxed) / oneWindow).size = size;
+    const std::uint32_t number = m_written.load(std::memory_order_relaxed) / oneWindow;
+    at(number).size = size;
     m_written.fetch_add(oneWindow, std::memory_order_release);
-    m_written.notify_one();
+    if (number % wakeInterval == wakeInterval - 1)
+        m_written.notify_one();
 }
 
 void WindowRing::finish()

@@ -27,6 +27,10 @@ public:
 
 private:
     static constexpr std::uint32_t windowCount = 8;
+    // The reader is faster than who decompresses, and waking it for each window slows that down: it sleeps until some
+    // are there.
+    static constexpr std::uint32_t wakeInterval = 4;
+    static_assert(wakeInterval <= windowCount, "A full ring must have woken its reader");
     // A counter of windows stands above this bit, which tells that its side has ended.
     static constexpr std::uint32_t ended = 1;
     static constexpr std::uint32_t oneWindow = 2;

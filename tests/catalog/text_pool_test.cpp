@@ -26,22 +26,24 @@ TEST(TextPool, tellsNullFromEmpty)
 
 TEST(TextInterner, keepsEqualTextsOnceHoweverManyThereAre)
 {
-    TextInterner interner;
+    TextPool pool;
+    TextInterner interner(pool);
     std::vector<TextPool::Handle> handles;
     handles.reserve(5000);
     for (int number = 0; number < 5000; ++number)
         handles.push_back(interner.add(std::to_string(number)));
-    const std::size_t size = interner.pool()->size();
+    const std::size_t size = pool.size();
     for (int number = 0; number < 5000; ++number) {
         EXPECT_EQ(interner.add(std::to_string(number)), handles[static_cast<std::size_t>(number)]);
-        EXPECT_EQ(interner.pool()->text(handles[static_cast<std::size_t>(number)]), std::to_string(number));
+        EXPECT_EQ(pool.text(handles[static_cast<std::size_t>(number)]), std::to_string(number));
     }
-    EXPECT_EQ(interner.pool()->size(), size);
+    EXPECT_EQ(pool.size(), size);
 }
 
 TEST(TextInterner, tellsNullFromEmpty)
 {
-    TextInterner interner;
+    TextPool pool;
+    TextInterner interner(pool);
     EXPECT_EQ(interner.add({}), TextPool::null);
     EXPECT_EQ(interner.add(""), TextPool::empty);
 }
