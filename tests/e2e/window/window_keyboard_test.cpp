@@ -244,3 +244,64 @@ TEST_F(Keyboard, staysInTheAlertWhenTabGoesRound)
         EXPECT_NE(focused(), QStringLiteral("Categories"));
     }
 }
+
+TEST_F(Keyboard, reachesNothingBehindAnAlertByAnyShortcut)
+{
+    openQueueWith({ QStringLiteral("Alpha") });
+    network->hold();
+    ASSERT_TRUE(touch->pressByScreenReader(touch->barButton(QStringLiteral("Install"))));
+    ASSERT_TRUE(touch->waitUntil([&] { return alert() != nullptr; }));
+    touch->key(Qt::Key_Delete);
+    touch->key(Qt::Key_F5);
+    touch->key(Qt::Key_F, Qt::ControlModifier);
+    touch->key(Qt::Key_2, Qt::ControlModifier);
+    touch->key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_NE(alert(), nullptr);
+    EXPECT_EQ(touch->title(), QStringLiteral("Queue"));
+    EXPECT_EQ(installer->queue().size(), 1U);
+    touch->key(Qt::Key_Return);
+    ASSERT_TRUE(touch->waitUntil([&] { return alert() == nullptr; }));
+    touch->key(Qt::Key_1, Qt::ControlModifier);
+    ASSERT_TRUE(reaches(Home));
+    ASSERT_TRUE(touch->pressByScreenReader(touch->barButton(QStringLiteral("About"))));
+    touch->key(Qt::Key_F5);
+    EXPECT_TRUE(network->requestedURLs().isEmpty());
+}
+
+TEST_F(Keyboard, searchesFromEachTabAndFromAPushedScreen)
+{
+    addPackages(12);
+    open();
+    for (const Qt::Key tab : { Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_5 }) {
+        touch->key(tab, Qt::ControlModifier);
+        touch->key(Qt::Key_Down);
+        touch->key(Qt::Key_Return);
+        ASSERT_TRUE(touch->waitUntil([&] { return touch->stack().viewControllers().size() == 2U; }));
+        touch->key(Qt::Key_F, Qt::ControlModifier);
+        ASSERT_TRUE(reaches(QStringLiteral("Search")));
+        touch->type(QStringLiteral("7"));
+        EXPECT_EQ(touch->rowText({ 0, 0 }), QStringLiteral("Package 007")) << tab;
+        touch->key(Qt::Key_Escape);
+        EXPECT_EQ(touch->headerText(0), QStringLiteral("BROWSE CATEGORIES"));
+    }
+}
+
+TEST_F(Keyboard, deletesAUsersSourceAndNoAvailableOne)
+{
+    open();
+    touch->key(Qt::Key_5, Qt::ControlModifier);
+    touch->key(Qt::Key_Down);
+    touch->key(Qt::Key_Return);
+    ASSERT_TRUE(reaches(QStringLiteral("Sources")));
+    touch->key(Qt::Key_Down);
+    touch->key(Qt::Key_Down);
+    ASSERT_EQ(table().focusedSection(), 1);
+    touch->key(Qt::Key_Delete);
+    EXPECT_EQ(manager->repositories().size(), 1U);
+    touch->key(Qt::Key_Up);
+    touch->key(Qt::Key_Delete);
+    EXPECT_TRUE(manager->repositories().empty());
+    EXPECT_EQ(table().layout().rowCount(0), 0);
+    touch->key(Qt::Key_Delete);
+    EXPECT_EQ(table().layout().rowCount(1), 4);
+}

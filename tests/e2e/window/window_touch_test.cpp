@@ -5,6 +5,9 @@
 #include "TabBarController.h"
 #include "WindowTest.h"
 
+#include <QPointingDevice>
+#include <QTest>
+
 namespace {
 
 const QPointF LowInTheList(195, 600);
@@ -294,4 +297,69 @@ TEST_F(Finger, showsAnEmptyCatalogWhereALongOneWasScrolled)
     EXPECT_EQ(touch->rowText({ 0, 0 }), QStringLiteral("No packages loaded. Tap Reload."));
     EXPECT_LE(table().contentOffset(), 0);
     network->release();
+}
+
+TEST_F(Finger, scrollsByATrackpadAsFarAsTheFingersGo)
+{
+    addPackages(60);
+    open();
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Changes")));
+    const QPointF place(195, 400);
+    ulong time = 1000;
+    const auto moveFingers = [&](Qt::ScrollPhase phase, int points) {
+        QWheelEvent event(place, touch->quickWindow().mapToGlobal(place), { 0, -points }, { 0, -points * 8 },
+            Qt::NoButton, Qt::NoModifier, phase, false, Qt::MouseEventSynthesizedBySystem);
+        event.setTimestamp(time += 16);
+        QCoreApplication::sendEvent(&touch->quickWindow(), &event);
+        QCoreApplication::processEvents();
+    };
+    moveFingers(Qt::ScrollBegin, 0);
+    for (int step = 0; step < 10; ++step)
+        moveFingers(Qt::ScrollUpdate, 20);
+    moveFingers(Qt::ScrollEnd, 0);
+    ASSERT_TRUE(touch->settle());
+    // But for the first moves, which only tell a scroll from a rest.
+    EXPECT_NEAR(table().contentOffset(), 200, 45);
+}
+
+TEST_F(Finger, opensOneScreenWhenTwoFingersTapTwoRowsAtOnce)
+{
+    addPackages(10);
+    open();
+    QPointingDevice* const hand = QTest::createTouchDevice();
+    const QPoint first = touch->centreOfRow({ 0, 1 }).toPoint();
+    const QPoint second = touch->centreOfRow({ 0, 4 }).toPoint();
+    QTest::touchEvent(&touch->quickWindow(), hand).press(0, first).press(1, second);
+    QTest::touchEvent(&touch->quickWindow(), hand).release(0, first).release(1, second);
+    ASSERT_TRUE(touch->settle());
+    EXPECT_EQ(touch->stack().viewControllers().size(), 2U);
+}
+
+TEST_F(Finger, opensOneScreenHoweverQuicklyARowIsTapped)
+{
+    Animations::setEnabled(true);
+    addPackages(10);
+    open();
+    const QPointF row = touch->centreOfRow({ 0, 1 });
+    for (int time = 0; time < 6; ++time)
+        touch->tap(row);
+    ASSERT_TRUE(touch->settle());
+    EXPECT_EQ(touch->stack().viewControllers().size(), 2U);
+    EXPECT_EQ(touch->title(), QStringLiteral("Package 002"));
+}
+
+TEST_F(Finger, changesTheTabWhileAScreenIsStillSlidingIn)
+{
+    Animations::setEnabled(true);
+    addPackages(10);
+    open();
+    ASSERT_TRUE(touch->tapRow({ 0, 1 }));
+    ASSERT_TRUE(touch->stack().isTransitioning());
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Changes")));
+    ASSERT_TRUE(reaches(QStringLiteral("Changes")));
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Vesk")));
+    ASSERT_TRUE(reaches(QStringLiteral("Package 002")));
+    ASSERT_TRUE(touch->tapBarButton(QStringLiteral("Back")));
+    EXPECT_TRUE(reaches(Home));
+    EXPECT_FALSE(isHighlighted({ 0, 1 }));
 }
