@@ -9,7 +9,7 @@ build_packages=(
 )
 # What Vesk needs to open its window, and the demo source and its sandbox besides.
 window_packages=(
-  bubblewrap fonts-droid-fallback fonts-inter python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
+  bubblewrap fonts-dejavu-core fonts-inter fonts-wqy-microhei python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
   qt6-wayland
 )
 run_packages=("${build_packages[@]}" "${window_packages[@]}")

@@ -115,7 +115,7 @@ FocusScope {
                     width: parent.width
                     visible: text.length > 0
                     horizontalAlignment: Text.AlignHCenter
-                    text: root.alert.title.slice(0, 500)
+                    text: KitLook.shown(root.alert.title.slice(0, 500))
                     textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     maximumLineCount: 3
@@ -134,7 +134,7 @@ FocusScope {
                     width: parent.width
                     visible: text.length > 0
                     horizontalAlignment: Text.AlignHCenter
-                    text: root.alert.message.slice(0, 2000)
+                    text: KitLook.shownSentence(root.alert.message.slice(0, 2000))
                     textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     font.family: KitLook.fontFamily

@@ -36,7 +36,7 @@ FocusScope {
             height: root.barHeight
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
-            title: root.page.backTitle.slice(0, 500)
+            title: KitLook.shown(root.page.backTitle.slice(0, 500))
             maximumTitleWidth: Math.max(60, root.width - ownTitle.advanceWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
             accessibleName: KitLook.backTitle
             onPressed: root.back()
@@ -58,7 +58,7 @@ FocusScope {
         x: Math.round(Math.max(root.leftEdge, Math.min(middle, root.width - root.rightEdge - width))) + root.titleShift
         width: Math.min(implicitWidth, root.width - root.leftEdge - root.rightEdge)
         height: root.barHeight
-        text: root.item.title.slice(0, 500)
+        text: KitLook.shown(root.item.title.slice(0, 500))
         textFormat: Text.PlainText
         font: root.bar.titleFont
         fontSizeMode: KitLook.enlargesTexts ? Text.HorizontalFit : Text.FixedSize

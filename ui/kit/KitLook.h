@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TextScale.h"
+#include "WritingDirection.h"
 
 #include <QColor>
 #include <QObject>
@@ -48,6 +49,9 @@ public:
     Q_INVOKABLE double grown(double height) const { return TextScale::grown(height); }
     Q_INVOKABLE int fontSize(int size) const { return TextScale::fontSize(size); }
     Q_INVOKABLE int barFontSize(int size) const { return TextScale::barFontSize(size); }
+    // And for texts of screens that no label shows.
+    Q_INVOKABLE QString shown(const QString& text) const { return WritingDirection::shown(text); }
+    Q_INVOKABLE QString shownSentence(const QString& text) const { return WritingDirection::shownSentence(text); }
 
 private:
     QColor m_shade{ 0, 0, 0, 110 };

@@ -2,6 +2,7 @@
 
 #include "Font.h"
 #include "TextScale.h"
+#include "WritingDirection.h"
 
 #include <QFontMetricsF>
 
@@ -75,7 +76,7 @@ QString Label::shownText() const
 {
     constexpr qsizetype LongestLine = 1000;
     constexpr qsizetype LongestText = 20000;
-    return m_text.left(m_numberOfLines == 0 ? LongestText : LongestLine * m_numberOfLines);
+    return WritingDirection::shown(m_text.left(m_numberOfLines == 0 ? LongestText : LongestLine * m_numberOfLines));
 }
 
 double Label::naturalWidth() const

@@ -5,6 +5,9 @@
 #include <QFont>
 
 // A text of one or more lines, drawn in the middle of its frame's height.
+//
+// One line aligned at the left stays there whichever way it is written: rows are read down along their pictures.
+// Several lines are prose, and begin at the side where their writing does.
 class Label : public View
 {
     Q_OBJECT
@@ -48,7 +51,8 @@ public:
     // The width of the text on one line.
     double naturalWidth() const;
 
-    // As much of the text as could ever be seen: what a source sends may be megabytes long.
+    // As much of the text as could ever be seen, for what a source sends may be megabytes long, and so that it moves no
+    // other text about.
     QString shownText() const;
     // By the text scale: then a text that does not fit shrinks, by a third where its frame has grown with it, and to
     // its size at the usual scale where the frame is too low.

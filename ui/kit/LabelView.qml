@@ -15,7 +15,8 @@ Text {
     textFormat: Text.PlainText
     font: view.font
     color: view.color
-    horizontalAlignment: view.alignment & Qt.AlignHCenter ? Text.AlignHCenter : view.alignment & Qt.AlignRight ? Text.AlignRight : Text.AlignLeft
+    // Undefined follows the text.
+    horizontalAlignment: view.alignment & Qt.AlignHCenter ? Text.AlignHCenter : view.alignment & Qt.AlignRight ? Text.AlignRight : view.numberOfLines === 1 ? Text.AlignLeft : undefined
     verticalAlignment: Text.AlignVCenter
     elide: view.numberOfLines === 0 ? Text.ElideNone : Text.ElideRight
     wrapMode: view.numberOfLines === 1 ? Text.NoWrap : Text.Wrap
