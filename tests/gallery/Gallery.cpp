@@ -37,6 +37,11 @@ void Gallery::fillCatalogExcessively()
     manager->setPackages(excessivePackages(manager->repositories().front()));
 }
 
+void Gallery::fillCatalogFromAroundTheWorld()
+{
+    manager->setPackages(worldwidePackages(manager->repositories().front()));
+}
+
 void Gallery::addSources()
 {
     auto off = VeskRepository::repositoryWithURLString(

@@ -30,6 +30,7 @@ protected:
     // The catalog, before or after the window is open.
     void fillCatalog();
     void fillCatalogExcessively();
+    void fillCatalogFromAroundTheWorld();
     void addSources();
     VeskPackagePtr packageNamed(const QString& name) const;
     void queue(const QString& name, QueueAction action, QueueStatus status);

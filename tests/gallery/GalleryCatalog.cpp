@@ -67,6 +67,28 @@ constexpr std::array<Entry, 7> excessiveEntries{ {
         "OneWordThatIsSoLongThatThereIsNoPlaceToBreakItAnywhereAtAllInTheWholeRowAndThenSomeMore." },
 } };
 
+constexpr std::array<Entry, 12> worldwideEntries{ {
+    { "日历与农历", "李明", "工具", "2.1", nullptr,
+        "在一页上显示公历、农历、二十四节气和传统节日。可以为每一天写下三行笔记，也可以把重要的日子标成红色。"
+        "所有内容都保存在设备上，不需要网络。" },
+    { "繁體字典", "陳小華", "教育", "1.4.2", "1.4.2", "收錄五萬個字，依部首與筆畫查詢。" },
+    { "写真アルバム", "山田 花子", "ユーティリティ", "3.0", nullptr,
+        "写真を日付ごとに並べて、小さな本のようにめくります。思い出をひとことで書き添えることもできます。" },
+    { "한글 메모장", "김서연", "유틸리티", "1.9", "1.8", "오늘의 할 일을 한 줄씩 적는 작은 메모장입니다." },
+    { "مفكرة الأيام", "ليلى حداد", "أدوات", "2.0", nullptr,
+        "مفكرة صغيرة تعرض أيام الأسبوع والأعياد ومواقيت الشروق والغروب، وتحفظ ملاحظاتك على الجهاز دون الحاجة إلى "
+        "الاتصال بالشبكة. تدعم الإصدار 2.0 والأحدث." },
+    { "יומן לילה", "נועם לוי", "כלים", "1.3", "1.3", "יומן קטן לשעות הערב: שורה אחת בכל יום, בלי הסחות דעת." },
+    { "حزمة ذات اسم طويل جدا لا يتسع له أي سطر مهما كانت النافذة عريضة على الشاشة", "مؤلف", "أدوات", "1.0", nullptr,
+        "" },
+    { "一个名字非常非常长以至于任何一行都放不下而且没有任何空格可以换行的软件包", "作者", "工具", "1.0", nullptr, "" },
+    { "Tides أمواج 2", "Tove لين", "Themes", "2.0", nullptr, "Latin and Arabic letters in one line." },
+    { "\u202eReversed by Force", "Edda \u202eBrook", "Utilities", "1.0", "0.9",
+        "What was forced to run backwards runs forwards." },
+    { "\u2067Left Open", "\u202bMarsh & Reed", "Utilities", "3.2", nullptr, "Opened, and never closed." },
+    { "שלום Hello עולם", "Orin Pell (עורך)", "Utilities", "0.4", nullptr, "Both ways." },
+} };
+
 QString text(const char* utf8)
 {
     return utf8 ? QString::fromUtf8(utf8) : QString();
@@ -105,4 +127,9 @@ std::vector<VeskPackagePtr> galleryPackages(const VeskRepositoryPtr& repository)
 std::vector<VeskPackagePtr> excessivePackages(const VeskRepositoryPtr& repository)
 {
     return packagesOf(excessiveEntries, repository);
+}
+
+std::vector<VeskPackagePtr> worldwidePackages(const VeskRepositoryPtr& repository)
+{
+    return packagesOf(worldwideEntries, repository);
 }
