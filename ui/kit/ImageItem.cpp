@@ -9,6 +9,7 @@
 
 namespace {
 
+// In device pixels. What is larger is stretched to its size, so that a very long row does not take all memory.
 constexpr int LargestSide = 8192;
 
 } // namespace
@@ -75,10 +76,8 @@ QSGNode* ImageItem::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*dat
 {
     auto* node = static_cast<QSGImageNode*>(oldNode);
     const double scale = window()->effectiveDevicePixelRatio();
-    const QSize pixelSize(
-        static_cast<int>(std::lround(width() * scale)), static_cast<int>(std::lround(height() * scale)));
-    const bool isTooLarge = pixelSize.width() > LargestSide || pixelSize.height() > LargestSide;
-    if (m_image.isNull() || pixelSize.isEmpty() || isTooLarge) {
+    const QSize pixelSize = (size() * scale).toSize().boundedTo({ LargestSide, LargestSide });
+    if (m_image.isNull() || pixelSize.isEmpty()) {
         delete node;
         return nullptr;
     }

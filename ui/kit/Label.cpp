@@ -72,11 +72,18 @@ void Label::setShadow(Shadow shadow, const Color& color)
     Q_EMIT labelChanged();
 }
 
-QString Label::shownText() const
+QString Label::shownPart(const QString& text, int numberOfLines)
 {
     constexpr qsizetype LongestLine = 1000;
     constexpr qsizetype LongestText = 20000;
-    return WritingDirection::shown(m_text.left(m_numberOfLines == 0 ? LongestText : LongestLine * m_numberOfLines));
+    if (numberOfLines > 0)
+        return WritingDirection::shown(text.left(LongestLine * numberOfLines));
+    return WritingDirection::shown(text.size() <= LongestText ? text : text.left(LongestText - 1) + QChar(0x2026));
+}
+
+void Label::drawWhole(QQuickItem* item)
+{
+    item->setFlag(QQuickItem::ItemObservesViewport, false);
 }
 
 double Label::naturalWidth() const

@@ -3,6 +3,7 @@
 #include "View.h"
 
 #include <QFont>
+#include <QQuickItem>
 
 // A text of one or more lines, drawn in the middle of its frame's height.
 //
@@ -53,7 +54,11 @@ public:
 
     // As much of the text as could ever be seen, for what a source sends may be megabytes long, and so that it moves no
     // other text about.
-    QString shownText() const;
+    QString shownText() const { return shownPart(m_text, m_numberOfLines); }
+    static QString shownPart(const QString& text, int numberOfLines);
+    // For the item that draws the text: by itself it draws only the lines of a long text that it takes to be in sight,
+    // which are not those that are.
+    Q_INVOKABLE static void drawWhole(QQuickItem* item);
     // By the text scale: then a text that does not fit shrinks, by a third where its frame has grown with it, and to
     // its size at the usual scale where the frame is too low.
     bool isEnlarged() const;

@@ -12,6 +12,7 @@ Text {
     height: view.frame.height
     visible: !view.hidden && text.length > 0
     text: view.shownText
+    onTextChanged: view.drawWhole(root)
     textFormat: Text.PlainText
     font: view.font
     color: view.color

@@ -104,7 +104,8 @@ double PackageDetailViewController::heightForRowAtIndexPath(const IndexPath& ind
 double PackageDetailViewController::descriptionHeight() const
 {
     const double width = std::max(tableView()->width() - 28, 260.0);
-    return std::max(Font::boundingHeight(descriptionOf(*m_package), descriptionFont(), width) + 28, 68.0);
+    const QString shown = Label::shownPart(descriptionOf(*m_package), 0);
+    return std::max(Font::boundingHeight(shown, descriptionFont(), width) + 28, 68.0);
 }
 
 TableViewCell* PackageDetailViewController::cellForRowAtIndexPath(const IndexPath& indexPath)

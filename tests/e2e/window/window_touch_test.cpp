@@ -27,6 +27,21 @@ protected:
         return item ? item->mapToScene({ 0, 0 }).y() : -1;
     }
     double topOfTable() const { return table().frame().top(); }
+    // How much of the table's height below its pinned header holds dark writing, from 0 to 1.
+    double writtenPart() const
+    {
+        const QImage picture = touch->picture();
+        const int top = static_cast<int>(topOfTable()) + 25;
+        const int bottom = static_cast<int>(topOfTable() + table().frame().height());
+        int written = 0;
+        for (int y = top; y < bottom; ++y) {
+            bool isDark = false;
+            for (int x = 12; x < picture.width() - 12 && !isDark; ++x)
+                isDark = qGray(picture.pixel(x, y)) < 96;
+            written += isDark ? 1 : 0;
+        }
+        return static_cast<double>(written) / (bottom - top);
+    }
     void addPackageInEachOfManySections()
     {
         for (char letter = 'a'; letter <= 'z'; ++letter)
@@ -48,6 +63,11 @@ protected:
 };
 
 const QString Home = QStringLiteral("Welcome to Vesk");
+
+QString linesOfText(int count)
+{
+    return QStringLiteral("A line of words that ends here.\n").repeated(count).trimmed();
+}
 
 } // namespace
 
@@ -362,4 +382,28 @@ TEST_F(Finger, changesTheTabWhileAScreenIsStillSlidingIn)
     ASSERT_TRUE(touch->tapBarButton(QStringLiteral("Back")));
     EXPECT_TRUE(reaches(Home));
     EXPECT_FALSE(isHighlighted({ 0, 1 }));
+}
+
+TEST_F(Finger, readsALongDescriptionWhereverItIsScrolledTo)
+{
+    addPackage(QStringLiteral("Package 001"))->setDesc(linesOfText(500));
+    open();
+    ASSERT_TRUE(touch->tapRow({ 0, 0 }));
+    ASSERT_TRUE(reaches(QStringLiteral("Package 001")));
+    for (int stroke = 0; stroke < 4; ++stroke) {
+        touch->drag(LowInTheList, LowInTheList - QPointF(0, 400));
+        ASSERT_TRUE(touch->settle());
+        EXPECT_GT(writtenPart(), 0.5) << "after stroke " << stroke;
+    }
+}
+
+TEST_F(Finger, findsWritingAtTheEndOfADescriptionOfAnyLength)
+{
+    addPackage(QStringLiteral("Package 001"))->setDesc(linesOfText(30'000));
+    open();
+    ASSERT_TRUE(touch->tapRow({ 0, 0 }));
+    ASSERT_TRUE(reaches(QStringLiteral("Package 001")));
+    table().setContentOffset(table().rectForRow({ 1, 0 }).bottom() - table().frame().height());
+    ASSERT_TRUE(touch->settle());
+    EXPECT_GT(writtenPart(), 0.5);
 }

@@ -109,6 +109,7 @@ TEST(Label, keepsAllOfATextButShowsNoMoreThanCouldBeSeen)
     EXPECT_EQ(label.shownText().size(), 2'000);
     label.setNumberOfLines(0);
     EXPECT_EQ(label.shownText().size(), 20'000);
+    EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
 }
 
 TEST(Label, tellsWhereItsShadowFalls)
