@@ -5,6 +5,8 @@ namespace {
 
 constexpr QSize Tablet(768, 440);
 constexpr QSize Desktop(1280, 440);
+constexpr QSize LargeTablet(1024, 768);
+constexpr QSize LargeDesktop(1280, 800);
 
 } // namespace
 
@@ -86,6 +88,23 @@ TEST_F(AtScale1, tabletSources)
     open(Tab::Manage, Tablet);
     tap(0, 0);
     expectPicture(QStringLiteral("tablet-sources"));
+}
+
+TEST_F(AtScale1, sheetBelowItsRow)
+{
+    fillCatalog();
+    open(Tab::Manage, LargeTablet);
+    tap(2, 0);
+    expectPicture(QStringLiteral("tablet-sheet"));
+}
+
+TEST_F(AtScale1, sheetAboveItsRow)
+{
+    fillCatalog();
+    open(Tab::Manage, LargeDesktop);
+    scrollToEnd();
+    tap(2, 5);
+    expectPicture(QStringLiteral("desktop-sheet"));
 }
 
 TEST_F(AtScale1, desktopChanges)

@@ -52,6 +52,26 @@ AlertTextField* AlertController::addTextField()
     return field;
 }
 
+void AlertController::setSource(View* view, std::function<QRectF()> rect)
+{
+    m_sourceView = view;
+    m_sourceRect = std::move(rect);
+    for (View* moving = view; moving; moving = moving->superview()) {
+        connect(moving, &View::frameChanged, this, &AlertController::anchorChanged);
+        connect(moving, &View::contentOriginChanged, this, &AlertController::anchorChanged);
+    }
+    Q_EMIT anchorChanged();
+}
+
+QRectF AlertController::anchor() const
+{
+    if (!m_sourceView)
+        return {};
+    const QRectF shown{ m_sourceView->contentOrigin(), m_sourceView->frame().size() };
+    const QRectF rect = m_sourceRect ? m_sourceRect() & shown : shown;
+    return { m_sourceView->convertPointToView(rect.topLeft(), nullptr), rect.size() };
+}
+
 void AlertController::choose(int action)
 {
     if (m_dismissed || action < 0 || action >= m_actions.size())

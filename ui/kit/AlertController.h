@@ -1,6 +1,10 @@
 #pragma once
 
+#include "View.h"
+
 #include <QObject>
+#include <QPointer>
+#include <QRectF>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
@@ -71,9 +75,9 @@ private:
     Autocorrection m_autocorrection = Autocorrection::Yes;
 };
 
-// A message with buttons over everything else, or a sheet of actions from the window's lower edge. It is dismissed by
-// any of its actions; the action's handler runs after that. Presented by ViewController::present(), which takes
-// ownership.
+// A message with buttons over everything else, or a sheet of actions: at the lower edge of a phone's window, beside its
+// source in one that is large. It is dismissed by any of its actions; the action's handler runs after that. Presented
+// by ViewController::present(), which takes ownership.
 class AlertController : public QObject
 {
     Q_OBJECT
@@ -82,6 +86,7 @@ class AlertController : public QObject
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QString message READ message CONSTANT)
     Q_PROPERTY(bool sheet READ isSheet CONSTANT)
+    Q_PROPERTY(QRectF anchor READ anchor NOTIFY anchorChanged)
     Q_PROPERTY(QList<AlertAction*> actions READ actions NOTIFY contentChanged)
     Q_PROPERTY(QList<AlertTextField*> textFields READ textFields NOTIFY contentChanged)
 
@@ -96,6 +101,12 @@ public:
     bool isSheet() const { return m_style == Style::ActionSheet; }
     void addAction(const QString& title, AlertAction::Style style, std::function<void()> handler = {});
     AlertTextField* addTextField();
+    // What a sheet in a large window stands beside and points at: a rectangle in the view's content, asked for anew
+    // when the view moves or scrolls; without one, all of the view. The view may go before the sheet does.
+    void setSource(View* view, std::function<QRectF()> rect = {});
+    const View* sourceView() const { return m_sourceView; }
+    // That rectangle in the window, as much of it as the view shows; empty without a source.
+    QRectF anchor() const;
     const QList<AlertAction*>& actions() const { return m_actions; }
     const QList<AlertTextField*>& textFields() const { return m_textFields; }
 
@@ -108,12 +119,15 @@ public:
 
 Q_SIGNALS:
     void contentChanged();
+    void anchorChanged();
     void dismissed();
 
 private:
     QString m_title;
     QString m_message;
     Style m_style;
+    QPointer<View> m_sourceView;
+    std::function<QRectF()> m_sourceRect;
     QList<AlertAction*> m_actions;
     QList<AlertTextField*> m_textFields;
     bool m_dismissed = false;

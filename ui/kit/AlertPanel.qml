@@ -3,14 +3,15 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import ui.kit
 
-// An alert in the middle of the window, or a sheet at its lower edge, over a shade that holds back everything else. On a
-// wide window a sheet stands in the middle: it belongs to the whole screen that presents it, so it points at no part of it.
+// An alert in the middle of the window, or a sheet, over a shade that holds back everything else. In a window of a phone's
+// size the sheet lies at the lower edge; in a large one it stands beside what opened it and points there.
 // Where the window is too low, the texts and the buttons scroll, each for themselves.
 FocusScope {
     id: root
 
     required property AlertController alert
-    readonly property bool wide: width >= 600
+    readonly property bool large: width >= 600 && height >= 480
+    readonly property bool beside: alert.sheet && large
     readonly property bool sideBySide: !alert.sheet && alert.actions.length === 2
 
     function showFocus(event) {
@@ -31,7 +32,8 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: KitLook.shade
+        // What an arrow points at stays easy to read.
+        color: root.beside ? KitLook.lightShade : KitLook.shade
 
         NumberAnimation on opacity {
             from: 0
@@ -46,27 +48,43 @@ FocusScope {
             root.alert.cancel()
         onWheel: wheel => wheel.accepted = true
     }
-    Rectangle {
+    Item {
         id: panel
 
         readonly property double room: root.height - 16 - 28 - 8
-        readonly property double rest: root.alert.sheet && !root.wide ? root.height - height - 8 : (root.height - height) / 2
+        readonly property double rest: root.alert.sheet ? root.height - height - 8 : (root.height - height) / 2
+        readonly property panelPlace place: PanelPlacing.beside(root.alert.anchor, Qt.size(width, height), Qt.size(root.width, root.height))
 
-        x: Math.round((root.width - width) / 2)
-        y: Math.round(rest)
-        width: root.alert.sheet && !root.wide ? root.width - 16 : Math.min(KitLook.grown(290), root.width - 32)
+        x: root.beside ? place.x : Math.round((root.width - width) / 2)
+        y: root.beside ? place.y : Math.round(rest)
+        width: root.alert.sheet && !root.large ? Math.min(KitLook.grown(480), root.width - 16) : Math.min(KitLook.grown(290), root.width - 32)
         height: choices.y + choices.height + 14
-        radius: 12
-        border.color: KitLook.panelEdge
-        border.width: 2
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: KitLook.panelTop
-            }
-            GradientStop {
-                position: 1
-                color: KitLook.panelBottom
+
+        PanelShape {
+            anchors.fill: parent
+            anchors.margins: -reach
+            visible: root.beside
+            place: panel.place
+            topColor: KitLook.panelTop
+            bottomColor: KitLook.panelBottom
+            edgeColor: KitLook.panelEdge
+            shadowColor: KitLook.shade
+        }
+        Rectangle {
+            anchors.fill: parent
+            visible: !root.beside
+            radius: 12
+            border.color: KitLook.panelEdge
+            border.width: 2
+            gradient: Gradient {
+                GradientStop {
+                    position: 0
+                    color: KitLook.panelTop
+                }
+                GradientStop {
+                    position: 1
+                    color: KitLook.panelBottom
+                }
             }
         }
 

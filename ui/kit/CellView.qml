@@ -162,6 +162,8 @@ Item {
 
         target: null
         yAxis.enabled: false
+        // Not from the handler of the swipe that leads back.
+        grabPermissions: PointerHandler.CanTakeOverFromItems | PointerHandler.ApprovesTakeOverByAnything
         enabled: !root.view.hidden && root.table.canDeleteRow(root.view.section, root.view.row)
         onActiveChanged: {
             if (active)

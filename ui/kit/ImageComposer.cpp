@@ -27,20 +27,61 @@ std::array<double, 4> cappedEdges(double before, double after, double length)
     return { 0.0, first, std::max(first, length - std::round(after * fit)), length };
 }
 
-// The four corners keep their size, the edges stretch along themselves, the middle both ways.
-void drawStretched(QPainter& painter, const QRectF& target, const QImage& pixels, const EdgeInsets& caps, double scale)
+struct Stretch
+{
+    double begin;
+    double end;
+};
+
+// The caps of a picture and what is between them; where they meet, that is the last pixel of the first one.
+std::array<Stretch, 3> cappedStretches(double before, double after, double length)
+{
+    const double first = std::min(before, length);
+    const double last = std::max(0.0, length - after);
+    const Stretch middle
+        = first < last ? Stretch{ first, last } : Stretch{ std::max(0.0, first - 1), std::max(1.0, first) };
+    return { Stretch{ 0, first }, middle, Stretch{ last, length } };
+}
+
+// One of the nine parts of a resizable picture: its place there, and what it is to fill.
+struct Part
+{
+    QRectF source;
+    QRectF target;
+};
+
+void tilePart(QPainter& painter, const QImage& pixels, const Part& part, double scale)
+{
+    const QImage cut = pixels.copy(part.source.toRect());
+    const QSize size = (QSizeF(cut.size()) * scale).toSize().expandedTo({ 1, 1 });
+    const QImage tile = size == cut.size() ? cut : cut.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    painter.setBrushOrigin(part.target.topLeft());
+    painter.fillRect(part.target, QBrush(tile));
+}
+
+// The four corners keep their size, the edges stretch or repeat along themselves, the middle both ways.
+void drawResized(QPainter& painter, const QRectF& target, const QImage& pixels, const Image& image, double scale)
 {
     const double source = pixels.devicePixelRatio();
-    const double w = pixels.width();
-    const double h = pixels.height();
-    const std::array sx{ 0.0, caps.left * source, w - caps.right * source, w };
-    const std::array sy{ 0.0, caps.top * source, h - caps.bottom * source, h };
+    const EdgeInsets& caps = image.capInsets();
+    const std::array sx = cappedStretches(caps.left * source, caps.right * source, pixels.width());
+    const std::array sy = cappedStretches(caps.top * source, caps.bottom * source, pixels.height());
     const std::array tx = cappedEdges(caps.left * scale, caps.right * scale, target.width());
     const std::array ty = cappedEdges(caps.top * scale, caps.bottom * scale, target.height());
+    QImage plain = pixels;
+    plain.setDevicePixelRatio(1);
     for (std::size_t row = 0; row < 3; ++row)
-        for (std::size_t column = 0; column < 3; ++column)
-            painter.drawImage(QRectF(QPointF(tx[column], ty[row]), QPointF(tx[column + 1], ty[row + 1])), pixels,
-                QRectF(QPointF(sx[column], sy[row]), QPointF(sx[column + 1], sy[row + 1])));
+        for (std::size_t column = 0; column < 3; ++column) {
+            const Part part{ QRectF(QPointF(sx[column].begin, sy[row].begin), QPointF(sx[column].end, sy[row].end)),
+                QRectF(QPointF(tx[column], ty[row]), QPointF(tx[column + 1], ty[row + 1])) };
+            const bool isCorner = row != 1 && column != 1;
+            if (part.target.isEmpty() || part.source.isEmpty())
+                continue;
+            if (image.resizingMode() == Image::ResizingMode::Tile && !isCorner)
+                tilePart(painter, plain, part, scale / source);
+            else
+                painter.drawImage(part.target, pixels, part.source);
+        }
 }
 
 void drawTiled(QPainter& painter, const QRectF& target, const QImage& pixels, double scale)
@@ -79,7 +120,7 @@ void draw(QPainter& painter, const ImageLook& look)
     else if (look.mode == ImageLook::Mode::AspectFit)
         drawWhole(painter, fitted(pixels.size(), target), pixels);
     else if (look.image.isResizable())
-        drawStretched(painter, target, pixels, look.image.capInsets(), look.scale);
+        drawResized(painter, target, pixels, look.image, look.scale);
     else
         drawWhole(painter, target, pixels);
 }

@@ -16,6 +16,7 @@ class KitLook : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(QColor shade MEMBER m_shade CONSTANT)
+    Q_PROPERTY(QColor lightShade MEMBER m_lightShade CONSTANT)
     Q_PROPERTY(QColor panelTop MEMBER m_panelTop CONSTANT)
     Q_PROPERTY(QColor panelBottom MEMBER m_panelBottom CONSTANT)
     Q_PROPERTY(QColor panelEdge MEMBER m_panelEdge CONSTANT)
@@ -55,6 +56,7 @@ public:
 
 private:
     QColor m_shade{ 0, 0, 0, 110 };
+    QColor m_lightShade{ 0, 0, 0, 60 };
     QColor m_panelTop{ 66, 92, 130 };
     QColor m_panelBottom{ 27, 45, 78 };
     QColor m_panelEdge{ 226, 233, 242, 230 };

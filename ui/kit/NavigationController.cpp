@@ -29,7 +29,7 @@ NavigationController::NavigationController(ViewController* root, QObject* parent
     m_animation.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_animation, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& value) { setProgress(value.toDouble()); });
-    connect(&m_animation, &QVariantAnimation::finished, this, &NavigationController::finishTransition);
+    connect(&m_animation, &QVariantAnimation::finished, this, [this] { change([this] { finishTransition(); }); });
 }
 
 NavigationController::~NavigationController()
@@ -73,37 +73,57 @@ double NavigationController::barHeight() const
 
 // MARK: the stack
 
+void NavigationController::change(std::function<void()> change)
+{
+    m_changes.push_back(std::move(change));
+    if (m_changing)
+        return;
+    m_changing = true;
+    while (!m_changes.empty()) {
+        const std::function<void()> next = std::move(m_changes.front());
+        m_changes.erase(m_changes.begin());
+        next();
+    }
+    m_changing = false;
+}
+
 void NavigationController::pushViewController(ViewController* controller, Animation animation)
 {
-    finishTransition();
-    ViewController* const leaving = topViewController();
     controller->setParent(this);
     controller->setNavigationController(this);
-    controller->setBackTitle(leaving->title().isEmpty() ? QStringLiteral("Back") : leaving->title());
-    m_stack.push_back(controller);
-    startTransition(leaving, Direction::Push, animation);
+    change([this, controller, animation] {
+        settle();
+        ViewController* const leaving = topViewController();
+        controller->setBackTitle(leaving->title().isEmpty() ? QStringLiteral("Back") : leaving->title());
+        m_stack.push_back(controller);
+        startTransition(leaving, Direction::Push, animation);
+    });
 }
 
 void NavigationController::popViewController(Animation animation)
 {
-    finishTransition();
-    if (!canGoBack())
-        return;
-    ViewController* const leaving = topViewController();
-    m_stack.pop_back();
-    startTransition(leaving, Direction::Pop, animation);
+    change([this, animation] {
+        settle();
+        if (!canGoBack())
+            return;
+        ViewController* const leaving = topViewController();
+        m_stack.pop_back();
+        startTransition(leaving, Direction::Pop, animation);
+    });
 }
 
 void NavigationController::popToRootViewController(Animation animation)
 {
-    finishTransition();
-    if (!canGoBack())
-        return;
-    ViewController* const leaving = topViewController();
-    for (std::size_t index = 1; index + 1 < m_stack.size(); ++index)
-        drop(m_stack[index]);
-    m_stack.resize(1);
-    startTransition(leaving, Direction::Pop, animation);
+    change([this, animation] {
+        settle();
+        if (!canGoBack())
+            return;
+        ViewController* const leaving = topViewController();
+        for (std::size_t index = 1; index + 1 < m_stack.size(); ++index)
+            drop(m_stack[index]);
+        m_stack.resize(1);
+        startTransition(leaving, Direction::Pop, animation);
+    });
 }
 
 void NavigationController::drop(ViewController* controller)
@@ -116,7 +136,22 @@ void NavigationController::drop(ViewController* controller)
 
 // MARK: the transition
 
+// Whatever is under way comes to its end at once.
+void NavigationController::settle()
+{
+    if (m_swipingBack)
+        bringPageBack(Animation::None);
+    else
+        finishTransition();
+}
+
 void NavigationController::startTransition(ViewController* leaving, Direction direction, Animation animation)
+{
+    beginTransition(leaving, direction, 0);
+    runTransition(animation);
+}
+
+void NavigationController::beginTransition(ViewController* leaving, Direction direction, double progress)
 {
     m_leaving = leaving;
     m_direction = direction;
@@ -127,13 +162,20 @@ void NavigationController::startTransition(ViewController* leaving, Direction di
     if (!m_pageModel.objects().contains(topViewController()))
         m_pageModel.append(topViewController());
     layOutPages();
-    setProgress(0);
+    setProgress(progress);
     Q_EMIT stackChanged();
-    m_animation.setDuration(animation == Animation::Animated ? Animations::duration(Animations::Push) : 0);
-    if (m_visible && m_animation.duration() > 0)
-        m_animation.start();
-    else
-        finishTransition();
+}
+
+// From where it stands to its end.
+void NavigationController::runTransition(Animation animation)
+{
+    const int whole = animation == Animation::Animated && m_visible ? Animations::duration(Animations::Push) : 0;
+    const int duration = static_cast<int>(whole * (1 - m_progress));
+    if (duration <= 0)
+        return finishTransition();
+    m_animation.setStartValue(m_progress);
+    m_animation.setDuration(duration);
+    m_animation.start();
 }
 
 void NavigationController::finishTransition()
@@ -142,14 +184,60 @@ void NavigationController::finishTransition()
         return;
     m_animation.stop();
     ViewController* const leaving = std::exchange(m_leaving, nullptr);
+    const Direction direction = m_direction;
     setProgress(1);
     if (m_visible) {
         leaving->endDisappearance();
         topViewController()->endAppearance();
     }
-    if (m_direction == Direction::Pop)
+    if (direction == Direction::Pop)
         drop(leaving);
     Q_EMIT stackChanged();
+}
+
+// MARK: the swipe back
+
+bool NavigationController::beginSwipeBack()
+{
+    if (m_changing || m_leaving || !m_visible || !canGoBack())
+        return false;
+    m_swipingBack = true;
+    change([this] {
+        ViewController* const leaving = topViewController();
+        m_stack.pop_back();
+        beginTransition(leaving, Direction::Pop, 0);
+    });
+    return m_swipingBack;
+}
+
+void NavigationController::moveSwipeBack(double share)
+{
+    if (m_swipingBack)
+        setProgress(std::clamp(share, 0.0, 1.0));
+}
+
+void NavigationController::endSwipeBack(double speed)
+{
+    // Where the page would be after so many more seconds decides.
+    constexpr double Onward = 0.2;
+    if (!m_swipingBack)
+        return;
+    change([this, speed] {
+        if (m_progress + speed * Onward <= 0.5)
+            return bringPageBack(Animation::Animated);
+        m_swipingBack = false;
+        runTransition(Animation::Animated);
+    });
+}
+
+// A push of the page that was drawn aside, from where it is.
+void NavigationController::bringPageBack(Animation animation)
+{
+    m_swipingBack = false;
+    ViewController* const below = topViewController();
+    m_stack.push_back(m_leaving);
+    beginTransition(below, Direction::Push, 1 - m_progress);
+    runTransition(animation);
 }
 
 void NavigationController::setProgress(double progress)
@@ -173,7 +261,7 @@ void NavigationController::viewDidAppear()
 
 void NavigationController::viewWillDisappear()
 {
-    finishTransition();
+    settle();
     topViewController()->beginDisappearance();
 }
 

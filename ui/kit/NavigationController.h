@@ -5,6 +5,7 @@
 
 #include <QVariantAnimation>
 
+#include <functional>
 #include <vector>
 
 enum class BarStyle { Default, Black };
@@ -84,6 +85,7 @@ public:
     NavigationBar* navigationBar() { return &m_navigationBar; }
     const std::vector<ViewController*>& viewControllers() const { return m_stack; }
     ViewController* topViewController() const { return m_stack.back(); }
+    // A change asked for by a screen that is being told of another one follows that one.
     void pushViewController(ViewController* controller, Animation animation);
     // The screen that leaves is deleted once it is out of sight. The root stays.
     void popViewController(Animation animation);
@@ -110,6 +112,18 @@ public:
 
     Q_INVOKABLE void goBack() { popViewController(Animation::Animated); }
 
+    // The way back by a finger that draws the top page aside. From its beginning everything is as after a pop: the page
+    // below is the top one and is told that it will appear, the page drawn aside that it will disappear. If it is let
+    // go of too early the page comes back as if pushed again, and is told that it will and did appear, the page below
+    // that it will and did disappear: each screen hears its moments in pairs. Any other change ends a swipe first and
+    // brings the page back. False at the root, during a transition, and while the stack is out of sight.
+    Q_INVOKABLE bool beginSwipeBack();
+    // How far aside the page is, as a share of its width.
+    Q_INVOKABLE void moveSwipeBack(double share);
+    // Let go of at so many widths a second, to the right: whether the page goes depends on that and on how far it is.
+    Q_INVOKABLE void endSwipeBack(double speed);
+    bool isSwipingBack() const { return m_swipingBack; }
+
 Q_SIGNALS:
     void stackChanged();
     void progressChanged();
@@ -120,8 +134,13 @@ protected:
 private:
     enum class Direction { Push, Pop };
 
+    void change(std::function<void()> change);
+    void settle();
     void startTransition(ViewController* leaving, Direction direction, Animation animation);
+    void beginTransition(ViewController* leaving, Direction direction, double progress);
+    void runTransition(Animation animation);
     void finishTransition();
+    void bringPageBack(Animation animation);
     void setProgress(double progress);
     void layOutPages();
     void layOutPage(ViewController* page);
@@ -134,6 +153,9 @@ private:
     ViewController* m_leaving = nullptr;
     Direction m_direction = Direction::Push;
     QVariantAnimation m_animation;
+    std::vector<std::function<void()>> m_changes;
     double m_progress = 1;
     bool m_visible = false;
+    bool m_changing = false;
+    bool m_swipingBack = false;
 };

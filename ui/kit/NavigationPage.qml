@@ -51,6 +51,41 @@ FocusScope {
             }
         }
     }
+    // A finger that comes in over the left edge draws the page aside.
+    Item {
+        y: root.controller.barHeight
+        width: 24
+        height: root.height - y
+
+        DragHandler {
+            id: edge
+
+            property bool carries: false
+
+            target: null
+            yAxis.enabled: false
+            grabPermissions: PointerHandler.CanTakeOverFromAnything | PointerHandler.ApprovesCancellation
+            enabled: carries || (root.controller.canGoBack && root.controller.leavingViewController === null)
+            onActiveChanged: {
+                if (active)
+                    speed.begin();
+                if (active || !carries)
+                    return;
+                carries = false;
+                root.controller.endSwipeBack(speed.speed() / Math.max(1, root.width));
+            }
+            onActiveTranslationChanged: {
+                if (!active)
+                    return;
+                speed.move(activeTranslation.x);
+                carries = carries || (activeTranslation.x > 0 && root.controller.beginSwipeBack());
+                root.controller.moveSwipeBack(activeTranslation.x / Math.max(1, root.width));
+            }
+        }
+        DragSpeed {
+            id: speed
+        }
+    }
     NavigationBarView {
         width: root.width
         height: root.controller.barHeight

@@ -17,7 +17,18 @@ Rectangle {
     radius: 2
     color: KitLook.shade
     visible: share < 1 && opacity > 0
-    opacity: flickable.moving ? 1 : 0
+    opacity: flickable.moving || lingering.running ? 1 : 0
+
+    // Shows for a moment where the content came to at once, as by a key. It comes and goes: not while nothing is to move.
+    function flash() {
+        lingering.interval = Motion.duration(700);
+        if (lingering.interval > 0)
+            lingering.restart();
+    }
+
+    Timer {
+        id: lingering
+    }
 
     Behavior on opacity {
         NumberAnimation {

@@ -13,11 +13,6 @@ FocusScope {
     // The keyboard goes on to the results, and so many rows down.
     signal leftForResults(int rows)
 
-    function leave() {
-        root.searchBar.cancel();
-        input.focus = false;
-    }
-
     Rectangle {
         id: box
 
@@ -87,7 +82,7 @@ FocusScope {
                 event.accepted = false;
             }
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
-            Keys.onEscapePressed: root.leave()
+            Keys.onEscapePressed: root.searchBar.cancel()
             Keys.onDownPressed: root.leftForResults(1)
             Keys.onReturnPressed: root.leftForResults(0)
             Keys.onEnterPressed: root.leftForResults(0)
@@ -143,9 +138,9 @@ FocusScope {
         Accessible.role: Accessible.Button
         Accessible.name: text
         Accessible.onPressAction: if (enabled)
-        root.leave()
-        Keys.onReturnPressed: root.leave()
-        Keys.onSpacePressed: root.leave()
+        root.searchBar.cancel()
+        Keys.onReturnPressed: root.searchBar.cancel()
+        Keys.onSpacePressed: root.searchBar.cancel()
 
         FocusRing {
             control: cancel
@@ -154,7 +149,7 @@ FocusScope {
             id: cancelArea
 
             anchors.fill: parent
-            onTapped: root.leave()
+            onTapped: root.searchBar.cancel()
         }
     }
     Connections {
@@ -165,6 +160,8 @@ FocusScope {
         function onActiveChanged() {
             if (root.searchBar.active)
                 input.forceActiveFocus();
+            else
+                input.focus = false;
         }
 
         target: root.searchBar

@@ -24,12 +24,33 @@ ViewController* TabBarController::selectedViewController() const
 
 void TabBarController::setViewControllers(const std::vector<ViewController*>& controllers)
 {
+    const std::vector<ViewController*> before = m_viewControllers;
+    letGoOfTabs();
+    for (ViewController* controller : before)
+        if (std::find(controllers.begin(), controllers.end(), controller) == controllers.end())
+            controller->deleteLater();
     m_viewControllers = controllers;
     for (ViewController* controller : controllers) {
         controller->setParent(this);
         m_tabModel.append(controller);
     }
     setSelectedIndex(0);
+}
+
+void TabBarController::letGoOfTabs()
+{
+    ViewController* const leaving = selectedViewController();
+    if (m_visible && leaving)
+        leaving->beginDisappearance();
+    m_selectedIndex = -1;
+    for (ViewController* controller : m_viewControllers)
+        m_tabModel.remove(controller);
+    m_viewControllers.clear();
+    if (!leaving)
+        return;
+    Q_EMIT selectedIndexChanged();
+    if (m_visible)
+        leaving->endDisappearance();
 }
 
 void TabBarController::setSelectedIndex(int index)
@@ -88,6 +109,19 @@ void TabBarController::viewDidAppear()
 {
     if (ViewController* selected = selectedViewController())
         selected->endAppearance();
+}
+
+void TabBarController::viewWillDisappear()
+{
+    if (ViewController* selected = selectedViewController())
+        selected->beginDisappearance();
+}
+
+void TabBarController::viewDidDisappear()
+{
+    if (ViewController* selected = selectedViewController())
+        selected->endDisappearance();
+    m_visible = false;
 }
 
 void TabBarController::viewDidLayoutSubviews()

@@ -76,7 +76,7 @@ public:
 
     TabBar* tabBar() { return &m_tabBar; }
     const std::vector<ViewController*>& viewControllers() const { return m_viewControllers; }
-    // Takes ownership. The first one is selected.
+    // Takes ownership; those from before that are not among them are deleted. The first one is selected.
     void setViewControllers(const std::vector<ViewController*>& controllers);
     int selectedIndex() const { return m_selectedIndex; }
     ViewController* selectedViewController() const;
@@ -90,6 +90,8 @@ public:
 
     void viewWillAppear() override;
     void viewDidAppear() override;
+    void viewWillDisappear() override;
+    void viewDidDisappear() override;
     void viewDidLayoutSubviews() override;
     QString component() const override { return QStringLiteral("TabPage"); }
     ObjectListModel* tabModel() { return &m_tabModel; }
@@ -99,6 +101,7 @@ Q_SIGNALS:
 
 private:
     QRectF contentFrame();
+    void letGoOfTabs();
 
     TabBar m_tabBar;
     std::vector<ViewController*> m_viewControllers;

@@ -29,14 +29,16 @@ FocusScope {
     Keys.onPressed: event => {
         const steps = {
             [Qt.Key_Down]: 1,
-            [Qt.Key_Up]: -1,
-            [Qt.Key_End]: 0x3fffffff,
-            [Qt.Key_Home]: -0x3fffffff
+            [Qt.Key_Up]: -1
         };
         event.accepted = true;
         KeyboardFocus.shown = true;
         if (event.key in steps)
             root.view.moveFocus(steps[event.key]);
+        else if (event.key === Qt.Key_Home)
+            root.view.focusFirstRow();
+        else if (event.key === Qt.Key_End)
+            root.view.focusLastRow();
         else if (event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp)
             root.view.moveFocusByPage(event.key === Qt.Key_PageDown ? 1 : -1);
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
@@ -97,6 +99,8 @@ FocusScope {
         }
     }
     ScrollIndicator {
+        id: indicator
+
         flickable: flick
     }
 
@@ -118,6 +122,10 @@ FocusScope {
 
         function onKeyboardWanted() {
             root.forceActiveFocus();
+        }
+
+        function onScrolledByKeyboard() {
+            indicator.flash();
         }
 
         target: root.view

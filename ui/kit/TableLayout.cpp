@@ -63,6 +63,16 @@ std::pair<int, int> TableLayout::rowsBetween(int section, double top, double bot
     return { std::clamp(static_cast<int>(first), 0, rows), std::clamp(static_cast<int>(last), 0, rows) };
 }
 
+int TableLayout::rowWithHeight(int section, int row) const
+{
+    const auto& edges = m_sections[static_cast<std::size_t>(section)].rowEdges;
+    const int rows = rowCount(section);
+    if (row >= rows)
+        return rows;
+    const auto below = std::upper_bound(edges.begin() + row, edges.end(), edges[static_cast<std::size_t>(row)]);
+    return below == edges.end() ? rows : static_cast<int>(below - edges.begin()) - 1;
+}
+
 double TableLayout::headerTop(int section, double contentOffset) const
 {
     const double pushedUp = sectionBottom(section) - headerHeight(section);
@@ -86,4 +96,17 @@ std::optional<IndexPath> TableLayout::rowAfter(const IndexPath& indexPath, int r
         flat -= rowCount(section);
     }
     return std::nullopt;
+}
+
+IndexPath TableLayout::rowOnePageFrom(const IndexPath& indexPath, int direction, double page) const
+{
+    const auto fits = [&](const IndexPath& row) {
+        const auto [upper, lower] = std::minmax(row, indexPath);
+        return rowBottom(lower) - rowTop(upper) <= page;
+    };
+    IndexPath target = rowAfter(indexPath, direction).value_or(indexPath);
+    for (auto next = rowAfter(target, direction); next && *next != target && fits(*next);
+         next = rowAfter(target, direction))
+        target = *next;
+    return target;
 }

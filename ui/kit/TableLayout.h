@@ -34,10 +34,15 @@ public:
     std::optional<IndexPath> rowAt(double y) const;
     // The rows that any part of [top, bottom) falls on, a range per section: first and one past the last.
     std::pair<int, int> rowsBetween(int section, double top, double bottom) const;
+    // The row itself if it has a height, else the next one of the section that has; the number of its rows if none.
+    int rowWithHeight(int section, int row) const;
     // A header stays at the top of what is seen until its section's end pushes it up.
     double headerTop(int section, double contentOffset) const;
     // The row so many rows further, over the sections' borders, held within the table.
     std::optional<IndexPath> rowAfter(const IndexPath& indexPath, int rows) const;
+    // The furthest row, down or up (-1), that fits on a page of that height together with the row; the next one at
+    // least.
+    IndexPath rowOnePageFrom(const IndexPath& indexPath, int direction, double page) const;
 
 private:
     struct Section

@@ -7,6 +7,7 @@
 
 TableView::TableView(QObject* parent)
     : View({}, parent)
+    , m_delegate(&TableViewDelegate::none())
 {
     m_slide.setSingleShot(true);
     connect(&m_slide, &QTimer::timeout, this, &TableView::slidingChanged);
@@ -16,7 +17,9 @@ TableView::~TableView() = default;
 
 void TableView::setDelegate(TableViewDelegate* delegate)
 {
-    m_delegate = delegate;
+    m_delegate = delegate ? delegate : &TableViewDelegate::none();
+    if (!delegate && m_loaded)
+        reloadData();
 }
 
 void TableView::setSeparatorColor(const Color& color)
@@ -90,7 +93,7 @@ void TableView::showChangedLayout()
 std::vector<int> TableView::askRowCounts() const
 {
     std::vector<int> rowCounts;
-    const int sections = m_delegate ? m_delegate->numberOfSections() : 0;
+    const int sections = m_delegate->numberOfSections();
     rowCounts.reserve(static_cast<std::size_t>(std::max(0, sections)));
     for (int section = 0; section < sections; ++section)
         rowCounts.push_back(std::max(0, m_delegate->numberOfRowsInSection(section)));
@@ -141,7 +144,7 @@ void TableView::placeHeaders()
 void TableView::layoutSubviews()
 {
     if (!m_loaded) {
-        if (m_delegate)
+        if (m_delegate != &TableViewDelegate::none())
             reloadData();
         return;
     }
@@ -169,15 +172,11 @@ void TableView::placeEverything()
 
 // MARK: cells
 
-TableViewCell* TableView::dequeueReusableCell(const QString& identifier)
+TableViewCell* TableView::dequeueReusableCell(const QString& identifier, const QMetaObject& kind)
 {
-    const auto found = std::find_if(m_reusableCells.begin(), m_reusableCells.end(),
-        [&](const TableViewCell* cell) { return cell->reuseIdentifier() == identifier; });
-    if (found == m_reusableCells.end())
-        return nullptr;
-    TableViewCell* cell = *found;
-    m_reusableCells.erase(found);
-    cell->prepareForReuse();
+    TableViewCell* const cell = m_reusableCells.take(identifier, kind);
+    if (cell)
+        cell->prepareForReuse();
     return cell;
 }
 
@@ -190,12 +189,12 @@ void TableView::updateVisibleRows()
     retireRowsOutside(top, bottom);
     for (int section = 0; section < m_layout.sectionCount(); ++section) {
         const auto [first, end] = m_layout.rowsBetween(section, top, bottom);
-        for (int row = first; row < end; ++row)
+        for (int row = m_layout.rowWithHeight(section, first); row < end;
+             row = m_layout.rowWithHeight(section, row + 1))
             if (!m_visibleCells.contains({ section, row }))
                 showRow({ section, row });
     }
-    for (TableViewCell* cell : m_reusableCells)
-        cell->setHidden(true);
+    m_reusableCells.hideAll();
 }
 
 void TableView::retireRowsOutside(double top, double bottom)
@@ -203,14 +202,22 @@ void TableView::retireRowsOutside(double top, double bottom)
     for (auto row = m_visibleCells.begin(); row != m_visibleCells.end();) {
         const bool isSeen = m_layout.rowBottom(row->first) > top && m_layout.rowTop(row->first) < bottom;
         if (!isSeen)
-            retireCell(row->second);
+            m_reusableCells.give(row->second);
         row = isSeen ? std::next(row) : m_visibleCells.erase(row);
     }
 }
 
+// A row for which the delegate has none gets an empty one.
+TableViewCell* TableView::askForCell(const IndexPath& indexPath)
+{
+    if (TableViewCell* cell = m_delegate->cellForRowAtIndexPath(indexPath))
+        return cell;
+    return dequeueCell<TableViewCell>(QString(), TableViewCell::Style::Default);
+}
+
 void TableView::showRow(const IndexPath& indexPath)
 {
-    TableViewCell* cell = m_delegate->cellForRowAtIndexPath(indexPath);
+    TableViewCell* const cell = askForCell(indexPath);
     m_visibleCells[indexPath] = cell;
     cell->setIndexPath(indexPath);
     placeCell(*cell, indexPath);
@@ -232,15 +239,10 @@ void TableView::placeCell(TableViewCell& cell, const IndexPath& indexPath)
     cell.setMeetsHeader(isLast && next < m_layout.sectionCount() && m_headers.contains(next));
 }
 
-void TableView::retireCell(TableViewCell* cell)
-{
-    m_reusableCells.push_back(cell);
-}
-
 void TableView::retireAllCells()
 {
     for (const auto& [indexPath, cell] : m_visibleCells)
-        retireCell(cell);
+        m_reusableCells.give(cell);
     m_visibleCells.clear();
 }
 
@@ -301,6 +303,7 @@ void TableView::setContentOffset(double offset)
     placeHeaders();
     updateVisibleRows();
     Q_EMIT contentOffsetChanged();
+    Q_EMIT contentOriginChanged();
 }
 
 void TableView::setSelected(const IndexPath& indexPath, bool selected, Animation animation)
@@ -351,7 +354,7 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
     for (const auto& [old, cell] : m_visibleCells) {
         const bool isBelow = old.section == indexPath.section && old.row > indexPath.row;
         if (old == indexPath)
-            retireCell(cell);
+            m_reusableCells.give(cell);
         else
             moved[isBelow ? IndexPath{ old.section, old.row - 1 } : old] = cell;
     }
@@ -372,7 +375,7 @@ void TableView::tapRow(int section, int row)
     const IndexPath indexPath{ section, row };
     if (m_openRow != NoRow)
         return setOpenRow(NoRow);
-    if (!hasRow(indexPath) || !m_delegate)
+    if (!hasRow(indexPath))
         return;
     if (m_selectedRow != NoRow)
         setSelected(m_selectedRow, false, Animation::None);
@@ -417,78 +420,4 @@ void TableView::setOpenRow(const IndexPath& indexPath)
         return;
     m_openRow = indexPath;
     Q_EMIT openRowChanged();
-}
-
-void TableView::moveFocus(int rows)
-{
-    const auto visible = indexPathsForVisibleRows();
-    if (visible.empty())
-        return;
-    const bool isFirst = m_focusedRow == NoRow;
-    const auto target
-        = isFirst ? std::optional(rows > 0 ? visible.front() : visible.back()) : m_layout.rowAfter(m_focusedRow, rows);
-    if (target)
-        focusRow(target->section, target->row);
-}
-
-void TableView::moveFocusByPage(int direction)
-{
-    if (!hasRow(m_focusedRow))
-        return moveFocus(direction);
-    const double page = height() - m_layout.headerHeight(m_focusedRow.section);
-    const auto fitOnOnePage = [&](const IndexPath& row) {
-        const auto [upper, lower] = std::minmax(row, m_focusedRow);
-        return m_layout.rowBottom(lower) - m_layout.rowTop(upper) <= page;
-    };
-    IndexPath target = m_layout.rowAfter(m_focusedRow, direction).value_or(m_focusedRow);
-    for (auto next = m_layout.rowAfter(target, direction); next && *next != target && fitOnOnePage(*next);
-         next = m_layout.rowAfter(target, direction))
-        target = *next;
-    focusRow(target.section, target.row);
-}
-
-void TableView::focusRow(int section, int row)
-{
-    if (!hasRow({ section, row }))
-        return;
-    setFocusedRow({ section, row });
-    scrollRowIntoView({ section, row });
-}
-
-void TableView::scrollRowIntoView(const IndexPath& indexPath)
-{
-    const QRectF rect = rectForRow(indexPath);
-    const double pinned = m_layout.headerHeight(indexPath.section);
-    // What stands above the first row, also the header of a section without rows, shows with it.
-    if (m_layout.rowAfter({ 0, 0 }, 0) == indexPath)
-        setContentOffset(std::min(m_contentOffset, 0.0));
-    if (rect.top() - pinned < m_contentOffset)
-        setContentOffset(std::max(0.0, rect.top() - pinned));
-    else if (rect.bottom() > m_contentOffset + height())
-        setContentOffset(rect.bottom() - height());
-}
-
-void TableView::activateFocusedRow()
-{
-    if (hasRow(m_focusedRow))
-        tapRow(m_focusedRow.section, m_focusedRow.row);
-}
-
-void TableView::deleteFocusedRow()
-{
-    if (hasRow(m_focusedRow))
-        deleteTapped(m_focusedRow.section, m_focusedRow.row);
-}
-
-void TableView::clearFocus()
-{
-    setFocusedRow(NoRow);
-}
-
-void TableView::setFocusedRow(const IndexPath& indexPath)
-{
-    if (m_focusedRow == indexPath)
-        return;
-    m_focusedRow = indexPath;
-    Q_EMIT focusedRowChanged();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CellPool.h"
 #include "RefreshControl.h"
 #include "TableLayout.h"
 #include "TableViewCell.h"
@@ -39,6 +40,7 @@ public:
     explicit TableView(QObject* parent = nullptr);
     ~TableView() override;
 
+    // Null stands for a table without rows. Anything else shows with the next reload.
     void setDelegate(TableViewDelegate* delegate);
 
     double rowHeight() const { return m_rowHeight; }
@@ -73,12 +75,13 @@ public:
     // Asks for everything anew. The visible cells are put up for reuse first.
     void reloadData();
     // A cell that stood for another row before, prepared for reuse, or null.
-    TableViewCell* dequeueReusableCell(const QString& identifier);
-    // A reused cell, or a new one made from the arguments and the identifier.
+    TableViewCell* dequeueReusableCell(
+        const QString& identifier, const QMetaObject& kind = TableViewCell::staticMetaObject);
+    // A reused cell of that class, or a new one made from the arguments and the identifier.
     template <typename Cell> Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
     {
-        if (auto* reused = qobject_cast<Cell*>(dequeueReusableCell(identifier)))
-            return reused;
+        if (TableViewCell* reused = dequeueReusableCell(identifier, Cell::staticMetaObject))
+            return static_cast<Cell*>(reused);
         auto* cell = new Cell(style, identifier);
         cell->setSeparatorInset(m_separatorInset);
         return cell;
@@ -99,6 +102,7 @@ public:
     double contentOffset() const { return m_contentOffset; }
     // Where the content begins to be seen; below 0 while the table is pulled down.
     Q_INVOKABLE void setContentOffset(double offset);
+    QPointF contentOrigin() const override { return { 0, m_contentOffset }; }
     const TableLayout& layout() const { return m_layout; }
 
     void layoutSubviews() override;
@@ -116,6 +120,8 @@ public:
     // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus
     // away.
     Q_INVOKABLE void moveFocus(int rows);
+    Q_INVOKABLE void focusFirstRow();
+    Q_INVOKABLE void focusLastRow();
     // Down by as many rows as are seen at once below the pinned header, or up (-1), and by one at least.
     Q_INVOKABLE void moveFocusByPage(int direction);
     Q_INVOKABLE void focusRow(int section, int row);
@@ -145,6 +151,7 @@ Q_SIGNALS:
     void slidingChanged();
     void keyboardHereChanged();
     void keyboardWanted();
+    void scrolledByKeyboard();
 
 private:
     void rebuildLayout(const std::vector<int>& rowCounts);
@@ -157,8 +164,8 @@ private:
     void updateVisibleRows();
     void retireRowsOutside(double top, double bottom);
     void showRow(const IndexPath& indexPath);
+    TableViewCell* askForCell(const IndexPath& indexPath);
     void placeCell(TableViewCell& cell, const IndexPath& indexPath);
-    void retireCell(TableViewCell* cell);
     void retireAllCells();
     void adoptSubview(View*& slot, View* view, const std::function<void()>& letGo);
     void holdContentOffset();
@@ -171,10 +178,10 @@ private:
 
     static constexpr IndexPath NoRow{ -1, -1 };
 
-    TableViewDelegate* m_delegate = nullptr;
+    TableViewDelegate* m_delegate;
     TableLayout m_layout;
     std::map<IndexPath, TableViewCell*> m_visibleCells;
-    std::vector<TableViewCell*> m_reusableCells;
+    CellPool m_reusableCells;
     std::map<int, View*> m_headers;
     ObjectListModel m_cellModel;
     ObjectListModel m_headerModel;

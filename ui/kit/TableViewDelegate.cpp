@@ -1,5 +1,23 @@
 #include "TableViewDelegate.h"
 
+namespace {
+
+class NoRows : public TableViewDelegate
+{
+public:
+    int numberOfSections() const override { return 0; }
+    int numberOfRowsInSection(int /*section*/) const override { return 0; }
+    TableViewCell* cellForRowAtIndexPath(const IndexPath& /*indexPath*/) override { return nullptr; }
+};
+
+} // namespace
+
+TableViewDelegate& TableViewDelegate::none()
+{
+    static NoRows none;
+    return none;
+}
+
 View* TableViewDelegate::viewForHeaderInSection(int /*section*/)
 {
     return nullptr;

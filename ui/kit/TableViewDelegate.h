@@ -13,9 +13,12 @@ class TableViewDelegate
 public:
     virtual ~TableViewDelegate() = default;
 
+    // One without rows, for a table that has no screen.
+    static TableViewDelegate& none();
+
     virtual int numberOfSections() const { return 1; }
     virtual int numberOfRowsInSection(int section) const = 0;
-    // Owned by the table; got from its dequeueReusableCell(), or new.
+    // Owned by the table; got from its dequeueReusableCell(), or new. Null stands for an empty row.
     virtual TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) = 0;
     // A new view, which the table takes, or null.
     virtual View* viewForHeaderInSection(int section);

@@ -104,7 +104,7 @@ QPointF View::convertPointToView(const QPointF& point, const View* view) const
 {
     QPointF inRoot = point;
     for (const View* ancestor = this; ancestor && ancestor != view; ancestor = ancestor->superview())
-        inRoot += ancestor->frame().topLeft();
+        inRoot += ancestor->frame().topLeft() - ancestor->contentOrigin();
     if (!view)
         return inRoot;
     const bool isAncestor = [&] {

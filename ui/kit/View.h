@@ -47,6 +47,8 @@ public:
     double width() const { return m_frame.width(); }
     double height() const { return m_frame.height(); }
     QRectF bounds() const { return { { 0, 0 }, m_frame.size() }; }
+    // The point of the content that stands in the view's upper left corner; another one than 0 where it scrolls.
+    virtual QPointF contentOrigin() const { return {}; }
 
     bool isHidden() const { return m_hidden; }
     void setHidden(bool hidden);
@@ -93,6 +95,7 @@ public:
 
 Q_SIGNALS:
     void frameChanged();
+    void contentOriginChanged();
     void appearanceChanged();
 
 private:

@@ -177,5 +177,6 @@ void ManageViewController::offerUninstall(int row)
     sheet->addAction(QStringLiteral("Uninstall"), AlertAction::Style::Destructive,
         [&installer = m_installer, package] { installer.enqueuePackage(package, QueueActionUninstall); });
     sheet->addAction(QStringLiteral("Cancel"), AlertAction::Style::Cancel);
+    sheet->setSource(tableView(), [this, row] { return tableView()->rectForRow({ InstalledSection, row }); });
     present(sheet);
 }

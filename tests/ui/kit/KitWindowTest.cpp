@@ -185,6 +185,20 @@ QPointF KitWindowTest::middleOf(const IndexPath& indexPath) const
     return { 120, stack(0)->barHeight() + row.center().y() - one->tableView()->contentOffset() };
 }
 
+QQuickItem* KitWindowTest::itemDrawnBy(QLatin1String file) const
+{
+    std::vector<QQuickItem*> open{ quick()->contentItem() };
+    while (!open.empty()) {
+        QQuickItem* const found = open.back();
+        open.pop_back();
+        if (QLatin1String(found->metaObject()->className()).startsWith(file))
+            return found;
+        for (QQuickItem* child : found->childItems())
+            open.push_back(child);
+    }
+    return nullptr;
+}
+
 QAccessibleInterface* KitWindowTest::accessible(const QString& name) const
 {
     std::vector<QAccessibleInterface*> open{ QAccessible::queryAccessibleInterface(quick()) };

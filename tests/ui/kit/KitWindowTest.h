@@ -8,6 +8,7 @@
 #include "Window.h"
 
 #include <QAccessible>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QStringList>
 
@@ -65,6 +66,8 @@ protected:
     // Where in the window the middle of a row of the first tab's list is.
     QPointF middleOf(const IndexPath& indexPath) const;
     QString focusedItemName() const;
+    // The first visible or hidden item in the window that a file of that name draws, or null.
+    QQuickItem* itemDrawnBy(QLatin1String file) const;
     // What a screen reader finds under a name in the window, or null.
     QAccessibleInterface* accessible(const QString& name) const;
 

@@ -33,6 +33,9 @@ public:
     std::vector<int> rows;
     double rowHeight = -1;
     double firstRowHeight = -1;
+    // Rows whose number this does not divide have no height; 0 for none such.
+    int heightEvery = 0;
+    bool withoutCells = false;
     double headerHeight = 0;
     bool withHeaders = false;
     bool editable = false;
@@ -52,6 +55,8 @@ public:
     TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) override
     {
         ++cellsAsked;
+        if (withoutCells)
+            return nullptr;
         const bool isOther = otherKindEvery > 0 && indexPath.row % otherKindEvery == 0;
         const QString identifier = isOther ? QStringLiteral("OtherCell") : QStringLiteral("Cell");
         TableViewCell* cell = m_table->dequeueReusableCell(identifier);
@@ -71,6 +76,8 @@ public:
     double heightForHeaderInSection(int /*section*/) const override { return headerHeight; }
     double heightForRowAtIndexPath(const IndexPath& indexPath) const override
     {
+        if (heightEvery > 0 && indexPath.row % heightEvery != 0)
+            return 0;
         return indexPath.row == 0 && firstRowHeight >= 0 ? firstRowHeight : rowHeight;
     }
     void didSelectRowAtIndexPath(const IndexPath& indexPath) override { selected.push_back(indexPath); }

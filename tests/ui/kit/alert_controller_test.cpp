@@ -1,5 +1,7 @@
 #include "AlertController.h"
 
+#include "TableWorld.h"
+
 #include <QSignalSpy>
 #include <QStringList>
 
@@ -159,4 +161,51 @@ TEST(AlertTextField, keepsItsTextForTheActionThatReadsIt)
     EXPECT_EQ(changed.count(), 1);
     alert.confirm();
     EXPECT_EQ(read, QStringLiteral("http://127.0.0.1/"));
+}
+
+TEST(AlertController, isAnchoredToAllOfItsSourceUnlessToldWhere)
+{
+    Alert sheet(AlertController::Style::ActionSheet);
+    EXPECT_TRUE(sheet.anchor().isEmpty());
+    View screen({ 0, 44, 1024, 675 });
+    auto* button = new View({ 900, 20, 80, 30 });
+    screen.addSubview(button);
+    sheet.setSource(button);
+    EXPECT_EQ(sheet.sourceView(), button);
+    EXPECT_EQ(sheet.anchor(), QRectF(900, 64, 80, 30));
+    sheet.setSource(button, [] { return QRectF(10, 0, 20, 30); });
+    EXPECT_EQ(sheet.anchor(), QRectF(910, 64, 20, 30));
+}
+
+TEST(AlertController, followsItsSourceWhereverItGoes)
+{
+    TableWorld world({ 100 });
+    world.table.setFrame({ 0, 44, 1024, 675 });
+    Alert sheet(AlertController::Style::ActionSheet);
+    sheet.setSource(&world.table, [&world] { return world.table.rectForRow({ 0, 3 }); });
+    QSignalSpy changed(&sheet, &AlertController::anchorChanged);
+    EXPECT_EQ(sheet.anchor(), QRectF(0, 224, 1024, 60));
+    world.table.setContentOffset(100);
+    EXPECT_EQ(sheet.anchor(), QRectF(0, 124, 1024, 60));
+    EXPECT_EQ(changed.count(), 1);
+    world.table.setFrame({ 0, 44, 800, 500 });
+    EXPECT_EQ(sheet.anchor(), QRectF(0, 124, 800, 60));
+    EXPECT_GE(changed.count(), 2);
+    world.table.setContentOffset(200);
+    EXPECT_EQ(sheet.anchor(), QRectF(0, 44, 800, 40)) << "the part that is not scrolled away";
+    world.table.setContentOffset(2'000);
+    EXPECT_TRUE(sheet.anchor().isEmpty());
+}
+
+TEST(AlertController, outlivesItsSource)
+{
+    Alert sheet(AlertController::Style::ActionSheet);
+    {
+        View gone({ 0, 0, 100, 100 });
+        sheet.setSource(&gone, []() -> QRectF {
+            ADD_FAILURE() << "asked of a view that is gone";
+            return {};
+        });
+    }
+    EXPECT_TRUE(sheet.anchor().isEmpty());
 }

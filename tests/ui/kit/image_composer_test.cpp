@@ -78,6 +78,52 @@ TEST(ImageComposer, staysWithinAPictureSmallerThanItsCaps)
     EXPECT_EQ(picture.pixelColor(4, 4), QColor(Qt::blue));
 }
 
+TEST(ImageComposer, stretchesTheFirstCapOverTheMiddleWhereTheCapsMeet)
+{
+    QImage pixels(12, 1, QImage::Format_ARGB32);
+    for (int x = 0; x < 12; ++x)
+        pixels.setPixelColor(x, 0, x < 6 ? Qt::red : Qt::blue);
+    const Image image = imageOf(pixels).resizable({ 0, 6, 0, 6 }, Image::ResizingMode::Stretch);
+    const QImage picture = ImageComposer::composed({ image, { 60, 4 }, 1, Mode::ScaleToFill, {}, 0 });
+    for (int x = 0; x < 60; ++x)
+        EXPECT_EQ(picture.pixelColor(x, 2), QColor(x < 54 ? Qt::red : Qt::blue)) << x;
+}
+
+TEST(ImageComposer, repeatsTheMiddleAndTheEdgesOfATiledPictureBetweenItsCaps)
+{
+    QImage pixels(6, 6, QImage::Format_ARGB32);
+    for (int y = 0; y < 6; ++y)
+        for (int x = 0; x < 6; ++x)
+            pixels.setPixelColor(x, y, QColor(40 * x, 40 * y, 7));
+    const Image image = imageOf(pixels).resizable({ 2, 1, 1, 2 }, Image::ResizingMode::Tile);
+    const QImage picture = ImageComposer::composed({ image, { 15, 16 }, 1, Mode::ScaleToFill, {}, 0 });
+    const auto sourceOf = [](int place, int before, int after, int length) {
+        const int period = 6 - before - after;
+        return place < before         ? place
+            : place >= length - after ? 6 - (length - place)
+                                      : before + (place - before) % period;
+    };
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 15; ++x)
+            ASSERT_EQ(picture.pixelColor(x, y), QColor(40 * sourceOf(x, 1, 2, 15), 40 * sourceOf(y, 2, 1, 16), 7))
+                << x << ' ' << y;
+}
+
+TEST(ImageComposer, fillsATiledPictureAtAFractionalScaleAndWithCapsThatMeet)
+{
+    QImage flat(8, 8, QImage::Format_ARGB32);
+    flat.fill(QColor(10, 120, 200));
+    for (const double scale : { 1.0, 1.25, 1.5, 2.5 })
+        for (const double cap : { 0.0, 3.0, 4.0, 9.0 }) {
+            const Image image = imageOf(flat).resizable({ cap, cap, cap, cap }, Image::ResizingMode::Tile);
+            const QImage picture = ImageComposer::composed({ image, { 97, 53 }, scale, Mode::ScaleToFill, {}, 0 });
+            for (int y = 0; y < 53; ++y)
+                for (int x = 0; x < 97; ++x)
+                    ASSERT_EQ(picture.pixelColor(x, y), QColor(10, 120, 200))
+                        << scale << ' ' << cap << ' ' << x << ' ' << y;
+        }
+}
+
 TEST(ImageComposer, stretchesAPictureWithoutCapsOverAll)
 {
     QImage pixels(1, 1, QImage::Format_ARGB32);

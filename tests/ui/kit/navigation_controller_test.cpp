@@ -250,3 +250,57 @@ TEST_F(NavigationControllerTest, standsForItsRootScreenInATabBar)
     push(QStringLiteral("second"));
     EXPECT_EQ(stack.tabBarItem()->title(), QStringLiteral("Tab"));
 }
+
+TEST_F(NavigationControllerTest, pushesAfterThePushInWhichAScreenAskedForIt)
+{
+    LifeRecorder* const second = screen(QStringLiteral("second"));
+    second->atWillAppear = [this] { push(QStringLiteral("third")); };
+    stack.pushViewController(second, Animation::None);
+    EXPECT_EQ(moments,
+        (QStringList{ QStringLiteral("root will disappear"), QStringLiteral("second loaded"),
+            QStringLiteral("second will appear"), QStringLiteral("root did disappear"),
+            QStringLiteral("second did appear"), QStringLiteral("second will disappear"),
+            QStringLiteral("third loaded"), QStringLiteral("third will appear"), QStringLiteral("second did disappear"),
+            QStringLiteral("third did appear") }));
+    EXPECT_EQ(stack.viewControllers().size(), 3U);
+    EXPECT_EQ(stack.topViewController()->backTitle(), QStringLiteral("second"));
+    EXPECT_FALSE(stack.isTransitioning());
+}
+
+TEST_F(NavigationControllerTest, goesBackAfterThePushInWhichAScreenAskedForIt)
+{
+    LifeRecorder* const second = screen(QStringLiteral("second"));
+    second->atWillAppear = [this] { stack.popViewController(Animation::None); };
+    stack.pushViewController(second, Animation::None);
+    EXPECT_EQ(stack.viewControllers().size(), 1U);
+    EXPECT_EQ(moments.mid(moments.size() - 4),
+        (QStringList{ QStringLiteral("second will disappear"), QStringLiteral("root will appear"),
+            QStringLiteral("second did disappear"), QStringLiteral("root did appear") }));
+    EXPECT_EQ(stack.pageModel()->rowCount(), 1);
+}
+
+TEST_F(NavigationControllerTest, deletesAScreenThatPushesAnotherAsItGoes)
+{
+    LifeRecorder* const second = screen(QStringLiteral("second"));
+    const QPointer<ViewController> watched(second);
+    second->atDidDisappear = [this] { push(QStringLiteral("third")); };
+    stack.pushViewController(second, Animation::None);
+    stack.popViewController(Animation::None);
+    EXPECT_EQ(stack.topViewController()->objectName(), QStringLiteral("third"));
+    EXPECT_EQ(stack.topViewController()->backTitle(), QStringLiteral("root"));
+    deleteWhatIsToGo();
+    EXPECT_TRUE(watched.isNull());
+    EXPECT_EQ(stack.pageModel()->rowCount(), 2);
+}
+
+TEST_F(NavigationControllerTest, doesNotTellTheNextScreenThatItAppearedBeforeItDid)
+{
+    Animations::setEnabled(true);
+    LifeRecorder* const second = screen(QStringLiteral("second"));
+    second->atWillAppear = [this] { push(QStringLiteral("third"), Animation::Animated); };
+    stack.pushViewController(second, Animation::Animated);
+    EXPECT_EQ(stack.topViewController()->objectName(), QStringLiteral("third"));
+    EXPECT_TRUE(stack.isTransitioning());
+    EXPECT_FALSE(moments.contains(QStringLiteral("third did appear")));
+    EXPECT_TRUE(moments.contains(QStringLiteral("second did appear")));
+}

@@ -3,6 +3,9 @@
 #include "LifeRecorder.h"
 #include "NavigationController.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -154,6 +157,49 @@ TEST_F(TabBarControllerTest, staysWhereItIsWithoutASearchField)
     show();
     tabs.activateSearch();
     EXPECT_EQ(tabs.selectedIndex(), 0);
+}
+
+TEST_F(TabBarControllerTest, passesItsOwnDisappearanceOnToTheSelectedTab)
+{
+    show();
+    tabs.beginDisappearance();
+    tabs.endDisappearance();
+    EXPECT_EQ(
+        taken(moments), (QStringList{ QStringLiteral("first will disappear"), QStringLiteral("first did disappear") }));
+    tabs.tapTab(1);
+    EXPECT_EQ(taken(moments), QStringList{ QStringLiteral("second loaded") });
+    tabs.beginAppearance();
+    tabs.endAppearance();
+    EXPECT_EQ(moments, (QStringList{ QStringLiteral("second will appear"), QStringLiteral("second did appear") }));
+}
+
+TEST_F(TabBarControllerTest, putsOtherTabsInTheirPlaceAndKeepsThoseThatStay)
+{
+    show();
+    const QPointer<ViewController> gone(first);
+    auto* const third = new NavigationController(new LifeRecorder(QStringLiteral("third"), moments));
+    tabs.setViewControllers({ second, third });
+    EXPECT_EQ(taken(moments),
+        (QStringList{ QStringLiteral("first will disappear"), QStringLiteral("first did disappear"),
+            QStringLiteral("second loaded"), QStringLiteral("second will appear"),
+            QStringLiteral("second did appear") }));
+    EXPECT_EQ(tabs.tabModel()->objects(), (QList<QObject*>{ second, third }));
+    EXPECT_EQ(tabs.selectedViewController(), second);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(gone.isNull());
+    EXPECT_EQ(second->parent(), &tabs);
+}
+
+TEST_F(TabBarControllerTest, canBeLeftWithoutTabs)
+{
+    show();
+    tabs.setViewControllers({});
+    EXPECT_EQ(tabs.selectedIndex(), -1);
+    EXPECT_EQ(tabs.selectedViewController(), nullptr);
+    EXPECT_EQ(tabs.tabModel()->rowCount(), 0);
+    tabs.layOut({ 0, 0, 500, 500 });
+    tabs.beginDisappearance();
+    tabs.endDisappearance();
 }
 
 TEST(EmptyTabBarController, hasNothingSelected)

@@ -150,3 +150,18 @@ TEST(TableLayout, holdsAStepWithinTheTable)
     EXPECT_EQ(layout.rowAfter({ 2, 1 }, -0x3fffffff), (IndexPath{ 0, 0 }));
     EXPECT_FALSE(layoutOf({ 0, 0 }, 60).rowAfter({ 0, 0 }, 1));
 }
+
+TEST(TableLayout, passesOverRowsWithoutAHeight)
+{
+    TableLayout::Heights heights;
+    heights.rowCounts = { 1'000'000 };
+    heights.sectionHeaders = { 25 };
+    heights.sectionFooters = { 0 };
+    heights.row = [](const IndexPath& row) { return row.row == 3 || row.row == 999'990 ? 60.0 : 0.0; };
+    const TableLayout layout(heights);
+    EXPECT_EQ(layout.rowWithHeight(0, 0), 3);
+    EXPECT_EQ(layout.rowWithHeight(0, 3), 3);
+    EXPECT_EQ(layout.rowWithHeight(0, 4), 999'990);
+    EXPECT_EQ(layout.rowWithHeight(0, 999'991), 1'000'000);
+    EXPECT_EQ(layout.rowWithHeight(0, 1'000'000), 1'000'000);
+}

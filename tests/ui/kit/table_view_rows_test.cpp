@@ -388,11 +388,46 @@ TEST(RowFocus, staysOnItsRowWhenOneAboveIsDeleted)
     EXPECT_EQ(world.table.focusedRow(), 2);
 }
 
+TEST(RowFocus, goesToEitherEndFromAnywhere)
+{
+    TableWorld world({ 0, 50, 50 });
+    world.show();
+    QSignalSpy scrolled(&world.table, &TableView::scrolledByKeyboard);
+    world.table.focusLastRow();
+    EXPECT_EQ(world.table.focusedSection(), 2) << "also when no row had the focus";
+    EXPECT_EQ(world.table.focusedRow(), 49);
+    EXPECT_EQ(world.table.contentOffset(), world.table.contentHeight() - 600);
+    EXPECT_EQ(scrolled.count(), 1);
+    world.table.clearFocus();
+    world.table.focusFirstRow();
+    EXPECT_EQ(world.table.focusedSection(), 1);
+    EXPECT_EQ(world.table.focusedRow(), 0);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    EXPECT_EQ(scrolled.count(), 2);
+    world.table.moveFocus(1);
+    EXPECT_EQ(scrolled.count(), 2) << "the next row was seen already";
+}
+
+TEST(RowFocus, closesTheOpenRowThatItScrollsAwayFrom)
+{
+    TableWorld world({ 100 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRowForDeletion(0, 1);
+    world.table.focusRow(0, 2);
+    EXPECT_EQ(world.table.openRow(), 1);
+    world.table.focusLastRow();
+    EXPECT_EQ(world.table.openRow(), -1);
+}
+
 TEST(RowFocus, goesNowhereInAnEmptyTable)
 {
     TableWorld world({});
     world.show();
     world.table.moveFocus(1);
+    world.table.moveFocusByPage(1);
+    world.table.focusFirstRow();
+    world.table.focusLastRow();
     world.table.focusRow(0, 0);
     EXPECT_EQ(world.table.focusedRow(), -1);
 }

@@ -8,6 +8,14 @@
 
 namespace {
 
+class OtherCell : public TableViewCell
+{
+    Q_OBJECT
+
+public:
+    using TableViewCell::TableViewCell;
+};
+
 void deleteWhatIsToGo()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -78,6 +86,67 @@ TEST(TableView, reusesACellOnlyForItsIdentifier)
         EXPECT_EQ(world.table.cellForRow(row)->reuseIdentifier(),
             row.row % 4 == 0 ? QStringLiteral("OtherCell") : QStringLiteral("Cell"));
     EXPECT_EQ(world.table.dequeueReusableCell(QStringLiteral("UnknownCell")), nullptr);
+}
+
+TEST(TableView, keepsCellsOfAnotherClassForThoseWhoAskForThem)
+{
+    TableWorld world({ 1 });
+    world.show();
+    const QString name = QStringLiteral("Cell");
+    world.table.reloadData();
+    world.source.rows = { 0 };
+    world.table.reloadData();
+    auto* const other = world.table.dequeueCell<OtherCell>(name, TableViewCell::Style::Default);
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(world.source.cells.count(other), 0U)
+        << "a cell of another class is no " << other->metaObject()->className();
+    TableViewCell* const plain = world.table.dequeueReusableCell(name);
+    EXPECT_EQ(world.source.cells.count(plain), 1U) << "it waits for the next who asks";
+    delete other;
+}
+
+TEST(TableView, makesNoCellsForRowsWithoutAHeight)
+{
+    TableWorld world({ 1'000'000 });
+    world.source.heightEvery = 250'000;
+    world.show();
+    EXPECT_EQ(world.table.indexPathsForVisibleRows(),
+        (std::vector<IndexPath>{ { 0, 0 }, { 0, 250'000 }, { 0, 500'000 }, { 0, 750'000 } }));
+    EXPECT_EQ(world.source.cellsAsked, 4);
+}
+
+TEST(TableView, showsEmptyRowsWhereItsDelegateHasNoCells)
+{
+    TableWorld world({ 100 });
+    world.source.withoutCells = true;
+    world.show();
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
+    EXPECT_TRUE(world.textAt({ 0, 0 }).isEmpty());
+    for (double offset = 0; offset < 5'000; offset += 70)
+        world.table.setContentOffset(offset);
+    EXPECT_LE(world.table.cellModel()->rowCount(), 11);
+}
+
+TEST(TableView, isEmptyOnceItsDelegateIsGone)
+{
+    TableWorld world({ 100, 5 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.source.editable = true;
+    world.show();
+    world.table.setContentOffset(1'000);
+    world.table.setDelegate(nullptr);
+    EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+    EXPECT_EQ(world.table.contentHeight(), 0);
+    world.table.setFrame({ 0, 0, 400, 300 });
+    world.table.reloadData();
+    world.table.tapRow(0, 0);
+    world.table.openRowForDeletion(0, 0);
+    world.table.deleteTapped(0, 0);
+    world.table.deleteRow({ 0, 0 }, TableView::Animation::None);
+    world.table.setDelegate(&world.source);
+    world.table.reloadData();
+    EXPECT_EQ(world.textAt({ 0, 0 }), QStringLiteral("0.0"));
 }
 
 TEST(TableView, hidesCellsThatNoRowUses)
@@ -322,3 +391,5 @@ TEST(TableView, takesItsCellsAndHeadersAlong)
     EXPECT_TRUE(cell.isNull());
     EXPECT_TRUE(header.isNull());
 }
+
+#include "table_view_test.moc"

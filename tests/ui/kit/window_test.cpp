@@ -1,7 +1,9 @@
 // The drawn side of the kit: everything once in a real window, by touch and by keys, without a warning from Qt.
+#include "Animations.h"
 #include "KitWindowTest.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -247,6 +249,63 @@ TEST_F(KitWindowTest, typesIntoTheSearchFieldAndCancels)
     press(Qt::Key_Escape);
     EXPECT_TRUE(bar->text().isEmpty());
     EXPECT_FALSE(bar->isActive());
+    grabbed();
+}
+
+TEST_F(KitWindowTest, takesTheKeyboardOffTheSearchFieldThatAScreenCancels)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
+    type(QStringLiteral("v"));
+    bar->cancel();
+    type(QStringLiteral("esk"));
+    EXPECT_TRUE(bar->text().isEmpty()) << bar->text().toStdString();
+    EXPECT_FALSE(bar->isActive());
+}
+
+TEST_F(KitWindowTest, showsWhichPartIsSeenWhileAKeyOrAWheelScrolls)
+{
+    Animations::setEnabled(true);
+    grabbed();
+    QQuickItem* const indicator = itemDrawnBy(QLatin1String("ScrollIndicator"));
+    ASSERT_NE(indicator, nullptr);
+    EXPECT_FALSE(indicator->isVisible());
+    press(Qt::Key_Down);
+    EXPECT_FALSE(indicator->isVisible()) << "nothing scrolled";
+    press(Qt::Key_End);
+    EXPECT_TRUE(waitUntil([&] { return indicator->isVisible(); }));
+    EXPECT_TRUE(waitUntil([&] { return !indicator->isVisible(); }));
+    const QPointF place(200, 300);
+    QWheelEvent wheel(place, quick()->mapToGlobal(place), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+        Qt::NoScrollPhase, false);
+    QGuiApplication::sendEvent(quick(), &wheel);
+    EXPECT_TRUE(waitUntil([&] { return indicator->isVisible(); }));
+    EXPECT_TRUE(waitUntil([&] { return !indicator->isVisible(); }));
+    Animations::setEnabled(false);
+}
+
+TEST_F(KitWindowTest, goesToTheEndsOfATableByKeys)
+{
+    press(Qt::Key_End);
+    EXPECT_EQ(one->tableView()->focusedSection(), 1);
+    EXPECT_EQ(one->tableView()->focusedRow(), 39);
+    press(Qt::Key_Home);
+    EXPECT_EQ(one->tableView()->focusedSection(), 0);
+    EXPECT_EQ(one->tableView()->focusedRow(), 0);
+    EXPECT_EQ(one->tableView()->contentOffset(), 0);
+}
+
+TEST_F(KitWindowTest, drawsTheTabsThatCameLater)
+{
+    grabbed();
+    tabs->setViewControllers(
+        { tabs->viewControllers()[1], new NavigationController(new ListScreen(QStringLiteral("Three"))) });
+    grabbed();
+    EXPECT_NE(accessible(QStringLiteral("Three")), nullptr);
+    EXPECT_EQ(accessible(QStringLiteral("One")), nullptr);
+    tap({ quick()->width() * 0.75, quick()->height() - 25.0 });
+    EXPECT_EQ(tabs->selectedIndex(), 1);
     grabbed();
 }
 

@@ -208,6 +208,20 @@ TEST_F(ManageScreen, offersToUninstallATappedPackageOnASheet)
     EXPECT_TRUE(installer->queue().empty());
 }
 
+TEST_F(ManageScreen, anchorsTheSheetToTheTappedRowOfItsView)
+{
+    addInstalled(QStringLiteral("Apple"));
+    addInstalled(QStringLiteral("banana"));
+    auto* screen = show();
+    table()->tapRow(Installed, 1);
+    ASSERT_NE(lastAlert(), nullptr);
+    EXPECT_EQ(lastAlert()->sourceView(), screen->view());
+    const QRectF row = table()->rectForRow({ Installed, 1 });
+    const QPointF origin = table()->convertPointToView(row.topLeft(), nullptr);
+    EXPECT_EQ(lastAlert()->anchor(), QRectF(origin, row.size()) & QRectF(table()->frame()));
+    EXPECT_FALSE(lastAlert()->anchor().isEmpty());
+}
+
 TEST_F(ManageScreen, namesTheOfferedVersionWhenAnotherOneIsInstalled)
 {
     addInstalledPackage(QStringLiteral("Apple"), QStringLiteral("2.0"), QStringLiteral("1.0"));
