@@ -53,6 +53,7 @@ protected:
 
     // Compares what shows with the golden picture of that name.
     void expectPicture(const QString& name);
+    void expectTheWay(const QString& device, const QSize& size);
 
     std::unique_ptr<AppDelegate> delegate;
 

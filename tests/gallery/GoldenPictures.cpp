@@ -1,5 +1,7 @@
 #include "GoldenPictures.h"
 
+#include "SmallPng.h"
+
 #include <QTextStream>
 
 #include <algorithm>
@@ -20,13 +22,6 @@ QImage difference(const QImage& golden, const QImage& actual)
             picture.setPixel(x, y, isSame ? qRgb(grey, grey, grey) : qRgb(220, 0, 0));
         }
     return picture;
-}
-
-// As small as PNG gets without losing anything.
-bool saveSmall(const QImage& picture, const QString& path)
-{
-    constexpr int StrongestCompression = 0;
-    return picture.save(path, "PNG", StrongestCompression);
 }
 
 } // namespace
@@ -61,7 +56,7 @@ QString GoldenPictures::check(const QString& name, const QImage& picture)
 
 void GoldenPictures::renew(const QString& file, const QImage& golden, const QImage& actual)
 {
-    saveSmall(actual, m_golden.filePath(file));
+    saveSmallPng(actual, m_golden.filePath(file));
     QTextStream(stdout) << (golden.isNull() ? "new      " : "changed  ") << m_golden.filePath(file) << Qt::endl;
 }
 
@@ -69,8 +64,8 @@ QString GoldenPictures::report(const QString& file, const QImage& golden, const 
 {
     const QString path = m_actual.filePath(file);
     const QString differencePath = m_actual.filePath(QStringLiteral("difference-") + file);
-    saveSmall(actual, path);
-    saveSmall(difference(golden, actual), differencePath);
+    saveSmallPng(actual, path);
+    saveSmallPng(difference(golden, actual), differencePath);
     return QStringLiteral("golden      %1%2\nactual      %3\ndifference  %4")
         .arg(m_golden.filePath(file), golden.isNull() ? QStringLiteral(" (is not there)") : QString(), path,
             differencePath);

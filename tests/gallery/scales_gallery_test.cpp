@@ -16,6 +16,15 @@ TEST_F(AtScale1_25, sources)
     expectPicture(QStringLiteral("sources"));
 }
 
+TEST_F(AtScale1_25, package)
+{
+    fillCatalog();
+    open(Small);
+    tap(0, 3);
+    scrollToEnd();
+    expectPicture(QStringLiteral("package"));
+}
+
 TEST_F(AtScale1_5, home)
 {
     fillCatalog();
@@ -23,12 +32,19 @@ TEST_F(AtScale1_5, home)
     expectPicture(QStringLiteral("home"));
 }
 
-TEST_F(AtScale1_5, alert)
+TEST_F(AtScale1_5, sheet)
 {
     fillCatalog();
     open(Tab::Manage, Small);
     tap(2, 0);
     expectPicture(QStringLiteral("sheet"));
+}
+
+TEST_F(AtScale1_5, search)
+{
+    fillCatalog();
+    open(Tab::Search, Small);
+    expectPicture(QStringLiteral("search"));
 }
 
 TEST_F(AtScale2, home)
@@ -62,4 +78,19 @@ TEST_F(AtScale3, home)
     fillCatalog();
     open(Small);
     expectPicture(QStringLiteral("home"));
+}
+
+TEST_F(AtScale3, package)
+{
+    fillCatalog();
+    open(Small);
+    tap(0, 3);
+    scrollToEnd();
+    expectPicture(QStringLiteral("package"));
+}
+
+TEST_F(AtScale3, search)
+{
+    open(Tab::Search, Small);
+    expectPicture(QStringLiteral("search"));
 }

@@ -10,20 +10,47 @@ constexpr QSize LargeDesktop(1280, 800);
 
 } // namespace
 
-TEST_F(OnASmallPhone, home)
+// What a person comes by on the way to installing something, one after the other.
+void Gallery::expectTheWay(const QString& device, const QSize& size)
 {
     fillCatalog();
-    open();
-    expectPicture(QStringLiteral("home"));
+    queue(QStringLiteral("Birdsong"), QueueActionInstall, QueueStatusDownloading);
+    queue(QStringLiteral("Driftwood"), QueueActionUpgrade, QueueStatusFailed);
+    open(size);
+    expectPicture(device + QStringLiteral("-home"));
+    tap(0, 3);
+    expectPicture(device + QStringLiteral("-package"));
+    select(Tab::Search);
+    expectPicture(device + QStringLiteral("-search"));
+    select(Tab::Manage);
+    expectPicture(device + QStringLiteral("-manage"));
+    tap(0, 2);
+    expectPicture(device + QStringLiteral("-queue"));
 }
 
-TEST_F(OnASmallPhone, package)
+TEST_F(OnASmallPhone, theWayUpright)
 {
-    fillCatalog();
-    open();
-    tap(0, 3);
-    scrollToEnd();
-    expectPicture(QStringLiteral("package"));
+    expectTheWay(QStringLiteral("way"), {});
+}
+
+TEST_F(OnAPhoneOnItsSide, theWay)
+{
+    expectTheWay(QStringLiteral("way"), {});
+}
+
+TEST_F(AtScale1, theWayOnATablet)
+{
+    expectTheWay(QStringLiteral("tablet-upright"), { 768, 1024 });
+}
+
+TEST_F(AtScale1, theWayOnATabletOnItsSide)
+{
+    expectTheWay(QStringLiteral("tablet-on-its-side"), { 1024, 768 });
+}
+
+TEST_F(AtScale1, theWayOnADesktop)
+{
+    expectTheWay(QStringLiteral("desktop"), { 1280, 720 });
 }
 
 TEST_F(OnASmallPhone, sources)
@@ -52,33 +79,12 @@ TEST_F(AtScale1, alertInALowWindow)
     expectPicture(QStringLiteral("alert-low-window"));
 }
 
-TEST_F(OnAPhoneOnItsSide, home)
-{
-    fillCatalog();
-    open();
-    expectPicture(QStringLiteral("home"));
-}
-
 TEST_F(OnAPhoneOnItsSide, sheet)
 {
     fillCatalog();
     open(Tab::Manage);
     tap(2, 0);
     expectPicture(QStringLiteral("sheet"));
-}
-
-TEST_F(OnAPhoneOnItsSide, search)
-{
-    fillCatalog();
-    open(Tab::Search);
-    expectPicture(QStringLiteral("search"));
-}
-
-TEST_F(AtScale1, tabletManage)
-{
-    fillCatalog();
-    open(Tab::Manage, Tablet);
-    expectPicture(QStringLiteral("tablet-manage"));
 }
 
 TEST_F(AtScale1, tabletSources)
@@ -112,20 +118,4 @@ TEST_F(AtScale1, desktopChanges)
     fillCatalog();
     open(Tab::Changes, Desktop);
     expectPicture(QStringLiteral("desktop-changes"));
-}
-
-TEST_F(AtScale1, desktopSearch)
-{
-    fillCatalog();
-    open(Tab::Search, Desktop);
-    expectPicture(QStringLiteral("desktop-search"));
-}
-
-TEST_F(AtScale1, desktopPackage)
-{
-    fillCatalog();
-    open(Desktop);
-    tap(0, 3);
-    scrollToEnd();
-    expectPicture(QStringLiteral("desktop-package"));
 }
