@@ -32,6 +32,7 @@ public:
 
 // Decompresses the first stream of a body, in passes of one window. What came before a failure has been handed out
 // already. Pure functions of their arguments, safe on any thread.
+// The blocks of a large body are shared out among threads that are gone when this returns.
 DecodeResult decodeBzip2(std::string_view body, std::size_t maximumSize, DecodeTarget& target);
 // A gzip or a zlib header is recognised.
 DecodeResult decodeGzip(std::string_view body, std::size_t maximumSize, DecodeTarget& target);

@@ -1,9 +1,9 @@
 #include "SearchText.h"
 
+#include "ByteSearch.h"
 #include "TextDecoding.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -51,19 +51,14 @@ std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
 {
     std::vector<std::uint32_t> found;
     const std::string_view text = viewOf(m_text);
-    const char* const begin = text.data();
-    std::size_t from = 0;
     std::uint32_t package = 0;
-    while (from < text.size()) {
-        const void* match = ::memmem(begin + from, text.size() - from, foldedQuery.data(), foldedQuery.size());
-        if (match == nullptr)
-            break;
-        const auto at = static_cast<std::size_t>(static_cast<const char*>(match) - begin);
+    std::size_t at = findBytes(text, foldedQuery, 0);
+    while (at != std::string_view::npos) {
         while (m_ends[package] <= at)
             ++package;
         found.push_back(package);
         // One match is enough: go on with the next package.
-        from = m_ends[package];
+        at = findBytes(text, foldedQuery, m_ends[package]);
     }
     return found;
 }

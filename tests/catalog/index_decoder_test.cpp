@@ -1,5 +1,5 @@
 #include "CatalogFixture.h"
-#include "IndexDecoder.h"
+#include "GatheringTarget.h"
 #include "TextDecoding.h"
 
 namespace {
@@ -7,31 +7,6 @@ namespace {
 constexpr std::size_t noLimit = std::size_t(1024) * 1024 * 1024;
 
 using Decoder = DecodeResult (*)(std::string_view, std::size_t, DecodeTarget&);
-
-// Gathers what it is given, and may want only so many windows.
-class GatheringTarget : public DecodeTarget
-{
-public:
-    explicit GatheringTarget(int windowsWanted)
-        : m_windowsWanted(windowsWanted)
-    {
-    }
-
-    char* window() override { return m_windowsWanted == 0 ? nullptr : m_window.data(); }
-
-    void accept(std::size_t size) override
-    {
-        --m_windowsWanted;
-        m_text.append(m_window.constData(), static_cast<qsizetype>(size));
-    }
-
-    const QByteArray& text() const { return m_text; }
-
-private:
-    int m_windowsWanted;
-    QByteArray m_window = QByteArray(windowSize, 0);
-    QByteArray m_text;
-};
 
 struct Decoded
 {

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+// Where the pattern first stands in the text at or behind a place; std::string_view::npos when nowhere. It must not be
+// empty. For texts of megabytes: a pattern's first and last byte are looked for in many places at once.
+std::size_t findBytes(std::string_view text, std::string_view pattern, std::size_t from);
