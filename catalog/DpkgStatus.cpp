@@ -1,6 +1,7 @@
 #include "DpkgStatus.h"
 
 #include "TextDecoding.h"
+#include "TextHash.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -76,8 +77,9 @@ DpkgStatus DpkgStatus::fromBytes(QByteArray bytes)
 
 std::optional<std::string_view> DpkgStatus::versionOf(std::string_view packageID) const
 {
-    const auto found = m_versions.find(packageID);
-    return found == m_versions.end() ? std::nullopt : found->second;
+    const auto isSame = [&](std::uint32_t number) { return m_installed[number - 1].packageID == packageID; };
+    const std::uint32_t number = m_places.find(hashOfText(packageID), isSame);
+    return number == 0 ? std::nullopt : m_installed[number - 1].version;
 }
 
 void DpkgStatus::addStanzas()
@@ -92,9 +94,18 @@ void DpkgStatus::addStanzas()
             if (!rest.empty())
                 continue;
         }
-        // The first stanza of a package counts.
         if (stanza.packageID)
-            m_versions.try_emplace(*stanza.packageID, stanza.version);
+            add({ *stanza.packageID, stanza.version });
         stanza = {};
     }
+}
+
+// The first stanza of a package counts.
+void DpkgStatus::add(const Installed& installed)
+{
+    const auto isSame = [&](std::uint32_t number) { return m_installed[number - 1].packageID == installed.packageID; };
+    m_places.findOrAdd(hashOfText(installed.packageID), isSame, [&] {
+        m_installed.push_back(installed);
+        return static_cast<std::uint32_t>(m_installed.size());
+    });
 }

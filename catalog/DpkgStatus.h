@@ -1,11 +1,13 @@
 #pragma once
 
+#include "HashSlots.h"
+
 #include <QByteArray>
 #include <QStringList>
 
 #include <optional>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 // The installed packages as the dpkg status database tells them, read once and never changed afterwards: any number of
 // threads may look up in it. Every stanza counts, whatever its status line says.
@@ -22,11 +24,18 @@ public:
     std::optional<std::string_view> versionOf(std::string_view packageID) const;
 
 private:
-    using Versions = std::unordered_map<std::string_view, std::optional<std::string_view>>;
+    struct Installed
+    {
+        std::string_view packageID;
+        std::optional<std::string_view> version;
+    };
 
     void addStanzas();
+    void add(const Installed& installed);
 
     // On the heap, so that the views into it stay good when this is moved.
     QByteArray m_text;
-    Versions m_versions;
+    std::vector<Installed> m_installed;
+    // Places of these by identifier, each plus one.
+    HashSlots m_places;
 };

@@ -99,24 +99,36 @@ void IndexParser::addPackage()
     const std::string_view name = firstOf({ Name, Package });
     const auto installed = m_status.versionOf(packageID);
     const TextPool::Handle packageIDHandle = m_texts->add(packageID);
-    const auto shared = [this](std::string_view text, std::string_view fallback = {}) {
-        return m_sharedTexts.add(text.data() == nullptr ? fallback : text);
-    };
+    const TextPool::Handle maintainer = shared(firstOf({ Maintainer }));
+    const bool hasAuthor = m_stanza[Author].isPresent || maintainer == TextPool::null;
     const VeskPackage::TextHandles texts{
         packageIDHandle,
         name == packageID ? packageIDHandle : m_texts->add(name),
         shared(firstOf({ Version }), "0"),
         m_texts->add(firstOf({ Description })),
-        shared(firstOf({ Author, Maintainer }), "Unknown"),
-        shared(firstOf({ Maintainer })),
+        hasAuthor ? shared(firstOf({ Author }), "Unknown") : maintainer,
+        maintainer,
         shared(firstOf({ Section }), "Other"),
         shared(firstOf({ Icon })),
         m_texts->add(firstOf({ Depiction, SileoDepiction, ModernDepiction })),
-        shared(firstOf({ Homepage })),
+        addHomepage(firstOf({ Homepage })),
         installed ? shared(*installed) : TextPool::null,
     };
     VeskPackage& record = m_records->emplace_back(m_texts, texts, m_repository);
     m_packages.emplace_back(m_records, &record);
+}
+
+TextPool::Handle IndexParser::shared(std::string_view text, std::string_view fallback)
+{
+    return m_sharedTexts.add(text.data() == nullptr ? fallback : text);
+}
+
+// The packages made of one source have its homepage, and stand near each other.
+TextPool::Handle IndexParser::addHomepage(std::string_view text)
+{
+    if (text.empty() || m_texts->text(m_lastHomepage) != text)
+        m_lastHomepage = m_texts->add(text);
+    return m_lastHomepage;
 }
 
 std::string_view IndexParser::firstOf(std::initializer_list<Field> fields) const

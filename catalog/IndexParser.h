@@ -52,6 +52,8 @@ private:
     void readLine(std::string_view line);
     void endStanza();
     void addPackage();
+    TextPool::Handle shared(std::string_view text, std::string_view fallback = {});
+    TextPool::Handle addHomepage(std::string_view text);
     // The text of the first of the fields that is present, none without any.
     std::string_view firstOf(std::initializer_list<Field> fields) const;
 
@@ -60,6 +62,7 @@ private:
     std::shared_ptr<TextPool> m_texts;
     // For the texts that many packages have in common; the others are not worth a look-up.
     TextInterner m_sharedTexts;
+    TextPool::Handle m_lastHomepage = TextPool::null;
     // All records stand in one block, and each pointer to one of them keeps the block.
     std::shared_ptr<std::deque<VeskPackage>> m_records;
     PackageVector m_packages;

@@ -53,7 +53,8 @@ std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
     const std::string_view text = viewOf(m_text);
     std::uint32_t package = 0;
     std::size_t at = findBytes(text, foldedQuery, 0);
-    while (at != std::string_view::npos) {
+    // Clang 14 loses a comparison with npos here: no package ends behind that, so it takes the inner loop for endless.
+    while (at < text.size()) {
         while (m_ends[package] <= at)
             ++package;
         found.push_back(package);
