@@ -1,5 +1,7 @@
 #include "CatalogRefresh.h"
 
+#include "ClassicUI.h"
+
 #include <QPointer>
 
 namespace {
@@ -12,6 +14,22 @@ void endRefresh(TableViewController& screen, const std::function<void()>& reload
 }
 
 } // namespace
+
+BarButtonItem* reloadButton(const std::function<void()>& action)
+{
+    auto* button = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, action);
+    button->setShortcut(QStringLiteral("F5"));
+    return button;
+}
+
+void addRefreshControls(TableViewController& screen, const std::function<void()>& refreshPressed)
+{
+    screen.navigationItem()->setRightBarButtonItem(reloadButton(refreshPressed));
+    auto* control = new RefreshControl;
+    control->setTintColor(ClassicUI::veskBlueColor());
+    control->setValueChanged(refreshPressed);
+    screen.tableView()->setRefreshControl(control);
+}
 
 void refreshCatalog(TableViewController& screen, RepoManager& manager, const std::function<void()>& reloadData)
 {

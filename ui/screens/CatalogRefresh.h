@@ -1,10 +1,17 @@
 #pragma once
 
+#include "BarItems.h"
 #include "RepoManager.h"
 #include "TableViewController.h"
 
 #include <functional>
 
-// Refreshes all sources for a screen that has a refresh control and a "Reload" button at the right: the control spins
-// and the button is disabled until the refresh has ended, then `reloadData` runs, unless the screen is gone by then.
+// A new "Reload" button, which F5 presses too.
+BarButtonItem* reloadButton(const std::function<void()>& action);
+
+// Gives the screen a "Reload" button at the right and a refresh control to pull, both of which do the same.
+void addRefreshControls(TableViewController& screen, const std::function<void()>& refreshPressed);
+
+// Refreshes all sources for a screen that was given these: the control spins and the button is disabled until the
+// refresh has ended, then `reloadData` runs, unless the screen is gone by then.
 void refreshCatalog(TableViewController& screen, RepoManager& manager, const std::function<void()>& reloadData);

@@ -13,12 +13,14 @@ InstalledAppsViewController::InstalledAppsViewController(RepoManager& manager, P
 
 void InstalledAppsViewController::viewDidLoad()
 {
+    TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Installed Apps"));
     ClassicUI::styleTableView(*tableView());
 }
 
 void InstalledAppsViewController::viewWillAppear()
 {
+    TableViewController::viewWillAppear();
     m_installed = installedPackagesSortedByName(m_manager);
     tableView()->reloadData();
 }

@@ -56,12 +56,14 @@ ManageViewController::ManageViewController(RepoManager& manager, PackageInstalle
 
 void ManageViewController::viewDidLoad()
 {
+    TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Manage"));
     ClassicUI::styleTableView(*tableView());
 }
 
 void ManageViewController::viewWillAppear()
 {
+    TableViewController::viewWillAppear();
     m_installed = installedPackagesSortedByName(m_manager);
     tableView()->reloadData();
 }

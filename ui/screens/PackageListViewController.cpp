@@ -1,6 +1,7 @@
 #include "PackageListViewController.h"
 
 #include "BulletText.h"
+#include "CatalogRefresh.h"
 #include "ClassicUI.h"
 #include "OpenScreen.h"
 #include "ScreenRows.h"
@@ -20,10 +21,7 @@ void PackageListViewController::viewDidLoad()
 {
     TableViewController::viewDidLoad();
     ClassicUI::styleTableView(*tableView());
-    auto* const reload
-        = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { reloadData(); });
-    reload->setShortcut(QStringLiteral("F5"));
-    navigationItem()->setRightBarButtonItem(reload);
+    navigationItem()->setRightBarButtonItem(reloadButton([this] { reloadData(); }));
 }
 
 void PackageListViewController::viewWillAppear()

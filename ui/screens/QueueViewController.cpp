@@ -29,6 +29,7 @@ QueueViewController::QueueViewController(PackageInstaller& installer)
 
 void QueueViewController::viewDidLoad()
 {
+    TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Queue"));
     navigationItem()->setLeftBarButtonItem(
         new BarButtonItem(QStringLiteral("Clear"), BarButtonItem::Style::Plain, [this] { clearAll(); }));
@@ -39,6 +40,7 @@ void QueueViewController::viewDidLoad()
 
 void QueueViewController::viewWillAppear()
 {
+    TableViewController::viewWillAppear();
     tableView()->reloadData();
 }
 

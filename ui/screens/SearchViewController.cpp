@@ -14,6 +14,7 @@ SearchViewController::SearchViewController(RepoManager& manager, PackageInstalle
 
 void SearchViewController::viewDidLoad()
 {
+    TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Search"));
     ClassicUI::styleTableView(*tableView());
     auto* searchController = new SearchController;

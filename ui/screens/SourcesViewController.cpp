@@ -22,6 +22,7 @@ SourcesViewController::SourcesViewController(RepoManager& manager, PackageInstal
 
 void SourcesViewController::viewDidLoad()
 {
+    TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Sources"));
     ClassicUI::styleTableView(*tableView());
     navigationItem()->setRightBarButtonItem(
@@ -30,6 +31,7 @@ void SourcesViewController::viewDidLoad()
 
 void SourcesViewController::viewWillAppear()
 {
+    TableViewController::viewWillAppear();
     tableView()->reloadData();
 }
 

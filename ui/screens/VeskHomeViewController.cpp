@@ -71,28 +71,11 @@ void VeskHomeViewController::viewDidLoad()
     setTitle(QStringLiteral("Welcome to Vesk"));
     ClassicUI::styleTableView(*tableView());
     tableView()->setRowHeight(60);
-    setUpBarButtons();
-    setUpRefreshControl();
-    m_homeHeader = buildHomeHeader();
-    tableView()->setTableHeaderView(m_homeHeader);
-}
-
-void VeskHomeViewController::setUpBarButtons()
-{
-    auto* const reload
-        = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); });
-    reload->setShortcut(QStringLiteral("F5"));
-    navigationItem()->setRightBarButtonItem(reload);
+    addRefreshControls(*this, [this] { refreshPressed(); });
     navigationItem()->setLeftBarButtonItem(new BarButtonItem(
         Image::systemNamed(QStringLiteral("info.circle")), QStringLiteral("About"), [this] { showAbout(); }));
-}
-
-void VeskHomeViewController::setUpRefreshControl()
-{
-    auto* control = new RefreshControl;
-    control->setTintColor(ClassicUI::veskBlueColor());
-    control->setValueChanged([this] { refreshPressed(); });
-    tableView()->setRefreshControl(control);
+    m_homeHeader = buildHomeHeader();
+    tableView()->setTableHeaderView(m_homeHeader);
 }
 
 View* VeskHomeViewController::buildHomeHeader()

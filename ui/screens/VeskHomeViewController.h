@@ -42,8 +42,6 @@ public:
 
 private:
     bool isEmpty() const { return m_featured.empty() && m_categories.empty(); }
-    void setUpBarButtons();
-    void setUpRefreshControl();
     TableViewCell* featuredCell(int row);
     TableViewCell* categoryCell(int row);
 

@@ -13,20 +13,15 @@ WhatsNewViewController::WhatsNewViewController(RepoManager& manager, PackageInst
 
 void WhatsNewViewController::viewDidLoad()
 {
+    TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Changes"));
     ClassicUI::styleTableView(*tableView());
-    auto* const reload
-        = new BarButtonItem(QStringLiteral("Reload"), BarButtonItem::Style::Plain, [this] { refreshPressed(); });
-    reload->setShortcut(QStringLiteral("F5"));
-    navigationItem()->setRightBarButtonItem(reload);
-    auto* refreshControl = new RefreshControl;
-    refreshControl->setTintColor(ClassicUI::veskBlueColor());
-    refreshControl->setValueChanged([this] { refreshPressed(); });
-    tableView()->setRefreshControl(refreshControl);
+    addRefreshControls(*this, [this] { refreshPressed(); });
 }
 
 void WhatsNewViewController::viewWillAppear()
 {
+    TableViewController::viewWillAppear();
     reloadData();
 }
 

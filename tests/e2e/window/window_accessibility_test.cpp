@@ -24,6 +24,17 @@ protected:
     {
         return TouchDriver::pressByScreenReader(touch->find(role, name));
     }
+    // Puts a text into the field of that name, as a screen reader or a braille display does.
+    bool write(const QString& field, const QString& text)
+    {
+        QQuickItem* item = touch->find(QAccessible::EditableText, field);
+        QAccessibleInterface* interface = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
+        if (!interface)
+            return false;
+        interface->setText(QAccessible::Value, text);
+        turnLoop();
+        return interface->text(QAccessible::Value) == text;
+    }
     QAccessible::State state(QAccessible::Role role, const QString& name) const
     {
         QQuickItem* item = touch->find(role, name);
@@ -162,4 +173,68 @@ TEST_F(ScreenReader, meetsNoRowThatIsNotThere)
     ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Changes")));
     ASSERT_TRUE(reaches(QStringLiteral("Changes")));
     EXPECT_EQ(names(QAccessible::ListItem), QStringList{ QStringLiteral("No changes available. Tap Reload.") });
+}
+
+TEST_F(ScreenReader, typesIntoTheSearchFieldAndClearsAndCancelsIt)
+{
+    addPackages(12);
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Search")));
+    ASSERT_TRUE(reaches(QStringLiteral("Search")));
+    ASSERT_TRUE(write(QStringLiteral("Search Vesk packages"), QStringLiteral("010")));
+    EXPECT_EQ(names(QAccessible::ListItem), QStringList{ QStringLiteral("Package 010") });
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Clear text")));
+    EXPECT_EQ(touch->headerText(0), QStringLiteral("BROWSE CATEGORIES"));
+    ASSERT_TRUE(write(QStringLiteral("Search Vesk packages"), QStringLiteral("011")));
+    EXPECT_EQ(names(QAccessible::ListItem), QStringList{ QStringLiteral("Package 011") });
+}
+
+TEST_F(ScreenReader, addsASource)
+{
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Manage Sources")));
+    ASSERT_TRUE(reaches(QStringLiteral("Sources")));
+    ASSERT_TRUE(TouchDriver::pressByScreenReader(touch->barButton(QStringLiteral("Add"))));
+    ASSERT_NE(alert(), nullptr);
+    ASSERT_TRUE(write(QStringLiteral("https://repo.example.org"), QStringLiteral("http://127.0.0.1/second")));
+    ASSERT_TRUE(TouchDriver::pressByScreenReader(touch->alertButton(QStringLiteral("Add"))));
+    ASSERT_TRUE(touch->waitUntil([&] { return manager->repositories().size() == 2; }, 5000));
+    EXPECT_EQ(manager->repositories().back()->urlString(), QStringLiteral("http://127.0.0.1/second"));
+}
+
+TEST_F(ScreenReader, queuesARemovalFromTheSheetAndClearsTheQueue)
+{
+    addInstalledPackage(QStringLiteral("Alpha"), QStringLiteral("2.0"), QStringLiteral("1.0"));
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    ASSERT_TRUE(reaches(QStringLiteral("Manage")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Alpha")));
+    ASSERT_NE(alert(), nullptr);
+    EXPECT_EQ(description(QAccessible::Dialog, QStringLiteral("Alpha")), QStringLiteral("Alpha 2.0 is installed."));
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Uninstall")));
+    ASSERT_EQ(installer->queue().size(), 1U);
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Queued Changes")));
+    ASSERT_TRUE(reaches(QStringLiteral("Queue")));
+    EXPECT_EQ(
+        description(QAccessible::ListItem, QStringLiteral("Alpha")), QStringLiteral("Uninstall  \u2022  In Queue"));
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Clear")));
+    EXPECT_TRUE(installer->queue().empty());
+    EXPECT_EQ(names(QAccessible::ListItem), QStringList{ QStringLiteral("Nothing queued") });
+}
+
+TEST_F(ScreenReader, opensTheInstalledPackagesAndTheAnswersOfTheSettings)
+{
+    addInstalledPackage(QStringLiteral("Alpha"), QStringLiteral("2.0"), QStringLiteral("2.0"));
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Settings")));
+    ASSERT_NE(touch->find(QAccessible::Dialog, QStringLiteral("Vesk Settings")), nullptr);
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Close")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Installed Apps")));
+    ASSERT_TRUE(reaches(QStringLiteral("Installed Apps")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Alpha")));
+    ASSERT_TRUE(reaches(QStringLiteral("Alpha")));
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Uninstall")));
+    EXPECT_EQ(installer->queue().size(), 1U);
 }

@@ -428,6 +428,26 @@ TEST_F(SourcesScreen, removesASwipedSourceByDeletingItsRowAlone)
     EXPECT_EQ(cell(Available, 0), available);
 }
 
+TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
+{
+    network->hold();
+    show();
+    addByAlert(QStringLiteral("http://127.0.0.1/four"));
+    ASSERT_EQ(manager->repositories().size(), 4U);
+    ASSERT_EQ(table()->layout().rowCount(Active), 3);
+    table()->deleteTapped(Active, 1);
+    EXPECT_FALSE(sourceURLs().contains(QStringLiteral("http://127.0.0.1/two")));
+    // The table now knows of the new one, too.
+    ASSERT_EQ(table()->layout().rowCount(Active), 3);
+    EXPECT_EQ(detail(Active, 2), QStringLiteral("http://127.0.0.1/four"));
+    table()->deleteTapped(Active, 2);
+    EXPECT_EQ(manager->repositories().size(), 2U);
+    EXPECT_FALSE(addBarButton()->isEnabled());
+    network->release();
+    EXPECT_TRUE(waitUntil([this] { return addBarButton()->isEnabled(); }));
+    EXPECT_EQ(table()->layout().rowCount(Active), 2);
+}
+
 TEST_F(SourcesScreen, offersNoDeleteOnAvailableSources)
 {
     auto* screen = show();

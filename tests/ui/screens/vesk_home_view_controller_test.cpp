@@ -389,6 +389,17 @@ TEST_F(HomeScreen, startsAnotherRefreshForAPullDuringOne)
     EXPECT_TRUE(waitUntil([&] { return reloadButton(screen)->isEnabled(); }));
 }
 
+TEST_F(HomeScreen, isIdleAgainWhenItsOnlySourceIsRemovedDuringTheRefresh)
+{
+    auto* screen = show();
+    ASSERT_TRUE(waitUntil([this] { return network->requestedURLs().size() == 1; }));
+    manager->removeRepository(manager->repositories().front());
+    network->release();
+    EXPECT_TRUE(waitUntil([&] { return reloadButton(screen)->isEnabled(); }));
+    EXPECT_FALSE(refreshControl()->isRefreshing());
+    EXPECT_EQ(text(0, 0), QStringLiteral("No packages loaded. Tap Reload."));
+}
+
 TEST_F(HomeScreen, doesNothingWhenItIsGoneBeforeTheRefreshEnds)
 {
     show();
