@@ -4,7 +4,7 @@ import QtQuick
 import ui.kit
 
 // A button of the navigation bar: a glyph, a text, or both. With an item, it shows and presses that item.
-FocusScope {
+PressItem {
     id: root
 
     required property NavigationBar bar
@@ -28,11 +28,9 @@ FocusScope {
     activeFocusOnTab: true
 
     Accessible.role: Accessible.Button
-    Accessible.name: accessibleName
-    Accessible.description: item ? "" : title
-    Accessible.focusable: true
-    Accessible.onPressAction: if (root.enabled)
-        root.press()
+    spokenName: accessibleName
+    spokenDescription: item ? "" : title
+    onPressAsked: root.press()
     Keys.onReturnPressed: press()
     Keys.onEnterPressed: press()
     Keys.onSpacePressed: press()

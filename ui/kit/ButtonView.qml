@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import ui.kit
 
-FocusScope {
+PressItem {
     id: root
 
     required property Button view
@@ -18,10 +18,8 @@ FocusScope {
     activeFocusOnTab: true
 
     Accessible.role: Accessible.Button
-    Accessible.name: view.accessibilityLabel
-    Accessible.focusable: true
-    Accessible.onPressAction: if (enabled)
-        root.view.press()
+    spokenName: view.accessibilityLabel
+    onPressAsked: root.view.press()
     Keys.onReturnPressed: root.view.press()
     Keys.onEnterPressed: root.view.press()
     Keys.onSpacePressed: root.view.press()

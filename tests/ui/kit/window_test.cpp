@@ -355,6 +355,24 @@ TEST_F(KitWindowTest, tellsAScreenReaderWhatEachThingIs)
     EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("Detail"));
 }
 
+TEST_F(KitWindowTest, tellsAScreenReaderWhichButtonsAreDisabled)
+{
+    grabbed();
+    const auto isDisabled = [this](const QString& name) {
+        const QAccessibleInterface* const found = accessible(name);
+        return found && found->state().disabled;
+    };
+    EXPECT_FALSE(isDisabled(QStringLiteral("Reload")));
+    EXPECT_FALSE(isDisabled(QStringLiteral("Press")));
+    one->navigationItem()->rightBarButtonItem()->setEnabled(false);
+    static_cast<Button*>(one->tableView()->cellForRow({ 0, 1 })->accessoryView())->setEnabled(false);
+    EXPECT_TRUE(isDisabled(QStringLiteral("Reload")));
+    EXPECT_TRUE(isDisabled(QStringLiteral("Press")));
+    EXPECT_FALSE(isDisabled(QStringLiteral("About")));
+    one->navigationItem()->rightBarButtonItem()->setEnabled(true);
+    EXPECT_FALSE(isDisabled(QStringLiteral("Reload")));
+}
+
 TEST_F(KitWindowTest, doesAtAScreenReadersPressWhatATapDoes)
 {
     grabbed();
