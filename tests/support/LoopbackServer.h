@@ -85,6 +85,9 @@ public:
     std::vector<QByteArray> requestedPaths() const;
     // Bytes of replies handed to the system so far.
     qint64 bytesSent() const;
+    // What this machine may hold of one reply that nobody reads: the largest buffers of a connection's two ends, and
+    // what a client may have taken from them by then.
+    static qint64 mostHeldUnread();
 
 private:
     friend class LoopbackConnection;
