@@ -116,7 +116,7 @@ TEST_F(WithLargeTexts, queueWithEveryStatus)
 TEST_F(WithLargeTexts, aboutAlert)
 {
     fillCatalog();
-    open();
+    open({ 390, 520 });
     screen().navigationItem()->leftBarButtonItem()->press();
     expectPicture(QStringLiteral("alert-about"));
 }
@@ -134,7 +134,7 @@ TEST_F(WithLargeTexts, addSourceAlert)
 TEST_F(WithLargeTexts, uninstallSheet)
 {
     fillCatalog();
-    open(Tab::Manage);
+    open(Tab::Manage, { 390, 520 });
     tap(2, 0);
     expectPicture(QStringLiteral("sheet"));
 }

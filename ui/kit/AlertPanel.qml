@@ -166,7 +166,7 @@ FocusScope {
                     id: fields
 
                     model: root.alert.textFields
-                    delegate: Rectangle {
+                    delegate: RoundedBox {
                         id: box
 
                         required property AlertTextField modelData
@@ -175,9 +175,9 @@ FocusScope {
                         width: contents.width
                         height: KitLook.grown(34)
                         radius: 6
-                        color: KitLook.field
-                        border.color: KitLook.edge
-                        border.width: 1
+                        upper: KitLook.field
+                        lower: KitLook.field
+                        edge: KitLook.edge
 
                         Text {
                             anchors.fill: input

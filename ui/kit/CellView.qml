@@ -95,13 +95,14 @@ Item {
             height: hairline
             color: root.table.separatorTint
         }
-        Rectangle {
+        RoundedBox {
             anchors.fill: parent
             anchors.margins: 2
             visible: root.focusedHere
-            color: "transparent"
-            border.color: KitLook.focus
-            border.width: 2
+            upper: "transparent"
+            lower: "transparent"
+            edge: KitLook.focus
+            edgeWidth: 2
             radius: 6
         }
     }

@@ -2,15 +2,16 @@ import QtQuick
 import ui.kit
 
 // Shows which control the keyboard acts on.
-Rectangle {
+RoundedBox {
     id: root
 
     required property Item control
 
     anchors.fill: parent
     visible: control.activeFocus && KeyboardFocus.shown
-    color: "transparent"
-    border.color: KitLook.focus
-    border.width: 2
+    upper: "transparent"
+    lower: "transparent"
+    edge: KitLook.focus
+    edgeWidth: 2
     radius: 6
 }

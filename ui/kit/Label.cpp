@@ -101,7 +101,7 @@ int Label::smallestFontSize() const
     constexpr int SmallestLegible = 8;
     constexpr double LeastOfEnlarged = 2.0 / 3;
     if (m_adjustsFontSize)
-        return SmallestLegible;
+        return TextScale::fontSize(SmallestLegible);
     const int standard = Font::standardSize(m_font);
     QFont least = m_font;
     least.setPixelSize(std::max(standard, static_cast<int>(std::ceil(m_font.pixelSize() * LeastOfEnlarged))));

@@ -29,22 +29,13 @@ FocusScope {
     Keys.onEnterPressed: pressed()
     Keys.onSpacePressed: pressed()
 
-    Rectangle {
+    RoundedBox {
         anchors.fill: parent
         radius: 7
-        border.color: KitLook.edge
-        border.width: 1
+        edge: KitLook.edge
         opacity: area.pressed ? 0.7 : 1
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: root.look === PanelButton.Destructive ? KitLook.destructiveTop : root.look === PanelButton.Cancel ? KitLook.cancelTop : KitLook.buttonTop
-            }
-            GradientStop {
-                position: 1
-                color: root.look === PanelButton.Destructive ? KitLook.destructiveBottom : root.look === PanelButton.Cancel ? KitLook.cancelBottom : KitLook.buttonBottom
-            }
-        }
+        upper: root.look === PanelButton.Destructive ? KitLook.destructiveTop : root.look === PanelButton.Cancel ? KitLook.cancelTop : KitLook.buttonTop
+        lower: root.look === PanelButton.Destructive ? KitLook.destructiveBottom : root.look === PanelButton.Cancel ? KitLook.cancelBottom : KitLook.buttonBottom
 
         Rectangle {
             x: 4

@@ -13,7 +13,7 @@ FocusScope {
     // The keyboard goes on to the results, and so many rows down.
     signal leftForResults(int rows)
 
-    Rectangle {
+    RoundedBox {
         id: box
 
         x: 10
@@ -21,9 +21,9 @@ FocusScope {
         width: root.width - 20 - (cancel.visible ? cancel.width : 0)
         height: 34
         radius: height / 2
-        color: KitLook.field
-        border.color: input.activeFocus ? KitLook.focus : KitLook.edge
-        border.width: 1
+        upper: KitLook.field
+        lower: KitLook.field
+        edge: input.activeFocus ? KitLook.focus : KitLook.edge
 
         Behavior on width {
             NumberAnimation {

@@ -7,6 +7,7 @@ FocusScope {
     id: root
 
     required property Switch view
+    property color fill: view.on ? view.onTint : KitLook.switchOff
 
     x: view.frame.x
     y: view.frame.y
@@ -27,53 +28,28 @@ FocusScope {
     Keys.onEnterPressed: root.view.toggle()
     Keys.onSpacePressed: root.view.toggle()
 
-    Rectangle {
-        anchors.fill: parent
-        radius: height / 2
-        color: root.view.on ? root.view.onTint : KitLook.switchOff
-        border.color: KitLook.edge
-        border.width: 1
-        opacity: 0.95
-
-        Behavior on color {
-            ColorAnimation {
-                duration: Motion.duration(150)
-            }
-        }
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: 1
-            radius: height / 2
-            gradient: Gradient {
-                GradientStop {
-                    position: 0
-                    color: KitLook.textShadow
-                }
-                GradientStop {
-                    position: 0.5
-                    color: "transparent"
-                }
-            }
+    Behavior on fill {
+        ColorAnimation {
+            duration: Motion.duration(150)
         }
     }
-    Rectangle {
+    RoundedBox {
+        anchors.fill: parent
+        radius: height / 2
+        upper: Qt.darker(root.fill, 1.5)
+        lower: root.fill
+        edge: KitLook.edge
+        opacity: 0.95
+    }
+    RoundedBox {
         x: root.view.on ? root.width - width - 2 : 2
         y: 2
         width: root.height - 4
         height: width
         radius: width / 2
-        border.color: KitLook.edge
-        border.width: 1
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: KitLook.knobBottom
-            }
-            GradientStop {
-                position: 1
-                color: KitLook.knobTop
-            }
-        }
+        edge: KitLook.edge
+        upper: KitLook.knobBottom
+        lower: KitLook.knobTop
 
         Behavior on x {
             NumberAnimation {
