@@ -96,5 +96,6 @@ FocusScope {
             table.takeKeyboard();
             table.moveFocus(rows);
         }
+        onCancelled: root.page.view.takeKeyboard()
     }
 }

@@ -28,6 +28,11 @@ Item {
     Accessible.focused: focusedHere
     Accessible.onPressAction: if (enabled)
         root.table.tapRow(root.view.section, root.view.row)
+    // What a swipe does.
+    Accessible.onScrollLeftAction: if (enabled)
+        root.table.openRowForDeletion(root.view.section, root.view.row)
+    Accessible.onScrollRightAction: if (enabled)
+        root.table.closeOpenRow()
 
     Behavior on y {
         enabled: root.table.sliding

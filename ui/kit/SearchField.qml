@@ -12,6 +12,8 @@ FocusScope {
 
     // The keyboard goes on to the results, and so many rows down.
     signal leftForResults(int rows)
+    // The keyboard, which was here, goes on to them without marking any.
+    signal cancelled
 
     RoundedBox {
         id: box
@@ -102,7 +104,8 @@ FocusScope {
 
             Accessible.role: Accessible.Button
             Accessible.name: KitLook.clearTitle
-            Accessible.onPressAction: input.clear()
+            Accessible.onPressAction: if (enabled)
+                input.clear()
 
             PressArea {
                 anchors.fill: parent
@@ -160,8 +163,8 @@ FocusScope {
         function onActiveChanged() {
             if (root.searchBar.active)
                 input.forceActiveFocus();
-            else
-                input.focus = false;
+            else if (root.activeFocus)
+                root.cancelled();
         }
 
         target: root.searchBar

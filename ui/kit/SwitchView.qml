@@ -23,7 +23,8 @@ FocusScope {
     Accessible.focusable: true
     Accessible.onPressAction: if (enabled)
         root.view.toggle()
-    Accessible.onToggleAction: root.view.toggle()
+    Accessible.onToggleAction: if (enabled)
+        root.view.toggle()
     Keys.onReturnPressed: root.view.toggle()
     Keys.onEnterPressed: root.view.toggle()
     Keys.onSpacePressed: root.view.toggle()

@@ -25,6 +25,10 @@ FocusScope {
 
     Accessible.role: Accessible.List
     Accessible.focusable: true
+    Accessible.onScrollDownAction: if (enabled)
+        root.view.scrollByPage(1)
+    Accessible.onScrollUpAction: if (enabled)
+        root.view.scrollByPage(-1)
 
     Keys.onPressed: event => {
         const steps = {
@@ -97,6 +101,12 @@ FocusScope {
                 model: root.view.headerModel
             }
         }
+    }
+    // Before any row has the focus, the whole table has it.
+    FocusRing {
+        control: root
+        anchors.margins: 2
+        visible: root.activeFocus && KeyboardFocus.shown && root.view.focusedRow < 0
     }
     ScrollIndicator {
         id: indicator

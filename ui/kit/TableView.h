@@ -124,6 +124,8 @@ public:
     Q_INVOKABLE void focusLastRow();
     // Down by as many rows as are seen at once below the pinned header, or up (-1), and by one at least.
     Q_INVOKABLE void moveFocusByPage(int direction);
+    // The same without any focus: shows what is next or (-1) what was before.
+    Q_INVOKABLE void scrollByPage(int direction);
     Q_INVOKABLE void focusRow(int section, int row);
     Q_INVOKABLE void activateFocusedRow();
     Q_INVOKABLE void deleteFocusedRow();

@@ -11,7 +11,7 @@ void TableView::moveFocus(int rows)
         return;
     const bool isFirst = m_focusedRow == NoRow;
     const auto target
-        = isFirst ? std::optional(rows > 0 ? visible.front() : visible.back()) : m_layout.rowAfter(m_focusedRow, rows);
+        = isFirst ? std::optional(rows < 0 ? visible.back() : visible.front()) : m_layout.rowAfter(m_focusedRow, rows);
     if (target)
         focusRow(target->section, target->row);
 }
@@ -23,6 +23,16 @@ void TableView::moveFocusByPage(int direction)
     const double page = height() - m_layout.headerHeight(m_focusedRow.section);
     const IndexPath target = m_layout.rowOnePageFrom(m_focusedRow, direction, page);
     focusRow(target.section, target.row);
+}
+
+void TableView::scrollByPage(int direction)
+{
+    const auto visible = indexPathsForVisibleRows();
+    if (visible.empty())
+        return;
+    const double page = height() - m_layout.headerHeight(visible.front().section);
+    const double end = std::max(0.0, contentHeight() - height());
+    setContentOffset(std::clamp(m_contentOffset + direction * page, 0.0, end));
 }
 
 void TableView::focusFirstRow()

@@ -92,7 +92,7 @@ void Window::escape()
 void Window::selectTab(int index)
 {
     if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))
-        tabs->setSelectedIndex(index);
+        tabs->tapTab(index);
 }
 
 void Window::search()

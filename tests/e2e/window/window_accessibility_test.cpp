@@ -24,6 +24,16 @@ protected:
     {
         return TouchDriver::pressByScreenReader(touch->find(role, name));
     }
+    static bool act(QQuickItem* item, const QString& action)
+    {
+        QAccessibleInterface* interface = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
+        QAccessibleActionInterface* actions = interface ? interface->actionInterface() : nullptr;
+        if (!actions || !actions->actionNames().contains(action))
+            return false;
+        actions->doAction(action);
+        turnLoop();
+        return true;
+    }
     // Puts a text into the field of that name, as a screen reader or a braille display does.
     bool write(const QString& field, const QString& text)
     {
@@ -237,4 +247,56 @@ TEST_F(ScreenReader, opensTheInstalledPackagesAndTheAnswersOfTheSettings)
     ASSERT_TRUE(reaches(QStringLiteral("Alpha")));
     ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Uninstall")));
     EXPECT_EQ(installer->queue().size(), 1U);
+}
+
+TEST_F(ScreenReader, deletesAQueuedEntryAsASwipeDoes)
+{
+    installer->enqueuePackage(addPackage(QStringLiteral("Alpha")), QueueActionInstall);
+    installer->enqueuePackage(addPackage(QStringLiteral("Beta")), QueueActionInstall);
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Queued Changes")));
+    ASSERT_TRUE(reaches(QStringLiteral("Queue")));
+    QQuickItem* row = touch->find(QAccessible::ListItem, QStringLiteral("Alpha"));
+    ASSERT_TRUE(act(row, QAccessibleActionInterface::scrollLeftAction()));
+    ASSERT_TRUE(act(row, QAccessibleActionInterface::scrollRightAction()));
+    EXPECT_EQ(touch->find(QAccessible::Button, QStringLiteral("Delete")), nullptr);
+    ASSERT_TRUE(act(row, QAccessibleActionInterface::scrollLeftAction()));
+    ASSERT_TRUE(touch->settle());
+    ASSERT_TRUE(press(QAccessible::Button, QStringLiteral("Delete")));
+    EXPECT_EQ(names(QAccessible::ListItem), QStringList{ QStringLiteral("Beta") });
+}
+
+TEST_F(ScreenReader, scrollsToTheRowsThatAreNotSeen)
+{
+    addPackages(60);
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Changes")));
+    ASSERT_TRUE(reaches(QStringLiteral("Changes")));
+    QQuickItem* const list = touch->itemFor(&table());
+    const int last = table().indexPathsForVisibleRows().back().row;
+    ASSERT_TRUE(act(list, QAccessibleActionInterface::scrollDownAction()));
+    EXPECT_LE(table().indexPathsForVisibleRows().front().row, last + 1) << "no row is left out";
+    EXPECT_GT(table().indexPathsForVisibleRows().back().row, last);
+    for (int page = 0; page < 8; ++page)
+        ASSERT_TRUE(act(list, QAccessibleActionInterface::scrollDownAction()));
+    EXPECT_NE(touch->find(QAccessible::ListItem, QStringLiteral("Package 060")), nullptr);
+    EXPECT_EQ(table().contentOffset(), table().contentHeight() - table().height());
+    for (int page = 0; page < 9; ++page)
+        ASSERT_TRUE(act(list, QAccessibleActionInterface::scrollUpAction()));
+    EXPECT_NE(touch->find(QAccessible::ListItem, QStringLiteral("Package 001")), nullptr);
+    EXPECT_EQ(table().contentOffset(), 0);
+}
+
+TEST_F(ScreenReader, togglesAndClearsNothingBehindAnAlert)
+{
+    open();
+    ASSERT_TRUE(press(QAccessible::PageTab, QStringLiteral("Manage")));
+    ASSERT_TRUE(press(QAccessible::ListItem, QStringLiteral("Manage Sources")));
+    ASSERT_TRUE(reaches(QStringLiteral("Sources")));
+    QQuickItem* const control = touch->accessibleItems(QAccessible::CheckBox).front();
+    ASSERT_TRUE(TouchDriver::pressByScreenReader(touch->barButton(QStringLiteral("Add"))));
+    ASSERT_NE(alert(), nullptr);
+    act(control, QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(manager->repositories().front()->enabled());
 }

@@ -272,7 +272,7 @@ TEST_F(Keyboard, searchesFromEachTabAndFromAPushedScreen)
 {
     addPackages(12);
     open();
-    for (const Qt::Key tab : { Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_5 }) {
+    for (const Qt::Key tab : { Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5 }) {
         touch->key(tab, Qt::ControlModifier);
         touch->key(Qt::Key_Down);
         touch->key(Qt::Key_Return);
@@ -304,4 +304,56 @@ TEST_F(Keyboard, deletesAUsersSourceAndNoAvailableOne)
     EXPECT_EQ(table().layout().rowCount(0), 0);
     touch->key(Qt::Key_Delete);
     EXPECT_EQ(table().layout().rowCount(1), 4);
+}
+
+TEST_F(Keyboard, goesOnToTheListWhenTheSearchIsCancelled)
+{
+    addPackages(12);
+    open();
+    touch->key(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(reaches(QStringLiteral("Search")));
+    touch->key(Qt::Key_Escape);
+    EXPECT_EQ(table().focusedRow(), -1);
+    touch->key(Qt::Key_Down);
+    touch->key(Qt::Key_Return);
+    EXPECT_TRUE(reaches(QStringLiteral("Section 1")));
+}
+
+TEST_F(Keyboard, marksTheFirstResultByReturnInTheSearchField)
+{
+    addPackages(12);
+    open();
+    touch->key(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(reaches(QStringLiteral("Search")));
+    touch->type(QStringLiteral("Package"));
+    touch->key(Qt::Key_Return);
+    EXPECT_EQ(table().focusedRow(), 0);
+    touch->key(Qt::Key_Return);
+    EXPECT_TRUE(reaches(QStringLiteral("Package 001")));
+}
+
+TEST_F(Keyboard, goesBackToTheRootByTheNumberOfTheTabThatShows)
+{
+    addPackages(3);
+    open();
+    touch->key(Qt::Key_Down);
+    touch->key(Qt::Key_Return);
+    ASSERT_TRUE(reaches(QStringLiteral("Package 001")));
+    touch->key(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_TRUE(reaches(Home));
+}
+
+TEST_F(Keyboard, showsThatTheListHasTheFocusBeforeAnyOfItsRowsHas)
+{
+    addPackages(3);
+    open();
+    ASSERT_TRUE(touch->settle());
+    const QImage unmarked = touch->picture();
+    touch->key(Qt::Key_Tab);
+    ASSERT_TRUE(tabTo(touch->itemFor(&table())));
+    ASSERT_TRUE(touch->settle());
+    EXPECT_EQ(table().focusedRow(), -1);
+    EXPECT_NE(touch->picture(), unmarked);
+    const QPoint edge(195, touch->quickWindow().height() - 49 - 3);
+    EXPECT_NE(touch->picture().pixelColor(edge), unmarked.pixelColor(edge));
 }
