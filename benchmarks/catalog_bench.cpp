@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <malloc.h>
 
@@ -44,6 +45,19 @@ double millisecondsOf(const std::function<void()>& work)
     timer.start();
     work();
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+// The processor's time alone, of this thread or of all: it hardly depends on what else the machine does.
+double processorTimeOf(clockid_t clock, const std::function<void()>& work)
+{
+    const auto now = [clock] {
+        timespec time{};
+        clock_gettime(clock, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    };
+    const double begin = now();
+    work();
+    return now() - begin;
 }
 
 double medianOf(std::vector<double> values)
@@ -153,6 +167,22 @@ void measureReading(const Setting& setting)
     refresh.print("catalog.refresh_gzip", "inflate");
 }
 
+// With two processors at hand, reading takes as long as its calling thread is at work: that one decompresses and, when
+// the other has parsed the last window, finishes what is left. With one it takes as long as all threads are.
+void measureWork(const Setting& setting)
+{
+    Comparison calling;
+    Comparison all;
+    const IndexJob job = setting.job(setting.gzip, Compression::Gzip);
+    for (int round = 0; round < rounds; ++round) {
+        const double floor = processorTimeOf(CLOCK_THREAD_CPUTIME_ID, [&] { inflateAlone(setting.gzip); });
+        calling.addRound(floor, processorTimeOf(CLOCK_THREAD_CPUTIME_ID, [&] { readIndex(job); }));
+        all.addRound(floor, processorTimeOf(CLOCK_PROCESS_CPUTIME_ID, [&] { readIndex(job); }));
+    }
+    calling.print("catalog.read_gzip_work_of_calling_thread", "inflate");
+    all.print("catalog.read_gzip_work_of_all_threads", "inflate");
+}
+
 void measureOtherBodies(const Setting& setting)
 {
     const IndexJob plain = setting.job(setting.text, Compression::None);
@@ -244,6 +274,7 @@ int main(int argc, char** argv)
     const Setting setting;
     measureMemory(setting);
     measureReading(setting);
+    measureWork(setting);
     measureOtherBodies(setting);
     measureMainThread(setting);
     const auto manager = setting.manager();

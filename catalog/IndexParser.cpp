@@ -26,12 +26,13 @@ const std::array<IndexParser::FieldName, IndexParser::FieldCount> IndexParser::f
 } };
 
 IndexParser::IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status)
-    : m_repository(std::move(repository))
-    , m_status(status)
-    , m_texts(std::make_shared<TextPool>())
-    , m_sharedTexts(*m_texts)
+    : m_status(status)
+    , m_origin(std::make_shared<PackageOrigin>())
+    , m_texts(m_origin->texts)
+    , m_sharedTexts(m_texts)
     , m_records(std::make_shared<std::deque<VeskPackage>>())
 {
+    m_origin->repository = std::move(repository);
 }
 
 IndexParser::~IndexParser() = default;
@@ -59,7 +60,7 @@ PackageVector IndexParser::finish()
 {
     readLine(m_partialLine);
     endStanza();
-    m_texts->shrink();
+    m_texts.shrink();
     m_packages.shrink_to_fit();
     return std::move(m_packages);
 }
@@ -98,23 +99,23 @@ void IndexParser::addPackage()
     const std::string_view packageID = m_stanza[Package].text;
     const std::string_view name = firstOf({ Name, Package });
     const auto installed = m_status.versionOf(packageID);
-    const TextPool::Handle packageIDHandle = m_texts->add(packageID);
+    const TextPool::Handle packageIDHandle = m_texts.add(packageID);
     const TextPool::Handle maintainer = shared(firstOf({ Maintainer }));
     const bool hasAuthor = m_stanza[Author].isPresent || maintainer == TextPool::null;
     const VeskPackage::TextHandles texts{
         packageIDHandle,
-        name == packageID ? packageIDHandle : m_texts->add(name),
+        name == packageID ? packageIDHandle : m_texts.add(name),
         shared(firstOf({ Version }), "0"),
-        m_texts->add(firstOf({ Description })),
+        m_texts.add(firstOf({ Description })),
         hasAuthor ? shared(firstOf({ Author }), "Unknown") : maintainer,
         maintainer,
         shared(firstOf({ Section }), "Other"),
         shared(firstOf({ Icon })),
-        m_texts->add(firstOf({ Depiction, SileoDepiction, ModernDepiction })),
+        m_texts.add(firstOf({ Depiction, SileoDepiction, ModernDepiction })),
         addHomepage(firstOf({ Homepage })),
         installed ? shared(*installed) : TextPool::null,
     };
-    VeskPackage& record = m_records->emplace_back(m_texts, texts, m_repository);
+    VeskPackage& record = m_records->emplace_back(m_origin, texts);
     m_packages.emplace_back(m_records, &record);
 }
 
@@ -126,8 +127,8 @@ TextPool::Handle IndexParser::shared(std::string_view text, std::string_view fal
 // The packages made of one source have its homepage, and stand near each other.
 TextPool::Handle IndexParser::addHomepage(std::string_view text)
 {
-    if (text.empty() || m_texts->text(m_lastHomepage) != text)
-        m_lastHomepage = m_texts->add(text);
+    if (text.empty() || m_texts.text(m_lastHomepage) != text)
+        m_lastHomepage = m_texts.add(text);
     return m_lastHomepage;
 }
 

@@ -57,9 +57,9 @@ private:
     // The text of the first of the fields that is present, none without any.
     std::string_view firstOf(std::initializer_list<Field> fields) const;
 
-    VeskRepositoryPtr m_repository;
     const DpkgStatus& m_status;
-    std::shared_ptr<TextPool> m_texts;
+    std::shared_ptr<PackageOrigin> m_origin;
+    TextPool& m_texts;
     // For the texts that many packages have in common; the others are not worth a look-up.
     TextInterner m_sharedTexts;
     TextPool::Handle m_lastHomepage = TextPool::null;

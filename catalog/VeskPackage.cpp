@@ -12,16 +12,20 @@ std::atomic<quint64> edits = 0;
 
 } // namespace
 
-VeskPackage::VeskPackage(std::shared_ptr<const TextPool> pool, const TextHandles& texts, VeskRepositoryPtr repository)
-    : m_pool(std::move(pool))
-    , m_repository(std::move(repository))
+VeskPackage::VeskPackage(std::shared_ptr<const PackageOrigin> origin, const TextHandles& texts)
+    : m_origin(std::move(origin))
     , m_texts(texts)
 {
 }
 
+void VeskPackage::setRepository(const VeskRepositoryPtr& repository)
+{
+    moveToOwnOrigin()->repository = repository;
+}
+
 std::string_view VeskPackage::utf8(Text which) const
 {
-    return m_pool ? m_pool->text(m_texts[static_cast<std::size_t>(which)]) : std::string_view();
+    return m_origin ? m_origin->texts.text(m_texts[static_cast<std::size_t>(which)]) : std::string_view();
 }
 
 quint64 VeskPackage::editCount()
@@ -34,17 +38,25 @@ QString VeskPackage::text(Text which) const
     return textOf(utf8(which));
 }
 
-// The shared pool is never changed: a record that is edited moves to a pool of its own.
 void VeskPackage::setText(Text which, const QString& value)
 {
-    const QByteArray utf8Value = value.toUtf8();
-    auto pool = std::make_shared<TextPool>();
+    const auto origin = moveToOwnOrigin();
+    const QByteArray bytes = value.toUtf8();
+    m_texts[static_cast<std::size_t>(which)] = value.isNull()
+        ? TextPool::null
+        : origin->texts.add({ bytes.constData(), static_cast<std::size_t>(bytes.size()) });
+    edits.fetch_add(1, std::memory_order_relaxed);
+}
+
+// An origin that others may share is never changed: a record that is edited moves to one of its own.
+std::shared_ptr<PackageOrigin> VeskPackage::moveToOwnOrigin()
+{
+    auto origin = std::make_shared<PackageOrigin>();
+    origin->repository = repository();
     TextHandles texts{};
     for (std::size_t index = 0; index < textCount; ++index)
-        texts[index] = pool->add(utf8(static_cast<Text>(index)));
-    const std::string_view bytes(utf8Value.constData(), static_cast<std::size_t>(utf8Value.size()));
-    texts[static_cast<std::size_t>(which)] = value.isNull() ? TextPool::null : pool->add(bytes);
-    m_pool = std::move(pool);
+        texts[index] = origin->texts.add(utf8(static_cast<Text>(index)));
+    m_origin = origin;
     m_texts = texts;
-    edits.fetch_add(1, std::memory_order_relaxed);
+    return origin;
 }

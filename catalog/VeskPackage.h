@@ -1,7 +1,6 @@
 #pragma once
 
-#include "TextPool.h"
-#include "VeskRepository.h"
+#include "PackageOrigin.h"
 
 #include <QString>
 
@@ -35,8 +34,8 @@ public:
     using TextHandles = std::array<TextPool::Handle, textCount>;
 
     VeskPackage() = default;
-    // A record whose texts already stand in the given pool.
-    VeskPackage(std::shared_ptr<const TextPool> pool, const TextHandles& texts, VeskRepositoryPtr repository);
+    // A record whose texts already stand in the pool of the given origin.
+    VeskPackage(std::shared_ptr<const PackageOrigin> origin, const TextHandles& texts);
 
     QString packageID() const { return text(Text::PackageID); }
     QString name() const { return text(Text::Name); }
@@ -45,7 +44,7 @@ public:
     QString author() const { return text(Text::Author); }
     QString maintainer() const { return text(Text::Maintainer); }
     QString section() const { return text(Text::Section); }
-    const VeskRepositoryPtr& repository() const { return m_repository; }
+    VeskRepositoryPtr repository() const { return m_origin ? m_origin->repository : nullptr; }
     QString iconURLString() const { return text(Text::IconURLString); }
     QString depictionURLString() const { return text(Text::DepictionURLString); }
     QString homepageURLString() const { return text(Text::HomepageURLString); }
@@ -59,7 +58,7 @@ public:
     void setAuthor(const QString& author) { setText(Text::Author, author); }
     void setMaintainer(const QString& maintainer) { setText(Text::Maintainer, maintainer); }
     void setSection(const QString& section) { setText(Text::Section, section); }
-    void setRepository(const VeskRepositoryPtr& repository) { m_repository = repository; }
+    void setRepository(const VeskRepositoryPtr& repository);
     void setIconURLString(const QString& urlString) { setText(Text::IconURLString, urlString); }
     void setDepictionURLString(const QString& urlString) { setText(Text::DepictionURLString, urlString); }
     void setHomepageURLString(const QString& urlString) { setText(Text::HomepageURLString, urlString); }
@@ -82,9 +81,9 @@ public:
 private:
     QString text(Text which) const;
     void setText(Text which, const QString& value);
+    std::shared_ptr<PackageOrigin> moveToOwnOrigin();
 
-    std::shared_ptr<const TextPool> m_pool;
-    VeskRepositoryPtr m_repository;
+    std::shared_ptr<const PackageOrigin> m_origin;
     TextHandles m_texts{};
     quint32 m_nameRank = 0;
 };

@@ -120,14 +120,19 @@ TEST(VeskPackage, isNoOtherRecordForHavingTheSameIdentifier)
     EXPECT_NE(one, other);
 }
 
-TEST(VeskPackage, leavesTheTextsOfItsNeighboursAloneWhenItIsChanged)
+TEST(VeskPackage, leavesItsNeighboursAloneWhenItIsChanged)
 {
-    const auto pool = std::make_shared<TextPool>();
+    const auto origin = std::make_shared<PackageOrigin>();
+    origin->repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
     VeskPackage::TextHandles texts{};
-    texts[0] = pool->add("shared");
-    VeskPackage one(pool, texts, nullptr);
-    const VeskPackage other(pool, texts, nullptr);
+    texts[0] = origin->texts.add("shared");
+    VeskPackage one(origin, texts);
+    const VeskPackage other(origin, texts);
+    one.setRepository(nullptr);
+    EXPECT_EQ(one.packageID(), u"shared"_s);
     one.setPackageID(u"changed"_s);
     EXPECT_EQ(one.packageID(), u"changed"_s);
+    EXPECT_EQ(one.repository(), nullptr);
     EXPECT_EQ(other.packageID(), u"shared"_s);
+    EXPECT_EQ(other.repository(), origin->repository);
 }
