@@ -69,7 +69,7 @@ QString WritingDirection::shown(const QString& text)
 {
     if (isPlain(text))
         return text;
-    const QString harmless = withoutForce(text);
+    QString harmless = withoutForce(text);
     if (!harmless.contains(Bullet))
         return harmless;
     QStringList parts = harmless.split(Bullet);
