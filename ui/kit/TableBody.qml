@@ -102,11 +102,11 @@ FocusScope {
             }
         }
     }
-    // Before any row has the focus, the whole table has it.
+    // Before any row or control of a row has the focus, the whole table has it.
     FocusRing {
         control: root
         anchors.margins: 2
-        visible: root.activeFocus && KeyboardFocus.shown && root.view.focusedRow < 0
+        visible: root.Window.activeFocusItem === root && KeyboardFocus.shown && root.view.focusedRow < 0
     }
     ScrollIndicator {
         id: indicator
