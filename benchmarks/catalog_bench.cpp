@@ -1,7 +1,12 @@
 // Measures the catalog on a generated index of 60,000 packages and prints one figure a line: name, value, unit.
 // Times are medians of several rounds. What is set in relation is measured in turn within each round, and the ratio is
 // the median of the rounds' own: it holds on a machine that is busy with other things too, as long as it is not so busy
-// that the threads of one reading have to take turns.
+// that the threads of one reading have to take turns. What threads work is told as processor time too, which holds even
+// then.
+//
+// Measured by ./bench on two busy cores: a reading of the gzip index works 1.12 times as long as inflating it on the
+// thread that is waited for and 1.75 times on all threads, a package takes 188 bytes and 352 with all that search and
+// order need, and a keystroke 0.1 to 1.7 ms.
 #include "GeneratedIndex.h"
 #include "IndexParser.h"
 #include "IndexReader.h"

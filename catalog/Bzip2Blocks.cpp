@@ -20,7 +20,7 @@ constexpr std::size_t headerSize = 4;
 constexpr unsigned largestText = 2 * 1024 * 1024;
 constexpr unsigned smallestText = 65536;
 // Bytes; far more than a block takes that holds nothing but noise.
-constexpr std::size_t largestBlock = 2 * 1024 * 1024;
+constexpr std::size_t largestBlock = std::size_t(2) * 1024 * 1024;
 
 // The bytes that can stand in a mark as the last but one that holds nothing else, however the mark is shifted.
 constexpr std::array<bool, 256> bytesInMarks = [] {

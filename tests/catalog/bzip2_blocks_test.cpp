@@ -12,7 +12,7 @@ struct Apart
 {
     std::vector<Bzip2Blocks::Block> blocks;
     std::vector<QByteArray> texts;
-    bool isComplete;
+    bool isComplete = false;
 };
 
 Apart takenApart(const QByteArray& body)
@@ -121,6 +121,6 @@ TEST(Bzip2Blocks, areLeftWhenTheirTextIsUnusuallyLongOrShort)
 TEST(Bzip2Blocks, areNoLongerThanBlocksCanBe)
 {
     const QByteArray packed = packedInSmallBlocks(noise(1000));
-    const Apart apart = takenApart(packed.left(500) + QByteArray(3 * 1024 * 1024, 'x') + packed);
+    const Apart apart = takenApart(packed.left(500) + QByteArray(qsizetype(3) * 1024 * 1024, 'x') + packed);
     EXPECT_TRUE(apart.blocks.empty());
 }
