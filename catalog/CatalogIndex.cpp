@@ -3,6 +3,7 @@
 #include "TextDecoding.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace {
 
@@ -31,6 +32,26 @@ void mergeRuns(std::vector<NamedPlace>& named, std::vector<std::ptrdiff_t> ends)
         }
         ends = std::move(merged);
     }
+}
+
+std::vector<SectionCount> sectionsOf(const PackageList& packages, const NameOrder& order)
+{
+    std::unordered_map<std::string_view, quint64> counts;
+    for (const VeskPackagePtr& package : packages)
+        ++counts[package->utf8(VeskPackage::Text::Section)];
+    std::vector<std::pair<std::string, SectionCount>> keyed;
+    keyed.reserve(counts.size());
+    for (const auto& [section, count] : counts)
+        keyed.emplace_back(order.keyOf(section), SectionCount{ textOf(section), count });
+    // Names that compare equal come in the order of their letters, so that the order is the same each time it is asked.
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first < b.first : a.second.name < b.second.name;
+    });
+    std::vector<SectionCount> sections;
+    sections.reserve(keyed.size());
+    for (auto& [key, section] : keyed)
+        sections.push_back(std::move(section));
+    return sections;
 }
 
 } // namespace
@@ -115,6 +136,14 @@ const PackageVector& CatalogIndex::packagesByName()
     return m_sorted;
 }
 
+const std::vector<SectionCount>& CatalogIndex::sections()
+{
+    bringUpToDate();
+    if (!m_sections)
+        m_sections = sectionsOf(m_packages, *m_order);
+    return *m_sections;
+}
+
 void CatalogIndex::sortByName(PackageVector& packages)
 {
     packagesByName();
@@ -165,6 +194,7 @@ void CatalogIndex::forgetResults()
     m_found.clear();
     m_hasSorted = false;
     m_sorted.clear();
+    m_sections.reset();
 }
 
 // A rank is a hint left by some order of some time; it counts when this order has the record at that rank.

@@ -4,10 +4,18 @@
 #include "ParsedIndex.h"
 
 #include <memory>
+#include <optional>
+
+// A section and how many of the catalog's packages are of it.
+struct SectionCount
+{
+    QString name;
+    quint64 count = 0;
+};
 
 // What is worked out from the live list of packages, and kept for as long as the list and its records do not change:
-// which identifiers are there, the last search, and the order by name. A list changed by other hands is looked through
-// anew when it is next asked about. Used on the main thread.
+// which identifiers are there, the last search, the order by name, and the sections. A list changed by other hands is
+// looked through anew when it is next asked about. Used on the main thread.
 class CatalogIndex
 {
 public:
@@ -19,9 +27,11 @@ public:
     // Appends the packages whose identifiers are new to the list, in their order.
     void merge(ParsedIndex index);
 
-    // Both are good until the next call or the next change of the list.
+    // These are good until the next call or the next change of the list.
     const PackageVector& packagesMatching(const QString& query);
     const PackageVector& packagesByName();
+    // By name.
+    const std::vector<SectionCount>& sections();
     // Packages of equal names stand in catalog order, or, when any is not of the catalog, as they stood.
     void sortByName(PackageVector& packages);
 
@@ -54,4 +64,5 @@ private:
     PackageVector m_found;
     bool m_hasSorted = false;
     PackageVector m_sorted;
+    std::optional<std::vector<SectionCount>> m_sections;
 };

@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace {
 
@@ -221,23 +220,11 @@ PackageVector RepoManager::packagesForCategory(const QString& name) const
     return found;
 }
 
-std::vector<VeskCategoryPtr> RepoManager::categories() const
+std::vector<VeskCategoryPtr> RepoManager::categories()
 {
-    std::unordered_map<std::string_view, quint64> counts;
-    for (const VeskPackagePtr& package : m_packages)
-        ++counts[package->utf8(VeskPackage::Text::Section)];
-    std::vector<std::pair<std::string, VeskCategoryPtr>> keyed;
-    keyed.reserve(counts.size());
-    for (const auto& [section, count] : counts)
-        keyed.emplace_back(m_nameOrder->keyOf(section), VeskCategory::categoryWithName(textOf(section), count));
-    // Names that compare equal come in the order of their letters, so that the order is the same each time it is asked.
-    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
-        return a.first != b.first ? a.first < b.first : a.second->name() < b.second->name();
-    });
     std::vector<VeskCategoryPtr> categories;
-    categories.reserve(keyed.size());
-    for (auto& [key, category] : keyed)
-        categories.push_back(std::move(category));
+    for (const SectionCount& section : m_index.sections())
+        categories.push_back(VeskCategory::categoryWithName(section.name, section.count));
     return categories;
 }
 

@@ -69,7 +69,8 @@ public:
     // or change of the catalog.
     const PackageVector& filteredPackagesWithQuery(const QString& query);
     PackageVector packagesForCategory(const QString& name) const;
-    std::vector<VeskCategoryPtr> categories() const;
+    // New records each time, by name.
+    std::vector<VeskCategoryPtr> categories();
     // All packages by name, in the order of the user's language, case ignored, equal names in catalog order. Worked out
     // once per state of the catalog. The reference is good until the next change of the catalog.
     const PackageVector& packagesSortedByName();

@@ -198,6 +198,16 @@ TEST_F(CatalogQueries, giveNoCategoryForAnEmptyCatalog)
     EXPECT_TRUE(manager().categories().empty());
 }
 
+TEST_F(CatalogQueries, countTheCategoriesAnewWhenTheCatalogOrARecordHasChanged)
+{
+    add(u"a"_s, u"A"_s, QString(), QString(), u"Tools"_s);
+    EXPECT_EQ(categoryLines(), QStringList({ u"Tools 1"_s }));
+    add(u"b"_s, u"B"_s, QString(), QString(), u"Tools"_s);
+    EXPECT_EQ(categoryLines(), QStringList({ u"Tools 2"_s }));
+    manager().packages()[0]->setSection(u"Games"_s);
+    EXPECT_EQ(categoryLines(), QStringList({ u"Games 1"_s, u"Tools 1"_s }));
+}
+
 TEST_F(CatalogQueries, makeNewCategoryRecordsEachTime)
 {
     add(u"a"_s, u"A"_s, QString(), QString());
