@@ -46,8 +46,9 @@ void Window::setRootViewController(ViewController* controller)
 
 void Window::makeKeyAndVisible(const QString& title)
 {
-    const QSizeF available = QGuiApplication::primaryScreen()->availableGeometry().size();
-    const QSizeF size = isPhone(available) ? available : DesktopSize.boundedTo(available);
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    const bool fillsScreen = isPhone(screen.size());
+    const QSizeF size = fillsScreen ? QSizeF(screen.size()) : DesktopSize.boundedTo(screen.availableSize());
     resize(size.width(), size.height());
 
     QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));
@@ -58,7 +59,7 @@ void Window::makeKeyAndVisible(const QString& title)
             { QStringLiteral("width"), size.width() }, { QStringLiteral("height"), size.height() } });
     m_quickWindow = qobject_cast<QQuickWindow*>(object);
     m_rootViewController->beginAppearance();
-    if (isPhone(available))
+    if (fillsScreen)
         m_quickWindow->showFullScreen();
     else
         m_quickWindow->show();
