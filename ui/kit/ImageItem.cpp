@@ -2,24 +2,6 @@
 
 #include "ImageComposer.h"
 
-#include <QQuickWindow>
-#include <QSGImageNode>
-
-#include <cmath>
-
-namespace {
-
-// In device pixels. What is larger is stretched to its size, so that a very long row does not take all memory.
-constexpr int LargestSide = 8192;
-
-} // namespace
-
-ImageItem::ImageItem(QQuickItem* parent)
-    : QQuickItem(parent)
-{
-    setFlag(ItemHasContents);
-}
-
 void ImageItem::setImage(const Image& image)
 {
     if (m_image == image)
@@ -58,38 +40,11 @@ void ImageItem::changed()
     update();
 }
 
-void ImageItem::geometryChange(const QRectF& now, const QRectF& before)
+QImage ImageItem::painted(const QSize& pixelSize, double scale) const
 {
-    QQuickItem::geometryChange(now, before);
-    if (now.size() != before.size())
-        update();
-}
-
-void ImageItem::itemChange(ItemChange change, const ItemChangeData& data)
-{
-    if (change == ItemDevicePixelRatioHasChanged)
-        update();
-    QQuickItem::itemChange(change, data);
-}
-
-QSGNode* ImageItem::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*data*/)
-{
-    auto* node = static_cast<QSGImageNode*>(oldNode);
-    const double scale = window()->effectiveDevicePixelRatio();
-    const QSize pixelSize = (size() * scale).toSize().boundedTo({ LargestSide, LargestSide });
-    if (m_image.isNull() || pixelSize.isEmpty()) {
-        delete node;
-        return nullptr;
-    }
-    if (!node) {
-        node = window()->createImageNode();
-        node->setOwnsTexture(true);
-    }
+    if (m_image.isNull())
+        return {};
     const bool isTemplate = m_image.renderingMode() == Image::RenderingMode::Template;
-    const QImage picture = ImageComposer::composed(
+    return ImageComposer::composed(
         { m_image, pixelSize, scale, static_cast<ImageLook::Mode>(m_mode), isTemplate ? m_tint : QColor(), m_radius });
-    node->setTexture(window()->createTextureFromImage(picture));
-    node->setRect(boundingRect());
-    node->setFiltering(QSGTexture::Linear);
-    return node;
 }

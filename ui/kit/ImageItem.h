@@ -1,14 +1,13 @@
 #pragma once
 
 #include "Image.h"
+#include "PixelItem.h"
 
 #include <QColor>
-#include <QQuickItem>
 
-// Draws an Image: stretched, tiled or fitted, tinted and with round corners. The picture is composed once for its exact
-// size in device pixels and shared by all items that show the same one, so a frame costs a copy of pixels and nothing
-// else.
-class ImageItem : public QQuickItem
+// Draws an Image: stretched, tiled or fitted, tinted and with round corners. All items that show the same one share its
+// pixels.
+class ImageItem : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -23,7 +22,7 @@ public:
     enum Mode { ScaleToFill, AspectFit, Tile };
     Q_ENUM(Mode)
 
-    explicit ImageItem(QQuickItem* parent = nullptr);
+    using PixelItem::PixelItem;
 
     const Image& image() const { return m_image; }
     void setImage(const Image& image);
@@ -39,9 +38,7 @@ Q_SIGNALS:
     void imageChanged();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
-    void geometryChange(const QRectF& now, const QRectF& before) override;
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    QImage painted(const QSize& pixelSize, double scale) const override;
 
 private:
     void changed();

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "PixelItem.h"
+
 #include <QColor>
-#include <QQuickItem>
 
 // A box with round corners, an edge and a fill that fades from top to bottom. The renderers of Qt draw such a rectangle
-// with steps in its curves, and with corners beside its sides where a point is no whole number of pixels; this one is
-// painted for its exact size in device pixels.
-class RoundedBox : public QQuickItem
+// with steps in its curves, and with corners beside its sides where a point is no whole number of pixels.
+class RoundedBox : public PixelItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -23,13 +23,9 @@ Q_SIGNALS:
     void changed();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
-    void geometryChange(const QRectF& now, const QRectF& before) override;
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    QImage painted(const QSize& pixelSize, double scale) const override;
 
 private:
-    QImage painted(const QSize& pixelSize, double scale) const;
-
     QColor m_upper;
     QColor m_lower;
     QColor m_edge;
