@@ -1,6 +1,6 @@
-#include "ArchiveReception.h"
+#include "actions/ArchiveReception.h"
 
-#include "WebRequest.h"
+#include "catalog/index/WebRequest.h"
 
 #include <utility>
 

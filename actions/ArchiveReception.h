@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DownloadLimits.h"
-#include "PrivateDirectory.h"
+#include "actions/PrivateDirectory.h"
+#include "catalog/index/DownloadLimits.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

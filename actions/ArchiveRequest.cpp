@@ -1,7 +1,7 @@
-#include "ArchiveRequest.h"
+#include "actions/ArchiveRequest.h"
 
-#include "ArchiveReception.h"
-#include "WebRequest.h"
+#include "actions/ArchiveReception.h"
+#include "catalog/index/WebRequest.h"
 
 #include <QEventLoop>
 #include <QNetworkReply>

@@ -1,4 +1,4 @@
-#include "ChildProcess.h"
+#include "actions/ChildProcess.h"
 
 #include <QByteArray>
 #include <QFile>

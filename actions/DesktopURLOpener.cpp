@@ -1,7 +1,7 @@
 // GIO before Qt: its headers use names that Qt may define away.
 #include <gio/gio.h>
 
-#include "DesktopURLOpener.h"
+#include "actions/DesktopURLOpener.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "URLOpener.h"
+#include "actions/URLOpener.h"
 
 // The handlers that the desktop knows for URL schemes, asked for and started through GIO.
 class DesktopURLOpener : public URLOpener

@@ -1,6 +1,6 @@
-#include "HandOff.h"
+#include "actions/HandOff.h"
 
-#include "RepositoryURL.h"
+#include "catalog/records/RepositoryURL.h"
 
 QStringList handOffURLs(const VeskPackage& package)
 {

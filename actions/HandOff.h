@@ -1,8 +1,8 @@
 #pragma once
 
-#include "URLOpener.h"
-#include "VeskPackage.h"
-#include "VeskRepository.h"
+#include "actions/URLOpener.h"
+#include "catalog/records/VeskPackage.h"
+#include "catalog/records/VeskRepository.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
-#include "InstallerSurroundings.h"
+#include "actions/InstallerSurroundings.h"
 
-#include "DesktopURLOpener.h"
+#include "actions/DesktopURLOpener.h"
 
 #include <QDir>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DownloadLimits.h"
-#include "URLOpener.h"
+#include "actions/URLOpener.h"
+#include "catalog/index/DownloadLimits.h"
 
 #include <QString>
 

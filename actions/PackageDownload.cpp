@@ -1,9 +1,9 @@
-#include "PackageDownload.h"
+#include "actions/PackageDownload.h"
 
-#include "ArchiveRequest.h"
-#include "PrivateDirectory.h"
-#include "RepositoryURL.h"
-#include "WebRequest.h"
+#include "actions/ArchiveRequest.h"
+#include "actions/PrivateDirectory.h"
+#include "catalog/index/WebRequest.h"
+#include "catalog/records/RepositoryURL.h"
 
 #include <utility>
 

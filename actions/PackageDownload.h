@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DownloadLimits.h"
-#include "VeskPackage.h"
+#include "catalog/index/DownloadLimits.h"
+#include "catalog/records/VeskPackage.h"
 
 #include <QNetworkAccessManager>
 #include <QString>

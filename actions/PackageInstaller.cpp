@@ -1,8 +1,8 @@
-#include "PackageInstaller.h"
+#include "actions/PackageInstaller.h"
 
-#include "ChildProcess.h"
-#include "HandOff.h"
-#include "PackageDownload.h"
+#include "actions/ChildProcess.h"
+#include "actions/HandOff.h"
+#include "actions/PackageDownload.h"
 
 #include <QCoreApplication>
 

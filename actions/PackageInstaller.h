@@ -1,8 +1,8 @@
 #pragma once
 
-#include "InstallerSurroundings.h"
-#include "QueueEntry.h"
-#include "QueueWorker.h"
+#include "actions/InstallerSurroundings.h"
+#include "actions/QueueEntry.h"
+#include "actions/QueueWorker.h"
 
 #include <QObject>
 #include <QString>

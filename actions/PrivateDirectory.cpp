@@ -1,4 +1,4 @@
-#include "PrivateDirectory.h"
+#include "actions/PrivateDirectory.h"
 
 #include <QFile>
 #include <QRandomGenerator>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FileDescriptor.h"
+#include "actions/FileDescriptor.h"
 
 #include <QByteArray>
 #include <QString>

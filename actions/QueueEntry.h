@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VeskPackage.h"
+#include "catalog/records/VeskPackage.h"
 
 #include <QtGlobal>
 

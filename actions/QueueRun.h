@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QueueEntry.h"
+#include "actions/QueueEntry.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "QueueWorker.h"
+#include "actions/QueueWorker.h"
 
 #include <system_error>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QueueRun.h"
+#include "actions/QueueRun.h"
 
 #include <atomic>
 #include <thread>

@@ -1,4 +1,4 @@
-#include "GeneratedIndex.h"
+#include "benchmarks/GeneratedIndex.h"
 
 #include <array>
 #include <cstdint>

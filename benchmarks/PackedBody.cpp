@@ -1,4 +1,4 @@
-#include "PackedBody.h"
+#include "benchmarks/PackedBody.h"
 
 #include <array>
 

@@ -7,13 +7,13 @@
 // Measured by ./bench on two cores: a reading of the gzip index takes 1.15 times as long as inflating it (1.10 for the
 // work of the thread that is waited for), a refresh over loopback 1.42 times, a package 188 bytes and 352 with all that
 // search and order need, and a keystroke 0.1 to 1.3 ms.
-#include "GeneratedIndex.h"
-#include "IndexParser.h"
-#include "IndexReader.h"
-#include "LoopbackServer.h"
-#include "PackedBody.h"
-#include "RepoManager.h"
-#include "TextDecoding.h"
+#include "benchmarks/GeneratedIndex.h"
+#include "benchmarks/PackedBody.h"
+#include "catalog/RepoManager.h"
+#include "catalog/index/IndexParser.h"
+#include "catalog/index/IndexReader.h"
+#include "catalog/text/TextDecoding.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
-#include "CatalogWorld.h"
+#include "catalog/CatalogWorld.h"
 
-#include "DpkgStatus.h"
-#include "JsonSourceStore.h"
+#include "catalog/index/DpkgStatus.h"
+#include "catalog/sources/JsonSourceStore.h"
 
 #include <QLocale>
 

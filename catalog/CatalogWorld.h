@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DownloadLimits.h"
-#include "IndexLimits.h"
-#include "SourceStore.h"
+#include "catalog/index/DownloadLimits.h"
+#include "catalog/index/IndexLimits.h"
+#include "catalog/sources/SourceStore.h"
 
 #include <QNetworkAccessManager>
 #include <QStringList>

@@ -1,10 +1,10 @@
-#include "RepoManager.h"
+#include "catalog/RepoManager.h"
 
-#include "DefaultSources.h"
-#include "DpkgStatus.h"
-#include "IndexParser.h"
-#include "IndexRefresh.h"
-#include "TextDecoding.h"
+#include "catalog/index/DpkgStatus.h"
+#include "catalog/index/IndexParser.h"
+#include "catalog/index/IndexRefresh.h"
+#include "catalog/sources/DefaultSources.h"
+#include "catalog/text/TextDecoding.h"
 
 #include <QCoreApplication>
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "CatalogIndex.h"
-#include "CatalogWorld.h"
-#include "IndexReader.h"
-#include "PackageList.h"
-#include "RepositoryError.h"
-#include "VeskCategory.h"
-#include "VeskRepository.h"
+#include "catalog/CatalogWorld.h"
+#include "catalog/index/IndexReader.h"
+#include "catalog/query/CatalogIndex.h"
+#include "catalog/records/PackageList.h"
+#include "catalog/records/RepositoryError.h"
+#include "catalog/records/VeskCategory.h"
+#include "catalog/records/VeskRepository.h"
 
 #include <QObject>
 

@@ -9,9 +9,9 @@ target_compile_options(vesk_warnings INTERFACE
 target_compile_definitions(vesk_warnings INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-# vesk_library(NAME SOURCES...): a static library with the tree's warnings; its own folder is on its users' include path.
+# vesk_library(NAME SOURCES...): a static library with the tree's warnings. Includes name their folder from the root.
 function(vesk_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE vesk_warnings)
-  target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
 endfunction()

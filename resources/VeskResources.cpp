@@ -1,4 +1,4 @@
-#include "VeskResources.h"
+#include "resources/VeskResources.h"
 
 #include <QtCore/qglobal.h>
 

@@ -1,7 +1,7 @@
-#include "Chapters.h"
-#include "NavigationController.h"
-#include "RepoManager.h"
-#include "Tour.h"
+#include "catalog/RepoManager.h"
+#include "demo/tour/Chapters.h"
+#include "demo/tour/Tour.h"
+#include "ui/kit/navigation/NavigationController.h"
 
 namespace {
 

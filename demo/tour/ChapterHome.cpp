@@ -1,9 +1,9 @@
-#include "Chapters.h"
-#include "ClassicUI.h"
-#include "ImageView.h"
-#include "NavigationController.h"
-#include "RepoManager.h"
-#include "Tour.h"
+#include "catalog/RepoManager.h"
+#include "demo/tour/Chapters.h"
+#include "demo/tour/Tour.h"
+#include "ui/classic/ClassicUI.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/view/ImageView.h"
 
 #include <algorithm>
 
@@ -11,15 +11,15 @@ namespace {
 
 bool isRefreshing(Tour& tour)
 {
-    const RefreshControl* control = tour.touch().table().refreshControl();
+    const kit::RefreshControl* control = tour.touch().table().refreshControl();
     return control && control->isRefreshing();
 }
 
-Image badgeOf(Tour& tour, const QString& text)
+kit::Image badgeOf(Tour& tour, const QString& text)
 {
-    const TableViewCell* cell = tour.touch().table().cellForRow(tour.touch().rowWithText(0, text));
-    const auto* badge = cell ? qobject_cast<ImageView*>(cell->accessoryView()) : nullptr;
-    return badge ? badge->image() : Image();
+    const kit::TableViewCell* cell = tour.touch().table().cellForRow(tour.touch().rowWithText(0, text));
+    const auto* badge = cell ? qobject_cast<kit::ImageView*>(cell->accessoryView()) : nullptr;
+    return badge ? badge->image() : kit::Image();
 }
 
 void firstLaunch(Tour& tour)
@@ -39,10 +39,11 @@ void firstLaunch(Tour& tour)
         tour.expectHeader(0, QStringLiteral("HOT APPS & UTILITIES"));
         tour.expectRowCount(0, 8);
         tour.expectBarButton(QStringLiteral("Reload"), Tour::Item::Enabled);
-        tour.expect(badgeOf(tour, QStringLiteral("#Hue")) == Image::systemNamed(QStringLiteral("arrow.up.circle.fill")),
-            QStringLiteral("\"#Hue\" has the badge of an update"));
         tour.expect(
-            badgeOf(tour, QStringLiteral("+1 Bell")) == Image::systemNamed(QStringLiteral("checkmark.circle.fill")),
+            badgeOf(tour, QStringLiteral("#Hue")) == kit::Image::systemNamed(QStringLiteral("arrow.up.circle.fill")),
+            QStringLiteral("\"#Hue\" has the badge of an update"));
+        tour.expect(badgeOf(tour, QStringLiteral("+1 Bell"))
+                == kit::Image::systemNamed(QStringLiteral("checkmark.circle.fill")),
             QStringLiteral("\"+1 Bell\" has the badge of what is installed"));
         tour.expect(badgeOf(tour, QStringLiteral("(Aside)")).isNull(), QStringLiteral("\"(Aside)\" has no badge"));
         tour.note(QStringLiteral("badges of an update and of an installed package"));
@@ -102,8 +103,8 @@ void pinnedHeader(Tour& tour)
         touch.drag({ 195, 700 }, { 195, 700 - pushing - 10 });
         touch.settle();
         const double offset = touch.table().contentOffset();
-        const View* first = touch.table().headerView(0);
-        const View* second = touch.table().headerView(1);
+        const kit::View* first = touch.table().headerView(0);
+        const kit::View* second = touch.table().headerView(1);
         tour.expect(first->frame().top() <= offset && second->frame().top() > offset,
             QStringLiteral("one header at the top, the next below it"));
         tour.expect(first->frame().bottom() <= second->frame().top() + 0.5, QStringLiteral("no header over another"));

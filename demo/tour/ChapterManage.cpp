@@ -1,6 +1,6 @@
-#include "Chapters.h"
-#include "NavigationController.h"
-#include "Tour.h"
+#include "demo/tour/Chapters.h"
+#include "demo/tour/Tour.h"
+#include "ui/kit/navigation/NavigationController.h"
 
 namespace {
 

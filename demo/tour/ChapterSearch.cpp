@@ -1,12 +1,12 @@
-#include "Chapters.h"
-#include "NavigationController.h"
-#include "RepoManager.h"
-#include "SearchController.h"
-#include "Tour.h"
+#include "catalog/RepoManager.h"
+#include "demo/tour/Chapters.h"
+#include "demo/tour/Tour.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/navigation/SearchController.h"
 
 namespace {
 
-SearchBar& field(Tour& tour)
+kit::SearchBar& field(Tour& tour)
 {
     return *tour.touch().screen().navigationItem()->searchController()->searchBar();
 }

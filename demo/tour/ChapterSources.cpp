@@ -1,8 +1,8 @@
-#include "Chapters.h"
-#include "NavigationController.h"
-#include "RepoManager.h"
-#include "Switch.h"
-#include "Tour.h"
+#include "catalog/RepoManager.h"
+#include "demo/tour/Chapters.h"
+#include "demo/tour/Tour.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/view/Switch.h"
 
 #include <QUrl>
 
@@ -37,7 +37,7 @@ void expectSources(Tour& tour)
 bool isOn(Tour& tour)
 {
     const auto* cell = tour.touch().table().cellForRow({ ActiveSection, 0 });
-    const auto* control = cell ? qobject_cast<Switch*>(cell->accessoryView()) : nullptr;
+    const auto* control = cell ? qobject_cast<kit::Switch*>(cell->accessoryView()) : nullptr;
     return control && control->isOn();
 }
 
@@ -91,7 +91,7 @@ void addSource(Tour& tour)
     tour.step(QStringLiteral("add source"), [&] {
         openAlert(tour);
         tour.touch().type(address);
-        AlertController* alert = tour.touch().window().presentedAlert();
+        kit::AlertController* alert = tour.touch().window().presentedAlert();
         if (alert && tour.expect(!alert->textFields().isEmpty(), QStringLiteral("a field")))
             tour.expectText(alert->textFields().first()->text(), address, QStringLiteral("field"));
     });

@@ -1,7 +1,7 @@
-#include "Tour.h"
+#include "demo/tour/Tour.h"
 
-#include "Label.h"
-#include "NavigationController.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/view/Label.h"
 
 #include <QTextStream>
 
@@ -83,7 +83,7 @@ void Tour::expectHeader(int section, const QString& text)
     expectText(m_touch.headerText(section), text, QStringLiteral("header"));
 }
 
-void Tour::expectRow(const IndexPath& row, const QString& text, const QString& detail)
+void Tour::expectRow(const kit::IndexPath& row, const QString& text, const QString& detail)
 {
     expectText(m_touch.rowText(row), text, QStringLiteral("row"));
     if (!detail.isNull())
@@ -123,7 +123,7 @@ void Tour::expectAlert(const QString& title, const QString& message, const QStri
     if (!await([this] { return m_touch.window().presentedAlert(); }, QStringLiteral("an alert")))
         return;
     m_touch.settle();
-    const AlertController* alert = m_touch.window().presentedAlert();
+    const kit::AlertController* alert = m_touch.window().presentedAlert();
     expectText(alert->title(), title, QStringLiteral("alert"));
     expectText(alert->message(), message, QStringLiteral("its message"));
     for (const QString& button : buttons)
@@ -161,7 +161,7 @@ void Tour::tapAlertButton(const QString& title)
     expectNoAlert();
 }
 
-void Tour::tapRow(const IndexPath& row)
+void Tour::tapRow(const kit::IndexPath& row)
 {
     expect(m_touch.tapRow(row), QStringLiteral("a row %1 of section %2 to tap").arg(row.row).arg(row.section));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TouchDriver.h"
+#include "tests/support/ui/TouchDriver.h"
 
 #include <QDir>
 #include <QFile>
@@ -26,7 +26,7 @@ public:
     bool expectText(const QString& seen, const QString& wanted, const QString& where);
     void expectTitle(const QString& title);
     void expectHeader(int section, const QString& text);
-    void expectRow(const IndexPath& row, const QString& text, const QString& detail = {});
+    void expectRow(const kit::IndexPath& row, const QString& text, const QString& detail = {});
     void expectRowCount(int section, int count);
     // The table's only row, which does nothing.
     void expectOnlyRow(const QString& text);
@@ -41,7 +41,7 @@ public:
     void tapTab(const QString& title);
     void tapBarButton(const QString& title);
     void tapAlertButton(const QString& title);
-    void tapRow(const IndexPath& row);
+    void tapRow(const kit::IndexPath& row);
     // Scrolls until the row with that text shows, then taps it and waits for its screen.
     void openRow(int section, const QString& text, const QString& titleOfScreen);
     void goBackTo(const QString& title);

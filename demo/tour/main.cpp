@@ -1,11 +1,11 @@
 // Drives the program's own window, headless, by touches through its main job.
 //
 // usage: vesk-tour DIRECTORY    (in the sandbox: its sources must all be on 127.0.0.1)
-#include "AppDelegate.h"
-#include "Chapters.h"
-#include "JsonSourceStore.h"
-#include "Tour.h"
-#include "VeskResources.h"
+#include "catalog/sources/JsonSourceStore.h"
+#include "demo/tour/Chapters.h"
+#include "demo/tour/Tour.h"
+#include "resources/VeskResources.h"
+#include "ui/screens/shell/AppDelegate.h"
 
 #include <QFile>
 #include <QGuiApplication>

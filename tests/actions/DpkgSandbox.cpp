@@ -1,4 +1,4 @@
-#include "DpkgSandbox.h"
+#include "tests/actions/DpkgSandbox.h"
 
 #include <QDir>
 #include <QFile>

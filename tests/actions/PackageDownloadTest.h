@@ -1,7 +1,7 @@
 #pragma once
 
-#include "LoopbackServer.h"
-#include "PackageDownload.h"
+#include "actions/PackageDownload.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "LoopbackServer.h"
-#include "PackageInstaller.h"
+#include "actions/PackageInstaller.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QFile>
 #include <QTemporaryDir>

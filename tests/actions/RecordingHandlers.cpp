@@ -1,4 +1,4 @@
-#include "RecordingHandlers.h"
+#include "tests/actions/RecordingHandlers.h"
 
 #include <QDir>
 #include <QFile>

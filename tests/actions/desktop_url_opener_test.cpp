@@ -1,5 +1,5 @@
 // Each test has a desktop of its own: GIO reads it once in a process, so what opens URLs is a process of its own too.
-#include "RecordingHandlers.h"
+#include "tests/actions/RecordingHandlers.h"
 
 #include <QProcess>
 #include <QSet>

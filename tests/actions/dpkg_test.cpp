@@ -1,7 +1,7 @@
 // The queue with the real dpkg, in a sandbox with a package database of the test's own.
-#include "DpkgSandbox.h"
-#include "LoopbackServer.h"
-#include "RecordingHandlers.h"
+#include "tests/actions/DpkgSandbox.h"
+#include "tests/actions/RecordingHandlers.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "HandOff.h"
+#include "actions/HandOff.h"
 
 #include <gtest/gtest.h>
 

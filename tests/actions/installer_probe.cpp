@@ -6,8 +6,8 @@
 //                                                        this process's memory in KiB
 //   installer_probe run SOURCE [IDENTIFIER VERSION ACTION]...   runs a queue, prints a line with each entry's status
 //   installer_probe quit SOURCE IDENTIFIER VERSION       starts a run and quits as soon as its standard input ends
-#include "DesktopURLOpener.h"
-#include "PackageInstaller.h"
+#include "actions/DesktopURLOpener.h"
+#include "actions/PackageInstaller.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,5 +1,5 @@
 // What only shows in a process of its own: its memory, and its end.
-#include "LoopbackServer.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 // What a download leaves on the disk, and what it finds there.
-#include "PackageDownloadTest.h"
+#include "tests/actions/PackageDownloadTest.h"
 
 #include <csignal>
 #include <sys/resource.h>

@@ -1,7 +1,7 @@
-#include "PackageDownloadTest.h"
+#include "tests/actions/PackageDownloadTest.h"
 
-#include "ArchiveReception.h"
-#include "WebRequest.h"
+#include "actions/ArchiveReception.h"
+#include "catalog/index/WebRequest.h"
 
 #include <thread>
 

@@ -1,5 +1,5 @@
 // What the installer does at once, without its queue.
-#include "QueueExecution.h"
+#include "tests/actions/QueueExecution.h"
 
 class InstallerCommands : public QueueExecution
 {

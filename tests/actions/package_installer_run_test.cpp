@@ -1,5 +1,5 @@
 // The queue run from end to end, with a server and a dpkg of the test's own.
-#include "QueueExecution.h"
+#include "tests/actions/QueueExecution.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "PackageInstaller.h"
+#include "actions/PackageInstaller.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "PrivateDirectory.h"
+#include "actions/PrivateDirectory.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "QueueRun.h"
+#include "actions/QueueRun.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Downloads over TLS, from a server with a certificate of the test's own.
-#include "LoopbackServer.h"
-#include "PackageDownload.h"
+#include "actions/PackageDownload.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QDeadlineTimer>
 #include <QDir>

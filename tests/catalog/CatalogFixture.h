@@ -1,8 +1,8 @@
 #pragma once
 
-#include "LoopbackServer.h"
-#include "MemorySourceStore.h"
-#include "RepoManager.h"
+#include "catalog/RepoManager.h"
+#include "tests/catalog/sources/MemorySourceStore.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QTemporaryDir>
 #include <QTest>

@@ -1,7 +1,7 @@
 // A program on the user's own sources, for tests of what happens when a process ends: refreshes all of them, prints
 // "finished" when that is done, quits as soon as its standard input ends, and prints the name of a thread that
 // outlives the application.
-#include "RepoManager.h"
+#include "catalog/RepoManager.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

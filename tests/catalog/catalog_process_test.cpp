@@ -1,6 +1,6 @@
 // The end of a process while a refresh is under way.
-#include "JsonSourceStore.h"
-#include "LoopbackServer.h"
+#include "catalog/sources/JsonSourceStore.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QElapsedTimer>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "CatalogFixture.h"
+#include "tests/catalog/CatalogFixture.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 // From the first refresh to an installed package, without the window: the user's own source list, a source served over
 // HTTP, the real dpkg and its database. Runs in a sandbox of its own.
-#include "PackageInstaller.h"
-#include "RepoManager.h"
+#include "actions/PackageInstaller.h"
+#include "catalog/RepoManager.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // Any edits of a body of one block and of a body of many: what comes of blocks that are decompressed one by one must be
 // what the library makes of the whole.
-#include "Bzip2Blocks.h"
-#include "GatheringTarget.h"
-#include "PackedStream.h"
-#include "TextDecoding.h"
+#include "catalog/decode/Bzip2Blocks.h"
+#include "catalog/text/TextDecoding.h"
+#include "tests/catalog/decode/GatheringTarget.h"
+#include "tests/catalog/decode/PackedStream.h"
 
 #include <cstdlib>
 

@@ -1,6 +1,6 @@
 // Any bytes, as a body of each kind and as the status file: nothing may crash, and what comes out must hang together.
-#include "DpkgStatus.h"
-#include "IndexReader.h"
+#include "catalog/index/DpkgStatus.h"
+#include "catalog/index/IndexReader.h"
 
 #include <cstdlib>
 

@@ -1,6 +1,6 @@
 // Any text as a URL: it is refused or kept to the letter, and its host is part of it.
-#include "RepositoryURL.h"
-#include "VeskRepository.h"
+#include "catalog/records/RepositoryURL.h"
+#include "catalog/records/VeskRepository.h"
 
 #include <cstdlib>
 

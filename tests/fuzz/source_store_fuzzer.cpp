@@ -1,5 +1,5 @@
 // Any bytes as the stored file: it is read without a crash, and after a write nothing of it is lost.
-#include "JsonSourceStore.h"
+#include "catalog/sources/JsonSourceStore.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,10 +1,10 @@
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
-#include "ClassicPackageCell.h"
-#include "GalleryCatalog.h"
-#include "IconDrawing.h"
-#include "Label.h"
-#include "PackageDetailViewController.h"
+#include "tests/gallery/GalleryCatalog.h"
+#include "tests/gallery/IconDrawing.h"
+#include "ui/classic/ClassicPackageCell.h"
+#include "ui/kit/view/Label.h"
+#include "ui/screens/browse/PackageDetailViewController.h"
 
 #include <QCoreApplication>
 #include <QQuickItem>
@@ -84,14 +84,14 @@ bool Gallery::isOpen(const QSize& size) const
     return quickWindow().isExposed() && quickWindow().isActive() && (size.isEmpty() || shown == size);
 }
 
-TabBarController& Gallery::tabs() const
+kit::TabBarController& Gallery::tabs() const
 {
-    return *qobject_cast<TabBarController*>(delegate->window()->rootViewController());
+    return *qobject_cast<kit::TabBarController*>(delegate->window()->rootViewController());
 }
 
-NavigationController& Gallery::stack() const
+kit::NavigationController& Gallery::stack() const
 {
-    return *qobject_cast<NavigationController*>(tabs().selectedViewController());
+    return *qobject_cast<kit::NavigationController*>(tabs().selectedViewController());
 }
 
 void Gallery::select(Tab tab)
@@ -109,7 +109,7 @@ void Gallery::tap(int section, int row)
 void Gallery::showPackage(const VeskPackagePtr& package)
 {
     stack().pushViewController(
-        new PackageDetailViewController(package, *installer), NavigationController::Animation::None);
+        new PackageDetailViewController(package, *installer), kit::NavigationController::Animation::None);
     turnLoop();
 }
 
@@ -138,10 +138,10 @@ void Gallery::press(Qt::Key key, int times)
 void Gallery::showIcons()
 {
     const auto& packages = manager->packagesSortedByName();
-    for (const IndexPath& row : shownTable().indexPathsForVisibleRows()) {
-        TableViewCell* const cell = shownTable().cellForRow(row);
+    for (const kit::IndexPath& row : shownTable().indexPathsForVisibleRows()) {
+        kit::TableViewCell* const cell = shownTable().cellForRow(row);
         const bool isPackage = qobject_cast<ClassicPackageCell*>(cell)
-            || (row == IndexPath{ 0, 0 } && dynamic_cast<PackageDetailViewController*>(&screen()));
+            || (row == kit::IndexPath{ 0, 0 } && dynamic_cast<PackageDetailViewController*>(&screen()));
         const auto found = std::find_if(packages.begin(), packages.end(),
             [&](const VeskPackagePtr& package) { return package->name() == cell->textLabel()->text(); });
         constexpr int EveryOneWithoutIcon = 6;

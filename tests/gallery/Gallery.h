@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AppDelegate.h"
-#include "GoldenPictures.h"
-#include "ScreenWorld.h"
-#include "TabBarController.h"
+#include "tests/gallery/GoldenPictures.h"
+#include "tests/ui/screens/ScreenWorld.h"
+#include "ui/kit/navigation/TabBarController.h"
+#include "ui/screens/shell/AppDelegate.h"
 
 #include <QQuickWindow>
 #include <QSize>
@@ -38,12 +38,12 @@ protected:
     // On the tab, in a window of the size; an empty one is what the device gives.
     void open(Tab tab = Tab::Home, const QSize& size = {});
     void open(const QSize& size) { open(Tab::Home, size); }
-    TabBarController& tabs() const;
-    NavigationController& stack() const;
-    ViewController& screen() const { return *stack().topViewController(); }
-    TableView& shownTable() const { return *static_cast<TableView*>(screen().view()); }
+    kit::TabBarController& tabs() const;
+    kit::NavigationController& stack() const;
+    kit::ViewController& screen() const { return *stack().topViewController(); }
+    kit::TableView& shownTable() const { return *static_cast<kit::TableView*>(screen().view()); }
     QQuickWindow& quickWindow() const { return *delegate->window()->quickWindow(); }
-    AlertController& alert() const { return *delegate->window()->presentedAlert(); }
+    kit::AlertController& alert() const { return *delegate->window()->presentedAlert(); }
     void select(Tab tab);
     void tap(int section, int row);
     void showPackage(const VeskPackagePtr& package);

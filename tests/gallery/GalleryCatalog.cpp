@@ -1,4 +1,4 @@
-#include "GalleryCatalog.h"
+#include "tests/gallery/GalleryCatalog.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
-#include "GoldenPictures.h"
+#include "tests/gallery/GoldenPictures.h"
 
-#include "SmallPng.h"
+#include "tests/gallery/SmallPng.h"
 
 #include <QTextStream>
 

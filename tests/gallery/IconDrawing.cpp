@@ -1,4 +1,4 @@
-#include "IconDrawing.h"
+#include "tests/gallery/IconDrawing.h"
 
 #include <QBuffer>
 #include <QColor>
@@ -47,7 +47,7 @@ void fillTile(QPainter& painter, int number)
 
 } // namespace
 
-Image drawnIcon(int number)
+kit::Image drawnIcon(int number)
 {
     QImage picture(Side, Side, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
@@ -59,5 +59,5 @@ Image drawnIcon(int number)
     QByteArray file;
     QBuffer buffer(&file);
     picture.save(&buffer, "PNG");
-    return Image::fromData(file, 3);
+    return kit::Image::fromData(file, 3);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Image.h"
+#include "ui/kit/paint/Image.h"
 
 // The icon of the package with that number: a glossy tile with a simple white figure, drawn here.
-Image drawnIcon(int number);
+kit::Image drawnIcon(int number);

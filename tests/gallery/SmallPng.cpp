@@ -1,4 +1,4 @@
-#include "SmallPng.h"
+#include "tests/gallery/SmallPng.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -1,5 +1,5 @@
 // Every alert, and the sheet.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
 TEST_F(AtScale1, aboutAlert)
 {

@@ -1,5 +1,5 @@
 // Where the keyboard's focus is.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
 TEST_F(AtScale1, focusOnARow)
 {

@@ -2,11 +2,11 @@
 //
 // usage: vesk-gallery SUITE [--renew] [--gtest_filter=...]
 //        --renew writes the golden pictures instead, and prints which changed
-#include "Animations.h"
-#include "Gallery.h"
-#include "GoldenPictures.h"
-#include "TextScale.h"
-#include "VeskResources.h"
+#include "resources/VeskResources.h"
+#include "tests/gallery/Gallery.h"
+#include "tests/gallery/GoldenPictures.h"
+#include "ui/kit/paint/Animations.h"
+#include "ui/kit/paint/TextScale.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -126,8 +126,8 @@ int main(int argc, char** argv)
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
     QGuiApplication::styleHints()->setCursorFlashTime(0);
-    Animations::setEnabled(false);
-    TextScale::set(device->textScale);
+    kit::Animations::setEnabled(false);
+    kit::TextScale::set(device->textScale);
     initialiseResources();
 
     GoldenPictures pictures(

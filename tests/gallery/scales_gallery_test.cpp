@@ -1,5 +1,5 @@
 // The same screens on screens of other densities: lines one pixel fine, nothing blurred.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
 namespace {
 

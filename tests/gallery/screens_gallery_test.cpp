@@ -1,7 +1,7 @@
 // Every screen with a catalog, and where it scrolls to.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
-#include "SearchController.h"
+#include "ui/kit/navigation/SearchController.h"
 
 TEST_F(AtScale1, home)
 {

@@ -1,13 +1,13 @@
 // Empty states, and what a finger or a text leaves on the screen.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
-#include "SearchController.h"
+#include "ui/kit/navigation/SearchController.h"
 
 namespace {
 
-SearchBar& searchBarOf(const ViewController& screen)
+kit::SearchBar& searchBarOf(const kit::ViewController& screen)
 {
-    return *const_cast<ViewController&>(screen).navigationItem()->searchController()->searchBar();
+    return *const_cast<kit::ViewController&>(screen).navigationItem()->searchController()->searchBar();
 }
 
 } // namespace

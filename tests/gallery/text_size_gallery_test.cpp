@@ -1,8 +1,8 @@
 // Every kind of screen for a person who wants texts twice as large: nothing overlaps, nothing leaves its row, and what
 // was not cut short before is not cut short now.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
-#include "SearchController.h"
+#include "ui/kit/navigation/SearchController.h"
 
 TEST_F(WithLargeTexts, home)
 {
@@ -71,7 +71,7 @@ TEST_F(WithLargeTexts, searchInUse)
 {
     fillCatalog();
     open(Tab::Search, Low);
-    SearchBar& bar = *screen().navigationItem()->searchController()->searchBar();
+    kit::SearchBar& bar = *screen().navigationItem()->searchController()->searchBar();
     bar.setActive(true);
     bar.setText(QStringLiteral("wa"));
     expectPicture(QStringLiteral("search"));

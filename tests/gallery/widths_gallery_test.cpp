@@ -1,5 +1,5 @@
 // From the narrowest phone to a wide desktop window, upright and on the side.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
 namespace {
 

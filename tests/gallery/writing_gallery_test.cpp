@@ -1,5 +1,5 @@
 // Chinese, Japanese, Korean, Arabic and Hebrew: each in its direction, none of them moving another about.
-#include "Gallery.h"
+#include "tests/gallery/Gallery.h"
 
 TEST_F(AtScale1, worldwideList)
 {

@@ -1,6 +1,6 @@
 // Every image the interface asks for by name is there, at three scales, in the size the layout counts on.
 
-#include "VeskResources.h"
+#include "resources/VeskResources.h"
 
 #include <QImage>
 #include <QSize>

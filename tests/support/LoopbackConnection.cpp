@@ -1,4 +1,4 @@
-#include "LoopbackConnection.h"
+#include "tests/support/LoopbackConnection.h"
 
 #include <algorithm>
 #include <sys/socket.h>

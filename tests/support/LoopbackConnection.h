@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LoopbackServer.h"
+#include "tests/support/LoopbackServer.h"
 
 #include <QObject>
 #include <QTcpSocket>

@@ -1,6 +1,6 @@
-#include "LoopbackServer.h"
+#include "tests/support/LoopbackServer.h"
 
-#include "LoopbackConnection.h"
+#include "tests/support/LoopbackConnection.h"
 
 #include <QFile>
 #include <QTcpServer>

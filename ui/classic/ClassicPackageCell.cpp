@@ -1,8 +1,8 @@
-#include "ClassicPackageCell.h"
+#include "ui/classic/ClassicPackageCell.h"
 
-#include "BulletText.h"
-#include "ClassicUI.h"
-#include "TextScale.h"
+#include "ui/classic/BulletText.h"
+#include "ui/classic/ClassicUI.h"
+#include "ui/kit/paint/TextScale.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,9 +23,9 @@ QString subtitleOf(const VeskPackage& package)
     return source.isEmpty() ? version : joinedWithBullet(source, version);
 }
 
-ImageView* badge(const QString& symbol, const Color& color)
+kit::ImageView* badge(const QString& symbol, const kit::Color& color)
 {
-    auto* view = new ImageView(Image::systemNamed(symbol));
+    auto* view = new kit::ImageView(kit::Image::systemNamed(symbol));
     view->setTintColor(color);
     return view;
 }
@@ -33,7 +33,7 @@ ImageView* badge(const QString& symbol, const Color& color)
 } // namespace
 
 ClassicPackageCell::ClassicPackageCell(Style, const QString& reuseIdentifier)
-    : TableViewCell(Style::Subtitle, reuseIdentifier)
+    : kit::TableViewCell(Style::Subtitle, reuseIdentifier)
 {
     imageView()->setImage(ClassicUI::assetNamed(QStringLiteral("Homepage")));
 }
@@ -48,13 +48,13 @@ void ClassicPackageCell::configureWithPackage(const VeskPackage& package, int va
     ClassicUI::loadIconForPackage(package, *imageView());
     imageView()->setCornerRadius(7);
     imageView()->setClipsToBounds(true);
-    imageView()->setContentMode(ImageView::ContentMode::AspectFit);
+    imageView()->setContentMode(kit::ImageView::ContentMode::AspectFit);
     showBadge(package);
 }
 
 void ClassicPackageCell::showBadge(const VeskPackage& package)
 {
-    ImageView* view = nullptr;
+    kit::ImageView* view = nullptr;
     if (package.hasUpdate())
         view = badge(QStringLiteral("arrow.up.circle.fill"), ClassicUI::veskOrangeColor());
     else if (package.installed())
@@ -66,7 +66,7 @@ void ClassicPackageCell::showBadge(const VeskPackage& package)
 
 void ClassicPackageCell::prepareForReuse()
 {
-    TableViewCell::prepareForReuse();
+    kit::TableViewCell::prepareForReuse();
     m_representedIconURL = QString();
     imageView()->setImage(ClassicUI::assetNamed(QStringLiteral("Homepage")));
     setAccessoryView(nullptr);
@@ -75,11 +75,11 @@ void ClassicPackageCell::prepareForReuse()
 
 void ClassicPackageCell::layoutSubviews()
 {
-    TableViewCell::layoutSubviews();
+    kit::TableViewCell::layoutSubviews();
     const double textWidth = std::max(0.0, contentView()->width() - 110);
-    const double nameHeight = std::round(22 * TextScale::value());
-    const double detailHeight = std::round(18 * TextScale::value());
-    const double rowHeight = TextScale::grown(60);
+    const double nameHeight = std::round(22 * kit::TextScale::value());
+    const double detailHeight = std::round(18 * kit::TextScale::value());
+    const double rowHeight = kit::TextScale::grown(60);
     const double top = std::floor((rowHeight - nameHeight - detailHeight) / 2) + 1;
     imageView()->setFrame({ 12, std::floor((rowHeight - 42) / 2), 42, 42 });
     textLabel()->setFrame({ 66, top, textWidth, nameHeight });

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "TableViewCell.h"
-#include "VeskPackage.h"
+#include "catalog/records/VeskPackage.h"
+#include "ui/kit/table/TableViewCell.h"
 
 // A row that shows one package: its name above its author and version, its icon, and a badge when it is installed or
 // has an update.
-class ClassicPackageCell : public TableViewCell
+class ClassicPackageCell : public kit::TableViewCell
 {
     Q_OBJECT
 

@@ -1,4 +1,4 @@
-#include "IconCache.h"
+#include "ui/classic/IconCache.h"
 
 #include <QMutexLocker>
 
@@ -9,17 +9,17 @@ IconCache::IconCache(qsizetype bytes)
 {
 }
 
-Image IconCache::image(const QString& urlString)
+kit::Image IconCache::image(const QString& urlString)
 {
     const QMutexLocker locker(&m_mutex);
-    const Image* image = m_images.object(urlString);
-    return image ? *image : Image();
+    const kit::Image* image = m_images.object(urlString);
+    return image ? *image : kit::Image();
 }
 
-void IconCache::insert(const QString& urlString, const Image& image)
+void IconCache::insert(const QString& urlString, const kit::Image& image)
 {
     constexpr double largestScale = std::numeric_limits<double>::max();
     const qsizetype cost = image.pixels(largestScale).sizeInBytes();
     const QMutexLocker locker(&m_mutex);
-    m_images.insert(urlString, new Image(image), cost);
+    m_images.insert(urlString, new kit::Image(image), cost);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Image.h"
+#include "ui/kit/paint/Image.h"
 
 #include <QCache>
 #include <QMutex>
@@ -14,10 +14,10 @@ public:
     explicit IconCache(qsizetype bytes);
 
     // None when it is not there.
-    Image image(const QString& urlString);
-    void insert(const QString& urlString, const Image& image);
+    kit::Image image(const QString& urlString);
+    void insert(const QString& urlString, const kit::Image& image);
 
 private:
     QMutex m_mutex;
-    QCache<QString, Image> m_images;
+    QCache<QString, kit::Image> m_images;
 };

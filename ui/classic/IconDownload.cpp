@@ -1,4 +1,4 @@
-#include "IconDownload.h"
+#include "ui/classic/IconDownload.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
-#include "IconLoader.h"
+#include "ui/classic/IconLoader.h"
 
-#include "IconDownload.h"
-#include "RepositoryURL.h"
+#include "catalog/records/RepositoryURL.h"
+#include "ui/classic/IconDownload.h"
 
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -33,13 +33,13 @@ IconLoader::~IconLoader()
     m_decoders.waitForDone();
 }
 
-void IconLoader::load(const QString& urlString, double scale, ImageView& imageView)
+void IconLoader::load(const QString& urlString, double scale, kit::ImageView& imageView)
 {
     imageView.setProperty(wantedIcon, urlString);
     const auto url = RepositoryURL::fromString(urlString);
     if (!url)
         return;
-    const Image cached = m_cache.image(urlString);
+    const kit::Image cached = m_cache.image(urlString);
     if (!cached.isNull())
         imageView.setImage(cached);
     else if (isWebURL(url->url()))
@@ -60,7 +60,7 @@ void IconLoader::download(const QUrl& url, const Request& request)
 void IconLoader::decode(const QByteArray& body, const Request& request)
 {
     m_decoders.start([this, body, request] {
-        const Image image = Image::fromData(body, request.scale);
+        const kit::Image image = kit::Image::fromData(body, request.scale);
         if (!image.isNull())
             m_cache.insert(request.urlString, image);
         QMetaObject::invokeMethod(
@@ -68,7 +68,7 @@ void IconLoader::decode(const QByteArray& body, const Request& request)
     });
 }
 
-void IconLoader::show(const Image& image, const Request& request)
+void IconLoader::show(const kit::Image& image, const Request& request)
 {
     const bool isWanted = request.imageView && request.imageView->property(wantedIcon) == request.urlString;
     if (!image.isNull() && isWanted)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "IconCache.h"
-#include "ImageView.h"
+#include "ui/classic/IconCache.h"
+#include "ui/kit/view/ImageView.h"
 
 #include <QNetworkAccessManager>
 #include <QObject>
@@ -35,7 +35,7 @@ public:
 
     // At once when the cache has the icon, otherwise when it has been downloaded, over http or https alone. The icon's
     // pixels are for the scale.
-    void load(const QString& urlString, double scale, ImageView& imageView);
+    void load(const QString& urlString, double scale, kit::ImageView& imageView);
 
 Q_SIGNALS:
     // A load that asked the network has ended, with an icon or without.
@@ -46,12 +46,12 @@ private:
     {
         QString urlString;
         double scale;
-        QPointer<ImageView> imageView;
+        QPointer<kit::ImageView> imageView;
     };
 
     void download(const QUrl& url, const Request& request);
     void decode(const QByteArray& body, const Request& request);
-    void show(const Image& image, const Request& request);
+    void show(const kit::Image& image, const Request& request);
 
     QNetworkAccessManager& m_manager;
     Limits m_limits;

@@ -1,4 +1,4 @@
-#include "WindowTest.h"
+#include "tests/e2e/window/WindowTest.h"
 
 WindowTest::WindowTest() = default;
 
@@ -10,7 +10,7 @@ WindowTest::~WindowTest()
 
 void WindowTest::open()
 {
-    window = std::make_unique<Window>();
+    window = std::make_unique<kit::Window>();
     window->setRootViewController(new RootViewController(*manager, *installer));
     window->makeKeyAndVisible(QStringLiteral("Vesk"));
     touch = std::make_unique<TouchDriver>(*window);

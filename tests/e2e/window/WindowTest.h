@@ -1,8 +1,8 @@
 #pragma once
 
-#include "RootViewController.h"
-#include "ScreenWorld.h"
-#include "TouchDriver.h"
+#include "tests/support/ui/TouchDriver.h"
+#include "tests/ui/screens/ScreenWorld.h"
+#include "ui/screens/shell/RootViewController.h"
 
 // The whole window on a catalog of its own, with a person at it. Nothing here reaches any network.
 class WindowTest : public ScreenTest
@@ -15,9 +15,9 @@ protected:
     void open();
     // So many packages named "Package 001" and on, spread over sections "Section 1" to "Section 3".
     void addPackages(int count);
-    TableView& table() const { return touch->table(); }
-    AlertController* alert() const { return window->presentedAlert(); }
+    kit::TableView& table() const { return touch->table(); }
+    kit::AlertController* alert() const { return window->presentedAlert(); }
 
-    std::unique_ptr<Window> window;
+    std::unique_ptr<kit::Window> window;
     std::unique_ptr<TouchDriver> touch;
 };

@@ -1,8 +1,8 @@
 // The whole window as a screen reader meets it, and by its actions alone.
-#include "NavigationController.h"
-#include "Switch.h"
-#include "TabBarController.h"
-#include "WindowTest.h"
+#include "tests/e2e/window/WindowTest.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/navigation/TabBarController.h"
+#include "ui/kit/view/Switch.h"
 
 namespace {
 

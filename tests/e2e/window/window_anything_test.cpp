@@ -1,7 +1,7 @@
 // Many quick things at once, in an order that chance decides: whatever a person does, the window goes on.
-#include "Animations.h"
-#include "SearchController.h"
-#include "WindowTest.h"
+#include "tests/e2e/window/WindowTest.h"
+#include "ui/kit/navigation/SearchController.h"
+#include "ui/kit/paint/Animations.h"
 
 #include <QPointingDevice>
 #include <QTest>
@@ -16,12 +16,12 @@ class Anything : public WindowTest, public testing::WithParamInterface<unsigned>
 protected:
     void SetUp() override
     {
-        Animations::setEnabled(true);
+        kit::Animations::setEnabled(true);
         network->serve(QStringLiteral("http://127.0.0.1/first/Packages"), indexOf(40));
         addPackages(40);
         open();
     }
-    void TearDown() override { Animations::setEnabled(false); }
+    void TearDown() override { kit::Animations::setEnabled(false); }
 
     static QByteArray indexOf(int count)
     {
@@ -137,7 +137,7 @@ TEST_P(Anything, leavesAWindowThatGoesOn)
         doAnything();
     network->release();
     touch->quickWindow().resize(390, 844);
-    while (AlertController* shown = alert())
+    while (kit::AlertController* shown = alert())
         shown->cancel();
     ASSERT_TRUE(touch->settle());
     ASSERT_TRUE(touch->tapTab(QStringLiteral("Manage")));

@@ -1,9 +1,9 @@
 // The whole window by the keyboard alone.
-#include "NavigationController.h"
-#include "SearchController.h"
-#include "Switch.h"
-#include "TabBarController.h"
-#include "WindowTest.h"
+#include "tests/e2e/window/WindowTest.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/navigation/SearchController.h"
+#include "ui/kit/navigation/TabBarController.h"
+#include "ui/kit/view/Switch.h"
 
 namespace {
 

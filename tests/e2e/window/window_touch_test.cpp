@@ -1,9 +1,9 @@
 // What a finger does to the real window, drawn by the software renderer.
-#include "Animations.h"
-#include "PackageDetailViewController.h"
-#include "PackageListViewController.h"
-#include "TabBarController.h"
-#include "WindowTest.h"
+#include "tests/e2e/window/WindowTest.h"
+#include "ui/kit/navigation/TabBarController.h"
+#include "ui/kit/paint/Animations.h"
+#include "ui/screens/browse/PackageDetailViewController.h"
+#include "ui/screens/browse/PackageListViewController.h"
 
 #include <QPointingDevice>
 #include <QTest>
@@ -15,12 +15,12 @@ const QPointF LowInTheList(195, 600);
 class Finger : public WindowTest
 {
 protected:
-    void TearDown() override { Animations::setEnabled(false); }
+    void TearDown() override { kit::Animations::setEnabled(false); }
     bool reaches(const QString& title)
     {
         return touch->waitUntil([&] { return touch->title() == title && !touch->stack().isTransitioning(); });
     }
-    bool isHighlighted(const IndexPath& row) const { return table().cellForRow(row)->isHighlighted(); }
+    bool isHighlighted(const kit::IndexPath& row) const { return table().cellForRow(row)->isHighlighted(); }
     double topOfHeader(int section) const
     {
         const QQuickItem* item = touch->itemFor(table().headerView(section));
@@ -108,7 +108,7 @@ TEST_F(Finger, leavesNoRowSelectedBehindAPushedScreen)
 
 TEST_F(Finger, fadesTheSelectionOfATappedRow)
 {
-    Animations::setEnabled(true);
+    kit::Animations::setEnabled(true);
     addPackages(3);
     open();
     ASSERT_TRUE(touch->tapTab(QStringLiteral("Manage")));
@@ -297,7 +297,7 @@ TEST_F(Finger, scrollsByTheWheelAndSelectsByTheMouse)
     touch->wheel({ 195, 400 }, 3);
     EXPECT_TRUE(touch->waitUntil([&] { return table().contentOffset() > 60; }));
     ASSERT_TRUE(touch->settle());
-    const IndexPath row = table().indexPathsForVisibleRows()[4];
+    const kit::IndexPath row = table().indexPathsForVisibleRows()[4];
     const QString name = touch->rowText(row);
     touch->click(touch->centreOfRow(row));
     EXPECT_TRUE(reaches(name));
@@ -357,7 +357,7 @@ TEST_F(Finger, opensOneScreenWhenTwoFingersTapTwoRowsAtOnce)
 
 TEST_F(Finger, opensOneScreenHoweverQuicklyARowIsTapped)
 {
-    Animations::setEnabled(true);
+    kit::Animations::setEnabled(true);
     addPackages(10);
     open();
     const QPointF row = touch->centreOfRow({ 0, 1 });
@@ -370,7 +370,7 @@ TEST_F(Finger, opensOneScreenHoweverQuicklyARowIsTapped)
 
 TEST_F(Finger, changesTheTabWhileAScreenIsStillSlidingIn)
 {
-    Animations::setEnabled(true);
+    kit::Animations::setEnabled(true);
     addPackages(10);
     open();
     ASSERT_TRUE(touch->tapRow({ 0, 1 }));

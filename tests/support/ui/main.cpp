@@ -1,6 +1,6 @@
 // The main of every test that needs the interface: the offscreen platform, the drawn images, and no animations.
-#include "Animations.h"
-#include "VeskResources.h"
+#include "resources/VeskResources.h"
+#include "ui/kit/paint/Animations.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -12,7 +12,7 @@ int main(int argc, char** argv)
     QGuiApplication application(argc, argv);
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     initialiseResources();
-    Animations::setEnabled(false);
+    kit::Animations::setEnabled(false);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

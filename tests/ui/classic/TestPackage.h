@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VeskPackage.h"
+#include "catalog/records/VeskPackage.h"
 
 // A package with every text that a row can show.
 inline VeskPackagePtr makePackage(const QString& name)

@@ -1,7 +1,7 @@
 // Everything here runs in a program of its own, which has no assets at all.
-#include "ClassicPackageCell.h"
-#include "ClassicUI.h"
-#include "TestPackage.h"
+#include "tests/ui/classic/TestPackage.h"
+#include "ui/classic/ClassicPackageCell.h"
+#include "ui/classic/ClassicUI.h"
 
 #include <QGuiApplication>
 #include <gtest/gtest.h>
@@ -10,23 +10,23 @@
 
 TEST(MissingAssets, makeThePageAFlatColor)
 {
-    const Color& color = ClassicUI::veskBackgroundColor();
+    const kit::Color& color = ClassicUI::veskBackgroundColor();
     EXPECT_TRUE(color.pattern.isNull());
     EXPECT_EQ(color, ClassicUI::colorWithRed(232, 235, 239, 1));
-    TableView table;
+    kit::TableView table;
     ClassicUI::styleTableView(table);
     EXPECT_EQ(table.backgroundColor(), color);
 }
 
 TEST(MissingAssets, leaveTheBarsTheirColors)
 {
-    NavigationController navigation(new ViewController);
+    kit::NavigationController navigation(new kit::ViewController);
     ClassicUI::styleNavigationController(navigation);
     EXPECT_TRUE(navigation.navigationBar()->standardAppearance().backgroundImage.isNull());
     EXPECT_EQ(
         navigation.navigationBar()->standardAppearance().backgroundColor, ClassicUI::colorWithRed(100, 123, 151, 1));
 
-    TabBarController tabs;
+    kit::TabBarController tabs;
     ClassicUI::styleTabBarController(tabs);
     EXPECT_TRUE(tabs.tabBar()->standardAppearance().backgroundImage.isNull());
     EXPECT_EQ(tabs.tabBar()->standardAppearance().backgroundColor, ClassicUI::colorWithRed(77, 91, 109, 1));
@@ -34,7 +34,7 @@ TEST(MissingAssets, leaveTheBarsTheirColors)
 
 TEST(MissingAssets, leaveButtonsTheirTitle)
 {
-    const std::unique_ptr<Button> button(
+    const std::unique_ptr<kit::Button> button(
         ClassicUI::classicButtonWithTitle(QStringLiteral("Install"), ClassicUI::ButtonKind::Destructive));
     EXPECT_TRUE(button->backgroundImage().isNull());
     EXPECT_EQ(button->title(), QStringLiteral("Install"));
@@ -42,9 +42,9 @@ TEST(MissingAssets, leaveButtonsTheirTitle)
 
 TEST(MissingAssets, leaveRowsWithoutBackgrounds)
 {
-    TableViewCell cell(TableViewCell::Style::Default, QStringLiteral("Cell"));
-    cell.setBackgroundView(new ImageView);
-    cell.setSelectedBackgroundView(new ImageView);
+    kit::TableViewCell cell(kit::TableViewCell::Style::Default, QStringLiteral("Cell"));
+    cell.setBackgroundView(new kit::ImageView);
+    cell.setSelectedBackgroundView(new kit::ImageView);
     ClassicUI::styleCell(cell, 0);
     EXPECT_EQ(cell.backgroundView(), nullptr);
     EXPECT_EQ(cell.selectedBackgroundView(), nullptr);
@@ -53,7 +53,7 @@ TEST(MissingAssets, leaveRowsWithoutBackgrounds)
 
 TEST(MissingAssets, leavePackageRowsWithoutAPlaceholder)
 {
-    ClassicPackageCell cell(TableViewCell::Style::Default, QStringLiteral("PackageCell"));
+    ClassicPackageCell cell(kit::TableViewCell::Style::Default, QStringLiteral("PackageCell"));
     cell.configureWithPackage(*makePackage(QStringLiteral("Alpha")), 0);
     EXPECT_TRUE(cell.imageView()->image().isNull());
     EXPECT_EQ(cell.textLabel()->text(), QStringLiteral("Alpha"));

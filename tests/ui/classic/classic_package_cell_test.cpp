@@ -1,9 +1,9 @@
-#include "ClassicPackageCell.h"
+#include "ui/classic/ClassicPackageCell.h"
 
-#include "ClassicUI.h"
-#include "LoopbackServer.h"
-#include "TestImage.h"
-#include "TestPackage.h"
+#include "tests/support/LoopbackServer.h"
+#include "tests/ui/classic/TestImage.h"
+#include "tests/ui/classic/TestPackage.h"
+#include "ui/classic/ClassicUI.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -18,27 +18,27 @@ protected:
 
     QString detail() const { return cell.detailTextLabel()->text(); }
     void configure(int variant = 0) { cell.configureWithPackage(*package, variant); }
-    const ImageView* badge() const { return qobject_cast<ImageView*>(cell.accessoryView()); }
-    void expectBadge(const QString& symbol, const Color& color) const
+    const kit::ImageView* badge() const { return qobject_cast<kit::ImageView*>(cell.accessoryView()); }
+    void expectBadge(const QString& symbol, const kit::Color& color) const
     {
         ASSERT_NE(badge(), nullptr);
-        EXPECT_EQ(badge()->image(), Image::systemNamed(symbol));
+        EXPECT_EQ(badge()->image(), kit::Image::systemNamed(symbol));
         EXPECT_FALSE(badge()->image().isNull());
         EXPECT_EQ(badge()->tintColor(), color);
-        EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::None);
+        EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::None);
     }
     bool showsPlaceholder() const { return cell.imageView()->image() == placeholder; }
 
-    const Image placeholder = Image::named(QStringLiteral("Homepage"));
+    const kit::Image placeholder = kit::Image::named(QStringLiteral("Homepage"));
     VeskPackagePtr package = makePackage(QStringLiteral("Alpha"));
-    ClassicPackageCell cell{ TableViewCell::Style::Value1, QStringLiteral("PackageCell") };
+    ClassicPackageCell cell{ kit::TableViewCell::Style::Value1, QStringLiteral("PackageCell") };
 };
 
 } // namespace
 
 TEST_F(PackageCell, isInTheSubtitleStyleWhateverStyleIsAskedFor)
 {
-    EXPECT_EQ(cell.style(), TableViewCell::Style::Subtitle);
+    EXPECT_EQ(cell.style(), kit::TableViewCell::Style::Subtitle);
     EXPECT_EQ(cell.reuseIdentifier(), QStringLiteral("PackageCell"));
     EXPECT_TRUE(showsPlaceholder());
 }
@@ -99,7 +99,7 @@ TEST_F(PackageCell, leadsOnWhenThePackageIsNotInstalled)
 {
     configure();
     EXPECT_EQ(cell.accessoryView(), nullptr);
-    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+    EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
 }
 
 TEST_F(PackageCell, hasABlueBadgeWhenThePackageIsInstalled)
@@ -122,7 +122,7 @@ TEST_F(PackageCell, losesItsBadgeWhenItIsPreparedForReuse)
     configure();
     cell.prepareForReuse();
     EXPECT_EQ(cell.accessoryView(), nullptr);
-    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+    EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
 }
 
 TEST_F(PackageCell, losesItsBadgeWhenItIsConfiguredForAnotherPackage)
@@ -131,7 +131,7 @@ TEST_F(PackageCell, losesItsBadgeWhenItIsConfiguredForAnotherPackage)
     configure();
     cell.configureWithPackage(*makePackage(QStringLiteral("Beta")), 1);
     EXPECT_EQ(cell.accessoryView(), nullptr);
-    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+    EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
 }
 
 TEST_F(PackageCell, remembersTheIconItRepresentsUntilItIsReused)
@@ -146,13 +146,13 @@ TEST_F(PackageCell, remembersTheIconItRepresentsUntilItIsReused)
 
 TEST_F(PackageCell, alternatesItsBackgroundWithTheRow)
 {
-    const auto background = [this] { return static_cast<ImageView*>(cell.backgroundView())->image().identity(); };
+    const auto background = [this] { return static_cast<kit::ImageView*>(cell.backgroundView())->image().identity(); };
     configure(0);
-    EXPECT_EQ(background(), Image::named(QStringLiteral("cellback1")).identity());
+    EXPECT_EQ(background(), kit::Image::named(QStringLiteral("cellback1")).identity());
     configure(1);
-    EXPECT_EQ(background(), Image::named(QStringLiteral("cellback2")).identity());
+    EXPECT_EQ(background(), kit::Image::named(QStringLiteral("cellback2")).identity());
     configure(2);
-    EXPECT_EQ(background(), Image::named(QStringLiteral("cellback1")).identity());
+    EXPECT_EQ(background(), kit::Image::named(QStringLiteral("cellback1")).identity());
 }
 
 TEST_F(PackageCell, clipsTheIconToRoundCorners)
@@ -160,7 +160,7 @@ TEST_F(PackageCell, clipsTheIconToRoundCorners)
     configure();
     EXPECT_EQ(cell.imageView()->cornerRadius(), 7);
     EXPECT_TRUE(cell.imageView()->clipsToBounds());
-    EXPECT_EQ(cell.imageView()->contentMode(), ImageView::ContentMode::AspectFit);
+    EXPECT_EQ(cell.imageView()->contentMode(), kit::ImageView::ContentMode::AspectFit);
 }
 
 TEST_F(PackageCell, hasAFixedGeometry)
@@ -177,7 +177,7 @@ TEST_F(PackageCell, hasAFixedGeometry)
 TEST_F(PackageCell, keepsItsGeometryWhenTheIconArrives)
 {
     configure();
-    cell.imageView()->setImage(Image::fromData(pngOf(Qt::red, { 300, 20 }), 1));
+    cell.imageView()->setImage(kit::Image::fromData(pngOf(Qt::red, { 300, 20 }), 1));
     EXPECT_EQ(cell.imageView()->frame(), QRectF(12, 9, 42, 42));
 }
 
@@ -195,7 +195,7 @@ TEST_F(PackageCell, showsThePlaceholderAtOnceAndTheIconWhenItHasArrived)
     LoopbackServer server;
     server.serve("/icon.png", pngOf(Qt::red));
     package->setIconURLString(server.url(QStringLiteral("/icon.png")));
-    QSignalSpy changes(cell.imageView(), &ImageView::imageChanged);
+    QSignalSpy changes(cell.imageView(), &kit::ImageView::imageChanged);
     configure();
     EXPECT_TRUE(showsPlaceholder());
     ASSERT_TRUE(QTest::qWaitFor([this] { return !showsPlaceholder(); }, 20000));

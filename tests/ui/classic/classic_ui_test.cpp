@@ -1,4 +1,4 @@
-#include "ClassicUI.h"
+#include "ui/classic/ClassicUI.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-void expectColor(const Color& color, int red, int green, int blue, double alpha = 1)
+void expectColor(const kit::Color& color, int red, int green, int blue, double alpha = 1)
 {
     EXPECT_DOUBLE_EQ(color.red, red / 255.0);
     EXPECT_DOUBLE_EQ(color.green, green / 255.0);
@@ -17,13 +17,13 @@ void expectColor(const Color& color, int red, int green, int blue, double alpha 
 }
 
 // The image is the asset of that name, with those caps at its sides, to be stretched.
-void expectStretched(const Image& image, const QString& name, double cap)
+void expectStretched(const kit::Image& image, const QString& name, double cap)
 {
     ASSERT_FALSE(image.isNull());
-    EXPECT_EQ(image.identity(), Image::named(name).identity());
+    EXPECT_EQ(image.identity(), kit::Image::named(name).identity());
     EXPECT_TRUE(image.isResizable());
-    EXPECT_EQ(image.resizingMode(), Image::ResizingMode::Stretch);
-    EXPECT_EQ(image.capInsets(), (EdgeInsets{ 0, cap, 0, cap }));
+    EXPECT_EQ(image.resizingMode(), kit::Image::ResizingMode::Stretch);
+    EXPECT_EQ(image.capInsets(), (kit::EdgeInsets{ 0, cap, 0, cap }));
 }
 
 void expectFont(const QFont& font, int size, QFont::Weight weight)
@@ -32,13 +32,13 @@ void expectFont(const QFont& font, int size, QFont::Weight weight)
     EXPECT_EQ(font.weight(), weight);
 }
 
-Image shownBy(View* view)
+kit::Image shownBy(kit::View* view)
 {
-    const auto* imageView = qobject_cast<ImageView*>(view);
-    return imageView ? imageView->image() : Image();
+    const auto* imageView = qobject_cast<kit::ImageView*>(view);
+    return imageView ? imageView->image() : kit::Image();
 }
 
-void expectRowAssets(const TableViewCell& cell, const QString& normal)
+void expectRowAssets(const kit::TableViewCell& cell, const QString& normal)
 {
     expectStretched(shownBy(cell.backgroundView()), normal, 12);
     expectStretched(shownBy(cell.selectedBackgroundView()), normal + QStringLiteral("high"), 12);
@@ -53,7 +53,7 @@ TEST(Palette, dividesComponentsBy255WithoutRoundingAndKeepsTheAlpha)
 
 TEST(Palette, givesExactlyOneForTheFullComponent)
 {
-    const Color white = ClassicUI::colorWithRed(255, 255, 255, 1);
+    const kit::Color white = ClassicUI::colorWithRed(255, 255, 255, 1);
     EXPECT_EQ(white.red, 1.0);
     EXPECT_EQ(white.green, 1.0);
     EXPECT_EQ(white.blue, 1.0);
@@ -75,14 +75,14 @@ TEST(Palette, hasItsFourNamedColors)
 
 TEST(BackgroundColor, tilesTheAsset)
 {
-    EXPECT_EQ(
-        ClassicUI::veskBackgroundColor().pattern.identity(), Image::named(QStringLiteral("AppViewBack")).identity());
+    EXPECT_EQ(ClassicUI::veskBackgroundColor().pattern.identity(),
+        kit::Image::named(QStringLiteral("AppViewBack")).identity());
     EXPECT_FALSE(ClassicUI::veskBackgroundColor().pattern.isResizable());
 }
 
 TEST(BackgroundColor, isOneAndTheSameFromEveryThread)
 {
-    const Color* other = nullptr;
+    const kit::Color* other = nullptr;
     std::thread([&] { other = &ClassicUI::veskBackgroundColor(); }).join();
     EXPECT_EQ(other, &ClassicUI::veskBackgroundColor());
 }
@@ -104,20 +104,20 @@ TEST(Assets, giveNothingForANameThatIsNotThere)
 
 TEST(Assets, areStretchedBetweenTheGivenCaps)
 {
-    const Image image = ClassicUI::stretchableAsset(QStringLiteral("topfade"), { 1, 2, 3, 4 });
-    EXPECT_EQ(image.capInsets(), (EdgeInsets{ 1, 2, 3, 4 }));
-    EXPECT_EQ(image.resizingMode(), Image::ResizingMode::Stretch);
+    const kit::Image image = ClassicUI::stretchableAsset(QStringLiteral("topfade"), { 1, 2, 3, 4 });
+    EXPECT_EQ(image.capInsets(), (kit::EdgeInsets{ 1, 2, 3, 4 }));
+    EXPECT_EQ(image.resizingMode(), kit::Image::ResizingMode::Stretch);
 }
 
 TEST(NavigationBarStyle, isOpaqueLightOnDarkWithTheAssetOverItsColor)
 {
-    NavigationController controller(new ViewController);
+    kit::NavigationController controller(new kit::ViewController);
     ClassicUI::styleNavigationController(controller);
-    const NavigationBar* bar = controller.navigationBar();
+    const kit::NavigationBar* bar = controller.navigationBar();
     EXPECT_FALSE(bar->isTranslucent());
-    EXPECT_EQ(bar->barStyle(), BarStyle::Black);
+    EXPECT_EQ(bar->barStyle(), kit::BarStyle::Black);
     expectColor(bar->tintColor(), 255, 255, 255);
-    EXPECT_EQ(bar->standardAppearance().background, BarAppearance::Background::Opaque);
+    EXPECT_EQ(bar->standardAppearance().background, kit::BarAppearance::Background::Opaque);
     expectStretched(bar->standardAppearance().backgroundImage, QStringLiteral("topfade"), 8);
     expectColor(bar->standardAppearance().backgroundColor, 100, 123, 151);
     expectColor(bar->standardAppearance().shadowColor, 44, 54, 66);
@@ -127,9 +127,9 @@ TEST(NavigationBarStyle, isOpaqueLightOnDarkWithTheAssetOverItsColor)
 
 TEST(NavigationBarStyle, doesNotChangeWhenContentScrollsUnderTheBar)
 {
-    NavigationController controller(new ViewController);
+    kit::NavigationController controller(new kit::ViewController);
     ClassicUI::styleNavigationController(controller);
-    const BarAppearance& edge = controller.navigationBar()->scrollEdgeAppearance();
+    const kit::BarAppearance& edge = controller.navigationBar()->scrollEdgeAppearance();
     expectStretched(edge.backgroundImage, QStringLiteral("topfade"), 8);
     expectColor(edge.backgroundColor, 100, 123, 151);
     expectColor(edge.shadowColor, 44, 54, 66);
@@ -138,14 +138,14 @@ TEST(NavigationBarStyle, doesNotChangeWhenContentScrollsUnderTheBar)
 
 TEST(TabBarStyle, hasTheAssetOverItsColorAndOrangeForTheSelectedTab)
 {
-    TabBarController controller;
+    kit::TabBarController controller;
     ClassicUI::styleTabBarController(controller);
-    const TabBar* bar = controller.tabBar();
+    const kit::TabBar* bar = controller.tabBar();
     EXPECT_FALSE(bar->isTranslucent());
     expectColor(bar->tintColor(), 236, 129, 17);
     expectColor(bar->unselectedItemTintColor(), 224, 231, 240);
-    for (const TabBarAppearance& appearance : { bar->standardAppearance(), bar->scrollEdgeAppearance() }) {
-        EXPECT_EQ(appearance.background, BarAppearance::Background::Opaque);
+    for (const kit::TabBarAppearance& appearance : { bar->standardAppearance(), bar->scrollEdgeAppearance() }) {
+        EXPECT_EQ(appearance.background, kit::BarAppearance::Background::Opaque);
         expectStretched(appearance.backgroundImage, QStringLiteral("bottomtable"), 12);
         expectColor(appearance.backgroundColor, 77, 91, 109);
         expectColor(appearance.shadowColor, 39, 48, 60);
@@ -154,10 +154,10 @@ TEST(TabBarStyle, hasTheAssetOverItsColorAndOrangeForTheSelectedTab)
 
 TEST(TabBarStyle, setsTheItemsOfAllThreeLayouts)
 {
-    TabBarController controller;
+    kit::TabBarController controller;
     ClassicUI::styleTabBarController(controller);
-    const TabBarAppearance& appearance = controller.tabBar()->standardAppearance();
-    for (const TabItemAppearance& items : { appearance.stackedLayoutAppearance, appearance.inlineLayoutAppearance,
+    const kit::TabBarAppearance& appearance = controller.tabBar()->standardAppearance();
+    for (const kit::TabItemAppearance& items : { appearance.stackedLayoutAppearance, appearance.inlineLayoutAppearance,
              appearance.compactInlineLayoutAppearance }) {
         expectColor(items.normal.iconColor, 224, 231, 240);
         expectColor(items.normal.titleTextAttributes.foregroundColor, 224, 231, 240);
@@ -170,11 +170,11 @@ TEST(TabBarStyle, setsTheItemsOfAllThreeLayouts)
 
 TEST(TableStyle, setsColorsAndHeights)
 {
-    TableView table;
+    kit::TableView table;
     ClassicUI::styleTableView(table);
     EXPECT_EQ(table.backgroundColor(), ClassicUI::veskBackgroundColor());
     expectColor(table.separatorColor(), 153, 153, 153, 0.72);
-    EXPECT_EQ(table.separatorInset(), EdgeInsets());
+    EXPECT_EQ(table.separatorInset(), kit::EdgeInsets());
     EXPECT_EQ(table.rowHeight(), 60);
     EXPECT_EQ(table.estimatedRowHeight(), 60);
     EXPECT_EQ(table.sectionHeaderHeight(), 25);
@@ -186,7 +186,7 @@ TEST(TableStyle, setsColorsAndHeights)
 
 TEST(TableStyle, drawsNoSeparatorsBelowTheLastRow)
 {
-    TableView table;
+    kit::TableView table;
     ClassicUI::styleTableView(table);
     ASSERT_NE(table.tableFooterView(), nullptr);
     EXPECT_EQ(table.tableFooterView()->frame(), QRectF());
@@ -194,7 +194,7 @@ TEST(TableStyle, drawsNoSeparatorsBelowTheLastRow)
 
 TEST(RowStyle, alternatesTheBackgroundsWithTheVariant)
 {
-    TableViewCell cell(TableViewCell::Style::Subtitle, QStringLiteral("Cell"));
+    kit::TableViewCell cell(kit::TableViewCell::Style::Subtitle, QStringLiteral("Cell"));
     ClassicUI::styleCell(cell, 0);
     expectRowAssets(cell, QStringLiteral("cellback1"));
     ClassicUI::styleCell(cell, 1);
@@ -207,29 +207,29 @@ TEST(RowStyle, alternatesTheBackgroundsWithTheVariant)
 
 TEST(RowStyle, setsTextsAccessoryAndMargins)
 {
-    TableViewCell cell(TableViewCell::Style::Subtitle, QStringLiteral("Cell"));
+    kit::TableViewCell cell(kit::TableViewCell::Style::Subtitle, QStringLiteral("Cell"));
     ClassicUI::styleCell(cell, 0);
-    EXPECT_EQ(cell.backgroundColor(), Color::clear());
+    EXPECT_EQ(cell.backgroundColor(), kit::Color::clear());
     expectColor(cell.textLabel()->textColor(), 25, 50, 80);
     expectFont(cell.textLabel()->font(), 15, QFont::Bold);
     expectColor(cell.detailTextLabel()->textColor(), 74, 84, 98);
     expectFont(cell.detailTextLabel()->font(), 12, QFont::Normal);
-    EXPECT_EQ(cell.accessoryType(), TableViewCell::AccessoryType::DisclosureIndicator);
+    EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
     expectColor(cell.tintColor(), 48, 88, 145);
-    EXPECT_EQ(cell.layoutMargins(), (EdgeInsets{ 0, 10, 0, 10 }));
-    EXPECT_EQ(cell.separatorInset(), (EdgeInsets{ 0, 10, 0, 10 }));
+    EXPECT_EQ(cell.layoutMargins(), (kit::EdgeInsets{ 0, 10, 0, 10 }));
+    EXPECT_EQ(cell.separatorInset(), (kit::EdgeInsets{ 0, 10, 0, 10 }));
 }
 
 TEST(RowStyle, acceptsACellWithoutADetailText)
 {
-    TableViewCell cell(TableViewCell::Style::Default, QStringLiteral("Cell"));
+    kit::TableViewCell cell(kit::TableViewCell::Style::Default, QStringLiteral("Cell"));
     ClassicUI::styleCell(cell, 1);
     expectRowAssets(cell, QStringLiteral("cellback2"));
 }
 
 TEST(RowStyle, leavesTheTextsAndTheirAlignmentOfAReusedCell)
 {
-    TableViewCell cell(TableViewCell::Style::Value1, QStringLiteral("Cell"));
+    kit::TableViewCell cell(kit::TableViewCell::Style::Value1, QStringLiteral("Cell"));
     cell.textLabel()->setTextAlignment(Qt::AlignHCenter);
     cell.detailTextLabel()->setText(QStringLiteral("12"));
     ClassicUI::styleCell(cell, 0);
@@ -239,7 +239,8 @@ TEST(RowStyle, leavesTheTextsAndTheirAlignmentOfAReusedCell)
 
 TEST(SectionHeader, hasAGradientAndItsTitleInCapitals)
 {
-    const std::unique_ptr<View> header(ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("All Categories"), 390));
+    const std::unique_ptr<kit::View> header(
+        ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("All Categories"), 390));
     EXPECT_EQ(header->frame(), QRectF(0, 0, 390, 25));
     expectColor(header->backgroundColor(), 150, 164, 178);
     ASSERT_TRUE(header->gradient());
@@ -247,46 +248,46 @@ TEST(SectionHeader, hasAGradientAndItsTitleInCapitals)
     expectColor(header->gradient()->bottom, 117, 132, 149);
 
     ASSERT_EQ(header->subviews().size(), 1);
-    const auto* label = qobject_cast<Label*>(header->subviews().first());
+    const auto* label = qobject_cast<kit::Label*>(header->subviews().first());
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(label->frame(), QRectF(14, 0, 362, 25));
     EXPECT_EQ(label->text(), QStringLiteral("ALL CATEGORIES"));
     expectColor(label->textColor(), 255, 255, 255);
     expectFont(label->font(), 12, QFont::Bold);
-    EXPECT_EQ(label->shadow(), Label::Shadow::Below);
-    EXPECT_EQ(label->shadowColor(), Color::black(0.42));
+    EXPECT_EQ(label->shadow(), kit::Label::Shadow::Below);
+    EXPECT_EQ(label->shadowColor(), kit::Color::black(0.42));
 }
 
 TEST(SectionHeader, givesTheLabelNoWidthBelow28Points)
 {
     for (const double width : { 27.9, 10.0, 0.0 }) {
-        const std::unique_ptr<View> header(ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("Title"), width));
+        const std::unique_ptr<kit::View> header(ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("Title"), width));
         EXPECT_EQ(header->subviews().first()->width(), 0) << width;
     }
 }
 
 TEST(SectionHeader, capitalisesLettersOfEveryScript)
 {
-    const std::unique_ptr<View> header(ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("é ß д 日"), 320));
-    EXPECT_EQ(static_cast<Label*>(header->subviews().first())->text(), QStringLiteral("É SS Д 日"));
+    const std::unique_ptr<kit::View> header(ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("é ß д 日"), 320));
+    EXPECT_EQ(static_cast<kit::Label*>(header->subviews().first())->text(), QStringLiteral("É SS Д 日"));
 }
 
 TEST(ClassicButton, looksEngraved)
 {
-    const std::unique_ptr<Button> button(
+    const std::unique_ptr<kit::Button> button(
         ClassicUI::classicButtonWithTitle(QStringLiteral("Install"), ClassicUI::ButtonKind::Normal));
     expectStretched(button->backgroundImage(), QStringLiteral("buttonback"), 12);
     EXPECT_EQ(button->title(), QStringLiteral("Install"));
     expectColor(button->titleLabel()->textColor(), 255, 255, 255);
     expectFont(button->titleLabel()->font(), 14, QFont::Bold);
-    EXPECT_EQ(button->titleLabel()->shadow(), Label::Shadow::Above);
-    EXPECT_EQ(button->titleLabel()->shadowColor(), Color::black(0.42));
-    EXPECT_EQ(button->contentEdgeInsets(), (EdgeInsets{ 4, 12, 4, 12 }));
+    EXPECT_EQ(button->titleLabel()->shadow(), kit::Label::Shadow::Above);
+    EXPECT_EQ(button->titleLabel()->shadowColor(), kit::Color::black(0.42));
+    EXPECT_EQ(button->contentEdgeInsets(), (kit::EdgeInsets{ 4, 12, 4, 12 }));
 }
 
 TEST(ClassicButton, isRedWhenItDestroys)
 {
-    const std::unique_ptr<Button> button(
+    const std::unique_ptr<kit::Button> button(
         ClassicUI::classicButtonWithTitle(QStringLiteral("Uninstall"), ClassicUI::ButtonKind::Destructive));
     expectStretched(button->backgroundImage(), QStringLiteral("buttonbackred"), 12);
 }

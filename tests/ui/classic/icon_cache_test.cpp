@@ -1,6 +1,6 @@
-#include "IconCache.h"
+#include "ui/classic/IconCache.h"
 
-#include "TestImage.h"
+#include "tests/ui/classic/TestImage.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@ namespace {
 
 constexpr qsizetype bytesOfIcon = qsizetype(10) * 10 * 4;
 
-Image icon()
+kit::Image icon()
 {
-    return Image::fromData(pngOf(Qt::red, { 10, 10 }), 1);
+    return kit::Image::fromData(pngOf(Qt::red, { 10, 10 }), 1);
 }
 
 } // namespace
@@ -22,7 +22,7 @@ TEST(IconCache, hasWhatWasPutIntoIt)
 {
     IconCache cache(10 * bytesOfIcon);
     EXPECT_TRUE(cache.image(QStringLiteral("a")).isNull());
-    const Image image = icon();
+    const kit::Image image = icon();
     cache.insert(QStringLiteral("a"), image);
     EXPECT_EQ(cache.image(QStringLiteral("a")), image);
     EXPECT_TRUE(cache.image(QStringLiteral("A")).isNull());
@@ -32,7 +32,7 @@ TEST(IconCache, replacesAnEntry)
 {
     IconCache cache(10 * bytesOfIcon);
     cache.insert(QStringLiteral("a"), icon());
-    const Image later = icon();
+    const kit::Image later = icon();
     cache.insert(QStringLiteral("a"), later);
     EXPECT_EQ(cache.image(QStringLiteral("a")), later);
 }

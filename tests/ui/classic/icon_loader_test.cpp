@@ -1,7 +1,7 @@
-#include "IconLoader.h"
+#include "ui/classic/IconLoader.h"
 
-#include "LoopbackServer.h"
-#include "TestImage.h"
+#include "tests/support/LoopbackServer.h"
+#include "tests/ui/classic/TestImage.h"
 
 #include <QNetworkReply>
 #include <QSignalSpy>
@@ -39,7 +39,7 @@ protected:
     }
     Loader() { restart({}); }
 
-    void load(const QString& url, ImageView& target, double scale = 1) { loader->load(url, scale, target); }
+    void load(const QString& url, kit::ImageView& target, double scale = 1) { loader->load(url, scale, target); }
     void waitFor(int count)
     {
         ASSERT_TRUE(QTest::qWaitFor([&] { return finished->count() >= count; }, generousMilliseconds));
@@ -52,12 +52,12 @@ protected:
         load(server.url(path), view);
         waitFor(before + 1);
     }
-    static QColor colorOf(const ImageView& shown) { return shown.image().pixels(1).pixelColor(1, 1); }
+    static QColor colorOf(const kit::ImageView& shown) { return shown.image().pixels(1).pixelColor(1, 1); }
     bool isEmpty() const { return view.image().isNull(); }
 
     LoopbackServer server;
     CountingManager manager;
-    ImageView view;
+    kit::ImageView view;
     std::unique_ptr<IconLoader> loader;
     std::unique_ptr<QSignalSpy> finished;
 };
@@ -83,7 +83,7 @@ TEST_F(Loader, showsACachedIconAtOnceWithoutADownload)
 {
     server.serve("/icon.png", pngOf(Qt::red));
     loadAndWait(QStringLiteral("/icon.png"));
-    ImageView other;
+    kit::ImageView other;
     load(server.url(QStringLiteral("/icon.png")), other);
     EXPECT_EQ(other.image(), view.image());
     EXPECT_EQ(manager.requests, 1);
@@ -94,8 +94,8 @@ TEST_F(Loader, givesALateIconNoMoreToAViewThatWasAskedForAnotherOrForNone)
     server.setReply("/late.png", { .body = pngOf(Qt::blue), .timing = LoopbackServer::Timing::Held });
     server.serve("/icon.png", pngOf(Qt::red));
     const QString late = server.url(QStringLiteral("/late.png"));
-    ImageView withoutIcon;
-    ImageView askedAgain;
+    kit::ImageView withoutIcon;
+    kit::ImageView askedAgain;
     load(late, view);
     loadAndWait(QStringLiteral("/icon.png"));
     load(late, withoutIcon);
@@ -155,7 +155,7 @@ TEST_F(Loader, followsARedirectToTheWebAndToNothingElse)
 
 TEST_F(Loader, keepsWhatIsShownWhenTheDownloadFails)
 {
-    view.setImage(Image::fromData(pngOf(Qt::green), 1));
+    view.setImage(kit::Image::fromData(pngOf(Qt::green), 1));
     server.setReply("/empty.png", { .body = "" });
     server.setReply("/broken.png", { .body = "this is no picture" });
     server.setReply("/half.png",
@@ -192,7 +192,7 @@ TEST_F(Loader, showsAPictureThatCameWithAnErrorStatus)
 TEST_F(Loader, startsADownloadForEachViewThatWaitsForTheSameIcon)
 {
     server.setReply("/icon.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
-    ImageView other;
+    kit::ImageView other;
     load(server.url(QStringLiteral("/icon.png")), view);
     load(server.url(QStringLiteral("/icon.png")), other);
     server.release("/icon.png");
@@ -205,7 +205,7 @@ TEST_F(Loader, startsADownloadForEachViewThatWaitsForTheSameIcon)
 TEST_F(Loader, fillsTheCacheForAViewThatIsGone)
 {
     server.setReply("/icon.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
-    auto gone = std::make_unique<ImageView>();
+    auto gone = std::make_unique<kit::ImageView>();
     load(server.url(QStringLiteral("/icon.png")), *gone);
     gone.reset();
     server.release("/icon.png");

@@ -1,7 +1,7 @@
 // A program that asks for the icon at the URL of its first argument, for tests of what happens when a process ends. It
 // quits as soon as its standard input ends, and prints "outlived" when the icons' network is still at work by the time
 // that the application ends what depends on it. Exits with 3 when it was not at work before.
-#include "ClassicUI.h"
+#include "ui/classic/ClassicUI.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -46,7 +46,7 @@ int main(int argc, char** argv)
     });
     VeskPackage package;
     package.setIconURLString(QString::fromLocal8Bit(argv[1]));
-    ImageView view;
+    kit::ImageView view;
     ClassicUI::loadIconForPackage(package, view);
     QSocketNotifier inputEnd(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&inputEnd, &QSocketNotifier::activated, [] { QCoreApplication::quit(); });

@@ -1,6 +1,6 @@
-#include "ScreenWorld.h"
+#include "tests/ui/screens/ScreenWorld.h"
 
-#include "Label.h"
+#include "ui/kit/view/Label.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -31,10 +31,10 @@ ScreenTest::~ScreenTest()
     QThreadPool::globalInstance()->waitForDone();
 }
 
-void ScreenTest::showOnStack(ViewController* screen)
+void ScreenTest::showOnStack(kit::ViewController* screen)
 {
-    navigation = std::make_unique<NavigationController>(screen, &window);
-    navigation->layOut({ 0, 0, 390, 800 + NavigationBar::Height });
+    navigation = std::make_unique<kit::NavigationController>(screen, &window);
+    navigation->layOut({ 0, 0, 390, 800 + kit::NavigationBar::Height });
     navigation->beginAppearance();
     navigation->endAppearance();
 }
@@ -50,7 +50,7 @@ void ScreenTest::appearAgain()
 QStringList ScreenTest::texts(int section) const
 {
     QStringList texts;
-    for (const IndexPath& indexPath : table()->indexPathsForVisibleRows())
+    for (const kit::IndexPath& indexPath : table()->indexPathsForVisibleRows())
         if (indexPath.section == section)
             texts.append(table()->cellForRow(indexPath)->textLabel()->text());
     return texts;
@@ -58,10 +58,10 @@ QStringList ScreenTest::texts(int section) const
 
 QString ScreenTest::headerText(int section) const
 {
-    const View* header = table()->headerView(section);
+    const kit::View* header = table()->headerView(section);
     if (!header)
         return {};
-    const auto* label = qobject_cast<Label*>(header->subviews().first());
+    const auto* label = qobject_cast<kit::Label*>(header->subviews().first());
     return label ? label->text() : QString();
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "AlertController.h"
-#include "NavigationController.h"
-#include "PackageInstaller.h"
-#include "RepoManager.h"
-#include "ScriptedNetwork.h"
-#include "TableViewController.h"
+#include "actions/PackageInstaller.h"
+#include "catalog/RepoManager.h"
+#include "tests/ui/screens/ScriptedNetwork.h"
+#include "ui/kit/alert/AlertController.h"
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/table/TableViewController.h"
 
 #include <QTemporaryDir>
 
@@ -49,18 +49,18 @@ private:
 };
 
 // Stands where the window does and keeps every alert that a screen presents.
-class AlertRecorder : public QObject, public AlertPresenter
+class AlertRecorder : public QObject, public kit::AlertPresenter
 {
 public:
-    void presentAlert(AlertController* alert) override
+    void presentAlert(kit::AlertController* alert) override
     {
         alert->setParent(this);
         m_alerts.append(alert);
     }
-    const QList<AlertController*>& alerts() const { return m_alerts; }
+    const QList<kit::AlertController*>& alerts() const { return m_alerts; }
 
 private:
-    QList<AlertController*> m_alerts;
+    QList<kit::AlertController*> m_alerts;
 };
 
 // The world of a screen under test: a catalog and an installer of its own, no network, and a real stack of screens of
@@ -80,8 +80,8 @@ protected:
     void appearAgain();
     void dismissScreen() { navigation.reset(); }
 
-    TableView* table() const { return static_cast<TableView*>(navigation->topViewController()->view()); }
-    TableViewCell* cell(int section, int row) const { return table()->cellForRow({ section, row }); }
+    kit::TableView* table() const { return static_cast<kit::TableView*>(navigation->topViewController()->view()); }
+    kit::TableViewCell* cell(int section, int row) const { return table()->cellForRow({ section, row }); }
     QString text(int section, int row) const { return cell(section, row)->textLabel()->text(); }
     QString detail(int section, int row) const { return cell(section, row)->detailTextLabel()->text(); }
     QStringList texts(int section) const;
@@ -89,7 +89,7 @@ protected:
     std::size_t stackSize() const { return navigation->viewControllers().size(); }
     // The screen on top of the stack, null when it is of another kind.
     template <typename Screen> Screen* top() const { return dynamic_cast<Screen*>(navigation->topViewController()); }
-    AlertController* lastAlert() const { return window.alerts().isEmpty() ? nullptr : window.alerts().last(); }
+    kit::AlertController* lastAlert() const { return window.alerts().isEmpty() ? nullptr : window.alerts().last(); }
 
     VeskPackagePtr addPackage(const QString& name, const QString& section = QStringLiteral("Other"));
     VeskPackagePtr addInstalledPackage(const QString& name, const QString& version, const QString& installedVersion);
@@ -106,8 +106,8 @@ protected:
     std::unique_ptr<RepoManager> manager;
     std::unique_ptr<PackageInstaller> installer;
     AlertRecorder window;
-    std::unique_ptr<NavigationController> navigation;
+    std::unique_ptr<kit::NavigationController> navigation;
 
 private:
-    void showOnStack(ViewController* screen);
+    void showOnStack(kit::ViewController* screen);
 };

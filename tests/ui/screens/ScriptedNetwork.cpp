@@ -1,4 +1,4 @@
-#include "ScriptedNetwork.h"
+#include "tests/ui/screens/ScriptedNetwork.h"
 
 #include <algorithm>
 #include <cstring>

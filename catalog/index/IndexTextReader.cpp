@@ -1,0 +1,57 @@
+#include "catalog/index/IndexTextReader.h"
+
+#include <utility>
+
+IndexTextReader::IndexTextReader(const IndexJob& job, const DpkgStatus& status, Encoding encoding)
+    : m_job(job)
+    , m_encoding(encoding)
+    , m_parser(job.repository, status)
+{
+}
+
+bool IndexTextReader::feed(std::string_view bytes)
+{
+    if (m_state != State::Sound)
+        return false;
+    if (m_job.cancelled && m_job.cancelled->load(std::memory_order_relaxed))
+        m_state = State::Refused;
+    else if (m_encoding == Encoding::Latin1)
+        parse(viewOf(utf8FromLatin1(bytes)));
+    else if (!m_check.feed(bytes))
+        m_state = State::NotUtf8;
+    else
+        parse(std::exchange(m_isAtBeginning, false) ? withoutByteOrderMark(bytes) : bytes);
+    return m_state == State::Sound;
+}
+
+IndexTextReader::State IndexTextReader::finish()
+{
+    if (m_state == State::Sound && m_encoding == Encoding::Utf8 && !m_check.isComplete())
+        m_state = State::NotUtf8;
+    if (m_state != State::Sound)
+        return m_state;
+    m_index.packages = m_parser.finish();
+    if (m_index.packages.size() > m_job.limits.packageCount)
+        return m_state = State::Refused;
+    indexNewPackages(m_index.packages);
+    m_index.searchText.shrink();
+    m_index.nameKeys.sort();
+    return m_state;
+}
+
+void IndexTextReader::parse(std::string_view utf8)
+{
+    m_parser.feed(utf8);
+    if (m_parser.packages().size() > m_job.limits.packageCount)
+        m_state = State::Refused;
+    else
+        indexNewPackages(m_parser.packages());
+}
+
+void IndexTextReader::indexNewPackages(const PackageVector& packages)
+{
+    for (std::size_t place = m_index.nameKeys.size(); place < packages.size(); ++place) {
+        m_index.searchText.add(*packages[place]);
+        m_index.nameKeys.add(packages[place]->utf8(VeskPackage::Text::Name), *m_job.nameOrder);
+    }
+}

@@ -1,0 +1,206 @@
+#include "catalog/query/CatalogIndex.h"
+
+#include "catalog/text/TextDecoding.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace {
+
+struct NamedPlace
+{
+    std::string_view key;
+    std::uint32_t place;
+};
+
+bool isBefore(const NamedPlace& a, const NamedPlace& b)
+{
+    return a.key < b.key;
+}
+
+// Merges the sorted runs that end at the given places, two neighbours at a time, until one is left.
+void mergeRuns(std::vector<NamedPlace>& named, std::vector<std::ptrdiff_t> ends)
+{
+    while (ends.size() > 1) {
+        std::vector<std::ptrdiff_t> merged;
+        std::ptrdiff_t begin = 0;
+        for (std::size_t run = 0; run < ends.size(); run += 2) {
+            const std::ptrdiff_t end = run + 1 < ends.size() ? ends[run + 1] : ends[run];
+            std::inplace_merge(named.begin() + begin, named.begin() + ends[run], named.begin() + end, isBefore);
+            merged.push_back(end);
+            begin = end;
+        }
+        ends = std::move(merged);
+    }
+}
+
+std::vector<SectionSize> sectionsOf(const PackageList& packages, const NameOrder& order)
+{
+    std::unordered_map<std::string_view, quint64> counts;
+    for (const VeskPackagePtr& package : packages)
+        ++counts[package->utf8(VeskPackage::Text::Section)];
+    std::vector<std::pair<std::string, SectionSize>> keyed;
+    keyed.reserve(counts.size());
+    for (const auto& [section, count] : counts)
+        keyed.emplace_back(order.keyOf(section), SectionSize{ textOf(section), count });
+    // Names that compare equal come in the order of their letters, so that the order is the same each time it is asked.
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first < b.first : a.second.name < b.second.name;
+    });
+    std::vector<SectionSize> sections;
+    sections.reserve(keyed.size());
+    for (auto& [key, section] : keyed)
+        sections.push_back(std::move(section));
+    return sections;
+}
+
+} // namespace
+
+CatalogIndex::CatalogIndex(PackageList& packages, std::shared_ptr<const NameOrder> order)
+    : m_packages(packages)
+    , m_order(std::move(order))
+{
+}
+
+void CatalogIndex::clear()
+{
+    m_packages.clear();
+    bringUpToDate();
+}
+
+void CatalogIndex::merge(ParsedIndex index)
+{
+    bringUpToDate();
+    Segment segment{ std::move(index.searchText), std::move(index.nameKeys), {} };
+    segment.places.reserve(index.packages.size());
+    m_identifiers.reserve(m_packages.size() + index.packages.size());
+    bool bringsAny = false;
+    for (VeskPackagePtr& package : index.packages) {
+        const auto place = static_cast<std::uint32_t>(m_packages.size());
+        const bool isNew = m_identifiers.insert(package->utf8(VeskPackage::Text::PackageID), place, m_packages.all());
+        segment.places.push_back(isNew ? place : dropped);
+        bringsAny = bringsAny || isNew;
+        if (isNew)
+            m_packages.push_back(std::move(package));
+    }
+    if (bringsAny)
+        m_segments.push_back(std::move(segment));
+    noteAsCurrent();
+}
+
+const PackageVector& CatalogIndex::packagesMatching(const QString& query)
+{
+    if (query.isEmpty())
+        return m_packages.all();
+    bringUpToDate();
+    if (m_hasFound && m_query == query)
+        return m_found;
+    m_found.clear();
+    m_query = query;
+    m_hasFound = true;
+    const QByteArray folded = SearchText::folded(query);
+    if (folded.isEmpty())
+        return m_found;
+    for (const Segment& segment : m_segments) {
+        for (const std::uint32_t place : segment.searchText.find(viewOf(folded))) {
+            if (segment.places[place] != dropped)
+                m_found.push_back(m_packages[segment.places[place]]);
+        }
+    }
+    return m_found;
+}
+
+const PackageVector& CatalogIndex::packagesByName()
+{
+    bringUpToDate();
+    if (m_hasSorted)
+        return m_sorted;
+    std::vector<NamedPlace> named;
+    std::vector<std::ptrdiff_t> ends;
+    named.reserve(m_packages.size());
+    for (const Segment& segment : m_segments) {
+        for (const std::uint32_t place : segment.nameKeys.sortedPlaces()) {
+            if (segment.places[place] != dropped)
+                named.push_back({ segment.nameKeys.key(place), segment.places[place] });
+        }
+        ends.push_back(static_cast<std::ptrdiff_t>(named.size()));
+    }
+    mergeRuns(named, std::move(ends));
+    m_sorted.clear();
+    m_sorted.reserve(named.size());
+    for (const NamedPlace& item : named) {
+        m_packages[item.place]->setNameRank(static_cast<quint32>(m_sorted.size()));
+        m_sorted.push_back(m_packages[item.place]);
+    }
+    m_hasSorted = true;
+    return m_sorted;
+}
+
+const std::vector<SectionSize>& CatalogIndex::sections()
+{
+    bringUpToDate();
+    if (!m_sections)
+        m_sections = sectionsOf(m_packages, *m_order);
+    return *m_sections;
+}
+
+void CatalogIndex::sortByName(PackageVector& packages)
+{
+    packagesByName();
+    if (!haveRanks(packages)) {
+        sortPackagesByName(packages, *m_order);
+        return;
+    }
+    std::sort(packages.begin(), packages.end(),
+        [](const VeskPackagePtr& a, const VeskPackagePtr& b) { return a->nameRank() < b->nameRank(); });
+}
+
+bool CatalogIndex::isCurrent() const
+{
+    return m_revision == m_packages.revision() && m_edits == VeskPackage::editCount();
+}
+
+void CatalogIndex::noteAsCurrent()
+{
+    m_revision = m_packages.revision();
+    m_edits = VeskPackage::editCount();
+    forgetResults();
+}
+
+// The list was changed by other hands than merge(): all of it becomes one segment.
+void CatalogIndex::bringUpToDate()
+{
+    if (isCurrent())
+        return;
+    m_identifiers.clear();
+    m_segments.clear();
+    Segment whole;
+    for (const VeskPackagePtr& package : m_packages) {
+        const auto place = static_cast<std::uint32_t>(whole.places.size());
+        m_identifiers.insert(package->utf8(VeskPackage::Text::PackageID), place, m_packages.all());
+        whole.searchText.add(*package);
+        whole.nameKeys.add(package->utf8(VeskPackage::Text::Name), *m_order);
+        whole.places.push_back(place);
+    }
+    whole.nameKeys.sort();
+    if (!whole.places.empty())
+        m_segments.push_back(std::move(whole));
+    noteAsCurrent();
+}
+
+void CatalogIndex::forgetResults()
+{
+    m_hasFound = false;
+    m_found.clear();
+    m_hasSorted = false;
+    m_sorted.clear();
+    m_sections.reset();
+}
+
+// A rank is a hint left by some order of some time; it counts when this order has the record at that rank.
+bool CatalogIndex::haveRanks(const PackageVector& packages) const
+{
+    return std::all_of(packages.begin(), packages.end(), [this](const VeskPackagePtr& package) {
+        return package->nameRank() < m_sorted.size() && m_sorted[package->nameRank()] == package;
+    });
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "catalog/query/NameOrder.h"
+#include "catalog/records/PackageList.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The sort keys of a run of packages' names, and the order they give. Filled on any one thread, then only read.
+class NameKeys
+{
+public:
+    void add(std::string_view name, const NameOrder& order);
+    // To be called once all are added.
+    void sort();
+
+    std::size_t size() const { return m_ends.size(); }
+    std::string_view key(std::uint32_t place) const;
+    // Places by name; equal names in the order in which they were added.
+    const std::vector<std::uint32_t>& sortedPlaces() const { return m_sortedPlaces; }
+
+private:
+    std::string m_keys;
+    std::vector<std::uint32_t> m_ends;
+    std::vector<std::uint32_t> m_sortedPlaces;
+};
+
+// Puts packages in the order of their names, those of equal names staying as they stood.
+void sortPackagesByName(PackageVector& packages, const NameOrder& order);

@@ -1,0 +1,79 @@
+#include "catalog/query/SearchText.h"
+
+#include "catalog/query/ByteSearch.h"
+#include "catalog/text/TextDecoding.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr char endOfField = '\xff';
+
+bool isAscii(std::string_view text)
+{
+    unsigned char bits = 0;
+    for (const char c : text)
+        bits |= static_cast<unsigned char>(c);
+    return bits < 0x80;
+}
+
+char lowerAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+} // namespace
+
+void SearchText::add(const VeskPackage& package)
+{
+    const std::string_view name = package.utf8(VeskPackage::Text::Name);
+    const std::string_view packageID = package.utf8(VeskPackage::Text::PackageID);
+    addField(name);
+    if (packageID != name)
+        addField(packageID);
+    addField(package.utf8(VeskPackage::Text::Desc));
+    addField(package.utf8(VeskPackage::Text::Author));
+    m_ends.push_back(static_cast<std::uint32_t>(m_text.size()));
+}
+
+void SearchText::shrink()
+{
+    m_text.squeeze();
+    m_ends.shrink_to_fit();
+}
+
+QByteArray SearchText::folded(const QString& query)
+{
+    return query.isValidUtf16() ? query.toLower().toUtf8() : QByteArray();
+}
+
+std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
+{
+    std::vector<std::uint32_t> found;
+    const std::string_view text = viewOf(m_text);
+    std::uint32_t package = 0;
+    std::size_t at = findBytes(text, foldedQuery, 0);
+    // Clang 14 loses a comparison with npos here: no package ends behind that, so it takes the inner loop for endless.
+    while (at < text.size()) {
+        while (m_ends[package] <= at)
+            ++package;
+        found.push_back(package);
+        // One match is enough: go on with the next package.
+        at = findBytes(text, foldedQuery, m_ends[package]);
+    }
+    return found;
+}
+
+void SearchText::addField(std::string_view utf8)
+{
+    if (utf8.empty())
+        return;
+    if (isAscii(utf8)) {
+        const qsizetype at = m_text.size();
+        m_text.resize(at + static_cast<qsizetype>(utf8.size()));
+        std::transform(utf8.begin(), utf8.end(), m_text.data() + at, lowerAscii);
+    } else {
+        m_text.append(textOf(utf8).toLower().toUtf8());
+    }
+    m_text.append(endOfField);
+}

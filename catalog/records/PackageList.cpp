@@ -1,0 +1,27 @@
+#include "catalog/records/PackageList.h"
+
+#include <utility>
+
+void PackageList::push_back(VeskPackagePtr package)
+{
+    m_packages.push_back(std::move(package));
+    ++m_revision;
+}
+
+void PackageList::assign(PackageVector packages)
+{
+    m_packages = std::move(packages);
+    ++m_revision;
+}
+
+void PackageList::clear()
+{
+    m_packages.clear();
+    ++m_revision;
+}
+
+void PackageList::remove(const VeskPackagePtr& package)
+{
+    std::erase(m_packages, package);
+    ++m_revision;
+}

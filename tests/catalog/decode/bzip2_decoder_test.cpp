@@ -1,0 +1,126 @@
+#include "catalog/text/TextDecoding.h"
+#include "tests/catalog/decode/GatheringTarget.h"
+#include "tests/catalog/decode/PackedStream.h"
+
+#include <gtest/gtest.h>
+
+// Bodies large enough to be shared out among threads: what comes out must be what the library makes of the whole body.
+
+namespace {
+
+constexpr std::size_t noLimit = std::size_t(1024) * 1024 * 1024;
+
+// All with the same text, packed into some hundred thousand bytes.
+const QByteArray& manyBlocks()
+{
+    static const QByteArray packed = packedInSmallBlocks(noise(550000));
+    return packed;
+}
+
+void expectWhatTheLibraryGives(const QByteArray& body)
+{
+    const QByteArray expected = unpackedByLibrary(body);
+    GatheringTarget target(-1);
+    const DecodeResult result = decodeBzip2(viewOf(body), noLimit, target);
+    EXPECT_EQ(result, expected.isEmpty() ? DecodeResult::Broken : DecodeResult::Complete);
+    EXPECT_TRUE(expected.isEmpty() || target.text() == expected);
+}
+
+QByteArray withByteTurnedOver(QByteArray body, qsizetype at)
+{
+    body[at] = static_cast<char>(body[at] ^ 0x10);
+    return body;
+}
+
+} // namespace
+
+TEST(Bzip2Decoder, givesTheBlocksInTheirOrder)
+{
+    GatheringTarget target(-1);
+    EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), noLimit, target), DecodeResult::Complete);
+    EXPECT_TRUE(target.text() == noise(550000));
+}
+
+TEST(Bzip2Decoder, endsWithTheFirstStream)
+{
+    expectWhatTheLibraryGives(manyBlocks() + manyBlocks());
+    expectWhatTheLibraryGives(manyBlocks() + noise(100000));
+    expectWhatTheLibraryGives(packedInSmallBlocks("short") + manyBlocks());
+}
+
+TEST(Bzip2Decoder, isNotMisledByAMarkWithinABlock)
+{
+    const std::string bits = bitsOf(manyBlocks());
+    const QByteArray inFirstBlock = bodyOf(withFalseMark(bits));
+    ASSERT_TRUE(unpackedByLibrary(inFirstBlock) == noise(550000));
+    expectWhatTheLibraryGives(inFirstBlock);
+
+    // The third block is made the first for as long as the mark is put into it.
+    std::size_t third = bits.find(blockMarkBits, bits.find(blockMarkBits, 32 + 48) + 48);
+    const std::string header = bits.substr(0, 32);
+    const QByteArray inThirdBlock
+        = bodyOf(bits.substr(0, third) + withFalseMark(header + bits.substr(third)).substr(32));
+    ASSERT_TRUE(unpackedByLibrary(inThirdBlock) == noise(550000));
+    expectWhatTheLibraryGives(inThirdBlock);
+}
+
+TEST(Bzip2Decoder, givesMixedUsualAndUnusualBlocksInTheirOrder)
+{
+    expectWhatTheLibraryGives(packedInSmallBlocks(noise(350000) + QByteArray(20'000'000, 'x') + noise(350000)));
+    expectWhatTheLibraryGives(packedInSmallBlocks(noise(550000), 20000));
+    expectWhatTheLibraryGives(packedInSmallBlocks(noise(550000), 250000));
+}
+
+TEST(Bzip2Decoder, failsOnABodyCutOffInAnyBlock)
+{
+    for (qsizetype length = 66000; length < manyBlocks().size(); length += 40009)
+        expectWhatTheLibraryGives(manyBlocks().left(length));
+    for (qsizetype cut = 1; cut < 16; ++cut)
+        expectWhatTheLibraryGives(manyBlocks().chopped(cut));
+}
+
+TEST(Bzip2Decoder, failsOnAByteTurnedOverInAnyBlock)
+{
+    for (qsizetype at = 0; at < manyBlocks().size(); at += 40009)
+        expectWhatTheLibraryGives(withByteTurnedOver(manyBlocks(), at));
+    for (qsizetype fromEnd = 1; fromEnd < 16; ++fromEnd)
+        expectWhatTheLibraryGives(withByteTurnedOver(manyBlocks(), manyBlocks().size() - fromEnd));
+}
+
+// Blocks that are sound each, but not those that the stream was made of.
+TEST(Bzip2Decoder, failsWhenABlockIsMissing)
+{
+    const std::string bits = bitsOf(manyBlocks());
+    const std::size_t second = bits.find(blockMarkBits, 32 + 48);
+    const std::size_t third = bits.find(blockMarkBits, second + 48);
+    expectWhatTheLibraryGives(bodyOf(bits.substr(0, second) + bits.substr(third)));
+}
+
+TEST(Bzip2Decoder, failsOnAnotherLevelThanTheBlocksAreOf)
+{
+    QByteArray body = manyBlocks();
+    for (const char level : { '0', '5', '9', 'x' }) {
+        body[3] = level;
+        expectWhatTheLibraryGives(body);
+    }
+}
+
+TEST(Bzip2Decoder, keepsToTheLimitAcrossBlocks)
+{
+    for (const std::size_t limit : { 1U, 65536U, 99981U, 250000U, 549999U }) {
+        GatheringTarget target(-1);
+        EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), limit, target), DecodeResult::TooLarge) << limit;
+        EXPECT_LE(target.text().size(), static_cast<qsizetype>(limit));
+    }
+    GatheringTarget target(-1);
+    EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), 550000, target), DecodeResult::Complete);
+}
+
+TEST(Bzip2Decoder, stopsInAnyBlockWhenNoMoreIsWanted)
+{
+    for (int windows = 0; windows < 9; ++windows) {
+        GatheringTarget target(windows);
+        EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), noLimit, target), DecodeResult::Stopped) << windows;
+        EXPECT_TRUE(noise(550000).startsWith(target.text()));
+    }
+}

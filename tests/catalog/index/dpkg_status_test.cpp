@@ -1,0 +1,168 @@
+#include "catalog/index/DpkgStatus.h"
+#include "tests/catalog/CatalogFixture.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// "(none)" when nothing is told of the package.
+std::string versionIn(const QByteArray& status, std::string_view packageID)
+{
+    const DpkgStatus snapshot = DpkgStatus::fromBytes(status);
+    const auto version = snapshot.versionOf(packageID);
+    return version ? std::string(*version) : "(none)";
+}
+
+} // namespace
+
+class DpkgStatusFiles : public CatalogFixture
+{
+protected:
+    QString write(const QString& name, const QByteArray& contents) const
+    {
+        QFile file(m_directory.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(contents);
+        return file.fileName();
+    }
+
+    static std::string versionIn(const QStringList& paths, std::string_view packageID)
+    {
+        const DpkgStatus snapshot = DpkgStatus::read(paths);
+        const auto version = snapshot.versionOf(packageID);
+        return version ? std::string(*version) : "(none)";
+    }
+};
+
+TEST(DpkgStatus, looksAtTheThreePlacesInTheirOrder)
+{
+    EXPECT_EQ(DpkgStatus::standardPaths(),
+        QStringList({ u"/var/lib/dpkg/status"_s, u"/var/lib/apt/dpkg/status"_s, u"/Library/dpkg/status"_s }));
+}
+
+TEST(DpkgStatus, findsTheVersionOfEachStanza)
+{
+    const QByteArray status = "Package: a\nVersion: 1\n\nPackage: b\nStatus: install ok installed\nVersion: 2:3-4\n";
+    EXPECT_EQ(versionIn(status, "a"), "1");
+    EXPECT_EQ(versionIn(status, "b"), "2:3-4");
+    EXPECT_EQ(versionIn(status, "c"), "(none)");
+    EXPECT_EQ(versionIn(status, "A"), "(none)");
+}
+
+TEST(DpkgStatus, countsAPackageOfWhichOnlyTheConfigurationIsLeft)
+{
+    EXPECT_EQ(versionIn("Package: a\nStatus: deinstall ok config-files\nVersion: 1\n", "a"), "1");
+}
+
+TEST(DpkgStatus, tellsNothingOfAStanzaWithoutVersionEvenWhenALaterOneHasOne)
+{
+    EXPECT_EQ(versionIn("Package: a\n\nPackage: a\nVersion: 2\n", "a"), "(none)");
+}
+
+TEST(DpkgStatus, takesTheFirstStanzaOfAPackage)
+{
+    EXPECT_EQ(versionIn("Package: a\nVersion: 1\n\nPackage: a\nVersion: 2\n", "a"), "1");
+}
+
+TEST(DpkgStatus, takesTheLastOfSeveralFieldsInAStanza)
+{
+    const QByteArray status = "Package: a\nVersion: 1\nPackage: b\nVersion: 2\n";
+    EXPECT_EQ(versionIn(status, "a"), "(none)");
+    EXPECT_EQ(versionIn(status, "b"), "2");
+}
+
+TEST(DpkgStatus, trimsSpacesAndTabsAndNothingElse)
+{
+    EXPECT_EQ(versionIn("Package:a\nVersion: \t1 2\t \n", "a"), "1 2");
+    EXPECT_EQ(versionIn("Package: \ta \t\nVersion:1\n", "a"), "1");
+    EXPECT_EQ(versionIn("Package: a\nVersion: 1\r\n", "a"), "1\r");
+}
+
+TEST(DpkgStatus, doesNotKnowFieldsInOtherLettersOrBehindABlank)
+{
+    EXPECT_EQ(versionIn("package: a\nVersion: 1\n", "a"), "(none)");
+    EXPECT_EQ(versionIn("Package: a\nversion: 1\n", "a"), "(none)");
+    EXPECT_EQ(versionIn(" Package: a\nVersion: 1\n", "a"), "(none)");
+    EXPECT_EQ(versionIn("Package : a\nVersion: 1\n", "a"), "(none)");
+}
+
+TEST(DpkgStatus, readsAFileWithCarriageReturnsAsOneStanza)
+{
+    const QByteArray status = "Package: a\r\nVersion: 1\r\n\r\nPackage: b\r\nVersion: 2\r\n";
+    EXPECT_EQ(versionIn(status, "a"), "(none)");
+    EXPECT_EQ(versionIn(status, "b"), "(none)");
+    EXPECT_EQ(versionIn(status, "b\r"), "2\r");
+}
+
+TEST(DpkgStatus, separatesStanzasByAnyNumberOfEmptyLines)
+{
+    const QByteArray status = "\nPackage: a\nVersion: 1\n\n\n\n\nPackage: b\nVersion: 2\n\n\n";
+    EXPECT_EQ(versionIn(status, "a"), "1");
+    EXPECT_EQ(versionIn(status, "b"), "2");
+}
+
+TEST(DpkgStatus, givesAnEmptyVersionWhenTheFieldIsEmpty)
+{
+    EXPECT_EQ(versionIn("Package: a\nVersion:\n", "a"), "");
+}
+
+TEST(DpkgStatus, readsBytesThatAreNotUtf8AsLatin1)
+{
+    EXPECT_EQ(versionIn("Package: a\nVersion: 1\xe9\n", "a"), "1\xc3\xa9");
+    EXPECT_EQ(versionIn("Package: a\nVersion: 1\xc3\xa9\n", "a"), "1\xc3\xa9");
+}
+
+TEST(DpkgStatus, readsPastAByteOrderMark)
+{
+    EXPECT_EQ(versionIn("\xef\xbb\xbfPackage: a\nVersion: 1\n", "a"), "1");
+}
+
+TEST_F(DpkgStatusFiles, areReadFromTheSecondPlaceWhenTheFirstIsMissing)
+{
+    const QString second = write(u"second"_s, "Package: a\nVersion: 1\n");
+    EXPECT_EQ(versionIn({ m_directory.filePath(u"missing"_s), second }, "a"), "1");
+}
+
+TEST_F(DpkgStatusFiles, endTheSearchWithTheFirstThatCanBeReadEvenWhenItIsEmpty)
+{
+    const QString first = write(u"first"_s, "");
+    const QString second = write(u"second"_s, "Package: a\nVersion: 1\n");
+    EXPECT_EQ(versionIn({ first, second }, "a"), "(none)");
+    EXPECT_EQ(versionIn({ write(u"other"_s, "Package: b\nVersion: 2\n"), second }, "a"), "(none)");
+}
+
+TEST_F(DpkgStatusFiles, tellNothingWhenNoneCanBeRead)
+{
+    EXPECT_EQ(versionIn({ m_directory.filePath(u"missing"_s), m_directory.path() }, "a"), "(none)");
+}
+
+TEST_F(DpkgStatusFiles, doNotBlockOnAPipeInTheirPlace)
+{
+    const QString pipe = m_directory.filePath(u"pipe"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(versionIn({ pipe, write(u"second"_s, "Package: a\nVersion: 1\n") }, "a"), "1");
+}
+
+TEST_F(DpkgStatusFiles, areReadAnewByEveryQuestionToTheManager)
+{
+    EXPECT_TRUE(manager().installedVersionForPackage(u"a"_s).isNull());
+    writeStatus("Package: a\nVersion: 1\n");
+    EXPECT_EQ(manager().installedVersionForPackage(u"a"_s), u"1"_s);
+    writeStatus("Package: a\nVersion: 2\n");
+    EXPECT_EQ(manager().installedVersionForPackage(u"a"_s), u"2"_s);
+}
+
+TEST_F(DpkgStatusFiles, giveTheManagerNullForAbsentAndEmptyForAnEmptyVersion)
+{
+    writeStatus("Package: a\nVersion:\n\nPackage: b\n");
+    EXPECT_FALSE(manager().installedVersionForPackage(u"a"_s).isNull());
+    EXPECT_TRUE(manager().installedVersionForPackage(u"a"_s).isEmpty());
+    EXPECT_TRUE(manager().installedVersionForPackage(u"b"_s).isNull());
+    EXPECT_TRUE(manager().installedVersionForPackage(u"c"_s).isNull());
+    EXPECT_TRUE(manager().installedVersionForPackage(QString()).isNull());
+}

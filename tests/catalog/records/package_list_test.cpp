@@ -1,0 +1,29 @@
+#include "tests/catalog/CatalogFixture.h"
+
+using namespace Qt::StringLiterals;
+
+TEST(PackageList, raisesItsRevisionWithEveryChange)
+{
+    PackageList list;
+    const auto changes = [&list](const auto& change) {
+        const quint64 before = list.revision();
+        change();
+        return list.revision() != before;
+    };
+    const auto package = makePackage(u"a"_s);
+    EXPECT_TRUE(changes([&] { list.push_back(package); }));
+    EXPECT_TRUE(changes([&] { list.remove(package); }));
+    EXPECT_TRUE(changes([&] { list.assign({ package, package }); }));
+    EXPECT_TRUE(changes([&] { list.clear(); }));
+}
+
+TEST(PackageList, removesEveryOccurrenceOfThatVeryRecordAndNoOtherOfItsIdentifier)
+{
+    PackageList list;
+    const auto one = makePackage(u"a"_s);
+    const auto other = makePackage(u"a"_s);
+    list.assign({ one, other, one });
+    list.remove(one);
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(list[0], other);
+}

@@ -1,0 +1,138 @@
+#include "catalog/records/VeskPackage.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Property
+{
+    const char* name;
+    QString (VeskPackage::*get)() const;
+    void (VeskPackage::*set)(const QString&);
+};
+
+const Property properties[] = {
+    { "packageID", &VeskPackage::packageID, &VeskPackage::setPackageID },
+    { "name", &VeskPackage::name, &VeskPackage::setName },
+    { "version", &VeskPackage::version, &VeskPackage::setVersion },
+    { "desc", &VeskPackage::desc, &VeskPackage::setDesc },
+    { "author", &VeskPackage::author, &VeskPackage::setAuthor },
+    { "maintainer", &VeskPackage::maintainer, &VeskPackage::setMaintainer },
+    { "section", &VeskPackage::section, &VeskPackage::setSection },
+    { "iconURLString", &VeskPackage::iconURLString, &VeskPackage::setIconURLString },
+    { "depictionURLString", &VeskPackage::depictionURLString, &VeskPackage::setDepictionURLString },
+    { "homepageURLString", &VeskPackage::homepageURLString, &VeskPackage::setHomepageURLString },
+    { "installedVersion", &VeskPackage::installedVersion, &VeskPackage::setInstalledVersion },
+};
+
+} // namespace
+
+TEST(VeskPackage, startsWithEveryTextNullAndNoSourceWhenMadePlainly)
+{
+    const VeskPackage package;
+    for (const Property& property : properties)
+        EXPECT_TRUE((package.*property.get)().isNull()) << property.name;
+    EXPECT_EQ(package.repository(), nullptr);
+    EXPECT_FALSE(package.installed());
+    EXPECT_FALSE(package.hasUpdate());
+}
+
+TEST(VeskPackage, keepsEachTextApartFromTheOthers)
+{
+    VeskPackage package;
+    for (const Property& property : properties)
+        (package.*property.set)(QString::fromLatin1(property.name));
+    for (const Property& property : properties)
+        EXPECT_EQ((package.*property.get)(), QString::fromLatin1(property.name));
+}
+
+TEST(VeskPackage, tellsNullFromEmptyInEveryText)
+{
+    VeskPackage package;
+    for (const Property& property : properties) {
+        (package.*property.set)(u""_s);
+        EXPECT_FALSE((package.*property.get)().isNull()) << property.name;
+        EXPECT_TRUE((package.*property.get)().isEmpty()) << property.name;
+        (package.*property.set)(QString());
+        EXPECT_TRUE((package.*property.get)().isNull()) << property.name;
+    }
+}
+
+TEST(VeskPackage, givesBackTextsOfAllScriptsAndWithNulCharactersUnchanged)
+{
+    VeskPackage package;
+    const QString text = u"Ünï → 漢字 \U0001F600 e\u0301"_s + QChar(u'\0') + u"x"_s;
+    package.setName(text);
+    EXPECT_EQ(package.name(), text);
+}
+
+TEST(VeskPackage, keepsItsSourceAlive)
+{
+    VeskPackage package;
+    std::weak_ptr<VeskRepository> source;
+    {
+        const auto repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+        source = repository;
+        package.setRepository(repository);
+    }
+    ASSERT_FALSE(source.expired());
+    EXPECT_EQ(package.repository()->name(), u"A"_s);
+}
+
+TEST(VeskPackage, countsAsInstalledWithAnyVersionEvenAnEmptyOne)
+{
+    VeskPackage package;
+    package.setInstalledVersion(u""_s);
+    EXPECT_TRUE(package.installed());
+    package.setInstalledVersion(QString());
+    EXPECT_FALSE(package.installed());
+}
+
+TEST(VeskPackage, hasAnUpdateWhenTheInstalledVersionIsAnyOtherText)
+{
+    VeskPackage package;
+    package.setVersion(u"1.0"_s);
+    EXPECT_FALSE(package.hasUpdate());
+    package.setInstalledVersion(u"1.0"_s);
+    EXPECT_FALSE(package.hasUpdate());
+    package.setInstalledVersion(u"0.9"_s);
+    EXPECT_TRUE(package.hasUpdate());
+}
+
+TEST(VeskPackage, offersADowngradeAsAnUpdateAndAnEpochToo)
+{
+    VeskPackage package;
+    package.setVersion(u"1.0"_s);
+    package.setInstalledVersion(u"1.1"_s);
+    EXPECT_TRUE(package.hasUpdate());
+    package.setInstalledVersion(u"0:1.0"_s);
+    EXPECT_TRUE(package.hasUpdate());
+}
+
+TEST(VeskPackage, isNoOtherRecordForHavingTheSameIdentifier)
+{
+    const auto one = std::make_shared<VeskPackage>();
+    const auto other = std::make_shared<VeskPackage>();
+    one->setPackageID(u"a"_s);
+    other->setPackageID(u"a"_s);
+    EXPECT_NE(one, other);
+}
+
+TEST(VeskPackage, leavesItsNeighboursAloneWhenItIsChanged)
+{
+    const auto origin = std::make_shared<PackageOrigin>();
+    origin->repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    VeskPackage::TextHandles texts{};
+    texts[0] = origin->texts.add("shared");
+    VeskPackage one(origin, texts);
+    const VeskPackage other(origin, texts);
+    one.setRepository(nullptr);
+    EXPECT_EQ(one.packageID(), u"shared"_s);
+    one.setPackageID(u"changed"_s);
+    EXPECT_EQ(one.packageID(), u"changed"_s);
+    EXPECT_EQ(one.repository(), nullptr);
+    EXPECT_EQ(other.packageID(), u"shared"_s);
+    EXPECT_EQ(other.repository(), origin->repository);
+}

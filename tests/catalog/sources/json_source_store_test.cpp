@@ -1,0 +1,260 @@
+#include "catalog/sources/JsonSourceStore.h"
+#include "tests/catalog/CatalogFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+class JsonStore : public testing::Test
+{
+protected:
+    QString path() const { return m_directory.filePath(u"vesk/defaults.json"_s); }
+
+    void write(const QByteArray& contents) const
+    {
+        ASSERT_TRUE(QDir().mkpath(m_directory.filePath(u"vesk"_s)));
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(contents);
+    }
+
+    QByteArray contents() const { return contentsOf(path()); }
+
+    static QByteArray contentsOf(const QString& filePath)
+    {
+        QFile file(filePath);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
+    }
+
+    QStringList otherFiles() const
+    {
+        QStringList names = QDir(m_directory.filePath(u"vesk"_s)).entryList(QDir::Files | QDir::System | QDir::Hidden);
+        names.removeAll(u"defaults.json"_s);
+        return names;
+    }
+
+    std::optional<std::vector<StoredSource>> read() const { return JsonSourceStore(path()).sources(); }
+    bool save(const std::vector<StoredSource>& sources) const { return JsonSourceStore(path()).setSources(sources); }
+    std::vector<StoredSource> readElements(const QByteArray& elements) const
+    {
+        write("{\"VeskDefaultRepos_v1\":[" + elements + "]}");
+        return read().value_or(std::vector<StoredSource>());
+    }
+
+    QTemporaryDir m_directory;
+    const std::vector<StoredSource> m_two{ { u"https://b"_s, u"B \"ü\""_s, false }, { u""_s, u""_s, true } };
+};
+
+TEST_F(JsonStore, standsUnderTheConfigurationDirectory)
+{
+    EXPECT_TRUE(JsonSourceStore::standardPath().endsWith(u"/vesk/defaults.json"_s));
+}
+
+TEST_F(JsonStore, hasNoListBeforeTheFirstWrite)
+{
+    EXPECT_FALSE(read().has_value());
+}
+
+TEST_F(JsonStore, givesBackWhatWasWrittenInItsOrder)
+{
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+    ASSERT_TRUE(save({}));
+    ASSERT_TRUE(read().has_value());
+    EXPECT_TRUE(read()->empty());
+    EXPECT_TRUE(otherFiles().isEmpty());
+}
+
+TEST_F(JsonStore, holdsExactlyThreeEntriesASourceUnderItsOneKey)
+{
+    ASSERT_TRUE(save({ m_two[0] }));
+    const QJsonObject root = QJsonDocument::fromJson(contents()).object();
+    EXPECT_EQ(root.keys(), QStringList(u"VeskDefaultRepos_v1"_s));
+    const QJsonObject entry{ { u"url"_s, u"https://b"_s }, { u"name"_s, u"B \"ü\""_s }, { u"enabled"_s, false } };
+    EXPECT_EQ(root.value(u"VeskDefaultRepos_v1"_s).toArray(), QJsonArray({ entry }));
+}
+
+TEST_F(JsonStore, leavesOtherKeysAsTheyAre)
+{
+    write("{\"Other\":{\"x\":[1,2]},\"VeskDefaultRepos_v1\":[]}");
+    ASSERT_TRUE(save(m_two));
+    const QJsonObject root = QJsonDocument::fromJson(contents()).object();
+    EXPECT_EQ(root.value(u"Other"_s).toObject().value(u"x"_s).toArray(), QJsonArray({ 1, 2 }));
+    EXPECT_EQ(read(), m_two);
+    EXPECT_TRUE(otherFiles().isEmpty());
+}
+
+TEST_F(JsonStore, givesMissingEntriesTheirDefaults)
+{
+    const auto sources = readElements("{\"url\":\"u\"},{\"name\":\"n\"},{\"enabled\":true},{}");
+    EXPECT_EQ(sources,
+        std::vector<StoredSource>(
+            { { u"u"_s, u""_s, false }, { u""_s, u"n"_s, false }, { u""_s, u""_s, true }, { u""_s, u""_s, false } }));
+    for (const StoredSource& source : sources) {
+        EXPECT_FALSE(source.url.isNull());
+        EXPECT_FALSE(source.name.isNull());
+    }
+}
+
+TEST_F(JsonStore, givesEntriesOfTheWrongKindTheirDefaults)
+{
+    const auto sources
+        = readElements("{\"url\":1,\"name\":[\"n\"],\"enabled\":\"true\"},{\"url\":null,\"name\":{},\"enabled\":null}");
+    EXPECT_EQ(sources, std::vector<StoredSource>({ { u""_s, u""_s, false }, { u""_s, u""_s, false } }));
+    EXPECT_FALSE(sources[0].url.isNull());
+}
+
+TEST_F(JsonStore, takesNumbersForSwitchesAsTheyCount)
+{
+    const auto sources = readElements("{\"enabled\":1},{\"enabled\":0},{\"enabled\":-2.5}");
+    ASSERT_EQ(sources.size(), 3U);
+    EXPECT_TRUE(sources[0].enabled);
+    EXPECT_FALSE(sources[1].enabled);
+    EXPECT_TRUE(sources[2].enabled);
+}
+
+TEST_F(JsonStore, keepsThePlaceOfElementsThatAreNoDictionaries)
+{
+    const auto sources = readElements("{\"url\":\"u\",\"name\":\"n\",\"enabled\":true},5,\"x\",null,[1],true");
+    ASSERT_EQ(sources.size(), 6U);
+    EXPECT_EQ(sources[0], (StoredSource{ u"u"_s, u"n"_s, true }));
+    for (std::size_t index = 1; index < sources.size(); ++index)
+        EXPECT_EQ(sources[index], (StoredSource{ u""_s, u""_s, false }));
+}
+
+TEST_F(JsonStore, takesAKeyThatHoldsNoListForAbsentAndKeepsACopyBeforeItIsReplaced)
+{
+    const QByteArray damaged = "{\"Other\":1,\"VeskDefaultRepos_v1\":\"https://only.one\"}";
+    write(damaged);
+    EXPECT_FALSE(read().has_value());
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+    EXPECT_EQ(QJsonDocument::fromJson(contents()).object().value(u"Other"_s).toInt(), 1);
+    ASSERT_EQ(otherFiles().size(), 1);
+    EXPECT_EQ(contentsOf(m_directory.filePath(u"vesk/"_s + otherFiles().first())), damaged);
+}
+
+TEST_F(JsonStore, keepsAnUnreadableFileBesideItselfBeforeWriting)
+{
+    int kept = 0;
+    for (const QByteArray& bad : { QByteArray("not JSON"), QByteArray(), QByteArray("[1,2]"), QByteArray("{\"a\":1"),
+             QByteArray("\xff\xfe\0\1", 4), QByteArray("{\"VeskDefaultRepos_v1\":[]} trailing") }) {
+        write(bad);
+        EXPECT_FALSE(read().has_value());
+        EXPECT_EQ(contents(), bad) << "reading alone must change nothing";
+        ASSERT_TRUE(save(m_two));
+        EXPECT_EQ(read(), m_two);
+        EXPECT_EQ(otherFiles().size(), ++kept);
+        const QStringList others = otherFiles();
+        EXPECT_TRUE(std::any_of(others.begin(), others.end(),
+            [&](const QString& name) { return contentsOf(m_directory.filePath(u"vesk/"_s + name)) == bad; }));
+    }
+}
+
+TEST_F(JsonStore, doesNotReadAHugeFileAndKeepsItBeside)
+{
+    write("{}");
+    QFile file(path());
+    ASSERT_TRUE(file.resize(qint64(3) << 30));
+    EXPECT_FALSE(read().has_value());
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+    EXPECT_EQ(otherFiles().size(), 1);
+}
+
+TEST_F(JsonStore, survivesNestingWithoutEnd)
+{
+    write(QByteArray("{\"VeskDefaultRepos_v1\":") + QByteArray(1000000, '['));
+    EXPECT_FALSE(read().has_value());
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+}
+
+TEST_F(JsonStore, doesNotBlockOnAPipeInItsPlace)
+{
+    ASSERT_TRUE(QDir().mkpath(m_directory.filePath(u"vesk"_s)));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
+    EXPECT_FALSE(read().has_value());
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+}
+
+TEST_F(JsonStore, movesADirectoryInItsPlaceAway)
+{
+    ASSERT_TRUE(QDir().mkpath(path() + u"/inner"_s));
+    EXPECT_FALSE(read().has_value());
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+    EXPECT_EQ(QDir(m_directory.filePath(u"vesk"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+}
+
+TEST_F(JsonStore, writesThroughASymbolicLink)
+{
+    write("{}");
+    const QString target = m_directory.filePath(u"elsewhere.json"_s);
+    ASSERT_TRUE(QFile::rename(path(), target));
+    ASSERT_TRUE(QFile::link(target, path()));
+    ASSERT_TRUE(save(m_two));
+    EXPECT_EQ(JsonSourceStore(target).sources(), m_two);
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+}
+
+TEST_F(JsonStore, saysSoWhenItCannotBeWritten)
+{
+    // A file in the directory's place stops every user, the superuser too.
+    QFile file(m_directory.filePath(u"vesk"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    EXPECT_FALSE(save(m_two));
+    EXPECT_FALSE(read().has_value());
+}
+
+TEST_F(JsonStore, thatCannotBeWrittenLosesNoSourceInMemory)
+{
+    QFile file(m_directory.filePath(u"vesk"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    CatalogWorld world;
+    world.store = std::make_unique<JsonSourceStore>(path());
+    world.network = std::make_unique<QNetworkAccessManager>();
+    world.workers = QThreadPool::globalInstance();
+    RepoManager manager(std::move(world));
+    EXPECT_EQ(manager.repositories().size(), 4U);
+    manager.toggleRepository(manager.repositories()[0], false);
+    EXPECT_FALSE(manager.repositories()[0]->enabled());
+}
+
+TEST_F(JsonStore, leavesNothingHalfWrittenBehind)
+{
+    for (int round = 0; round < 20; ++round)
+        ASSERT_TRUE(save(std::vector<StoredSource>(static_cast<std::size_t>(round), m_two[0])));
+    EXPECT_TRUE(otherFiles().isEmpty());
+    EXPECT_EQ(read()->size(), 19U);
+}
+
+TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
+{
+    const auto restart = [this] {
+        CatalogWorld world;
+        world.store = std::make_unique<JsonSourceStore>(path());
+        world.network = std::make_unique<QNetworkAccessManager>();
+        world.workers = QThreadPool::globalInstance();
+        return std::make_unique<RepoManager>(std::move(world));
+    };
+    auto manager = restart();
+    manager->toggleRepository(manager->repositories()[1], false);
+    manager->removeRepository(manager->repositories()[0]);
+    manager = restart();
+    ASSERT_EQ(manager->repositories().size(), 3U);
+    EXPECT_EQ(manager->repositories()[0]->name(), u"Havoc"_s);
+    EXPECT_FALSE(manager->repositories()[0]->enabled());
+    EXPECT_TRUE(manager->repositories()[1]->enabled());
+    EXPECT_FALSE(manager->repositories()[0]->lastRefresh().isValid());
+}

@@ -1,0 +1,103 @@
+#include "tests/support/LoopbackServer.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QTcpSocket>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int patience = 20000;
+
+struct Answer
+{
+    int status = 0;
+    QByteArray body;
+    QNetworkReply::NetworkError error = QNetworkReply::NoError;
+};
+
+Answer get(const LoopbackServer& server, const QString& path)
+{
+    QNetworkAccessManager network;
+    const std::unique_ptr<QNetworkReply> reply(network.get(QNetworkRequest(QUrl(server.url(path)))));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reply->isFinished(); }, patience));
+    return { reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), reply->readAll(), reply->error() };
+}
+
+} // namespace
+
+TEST(LoopbackServer, answersWhatItWasGivenAnd404Otherwise)
+{
+    LoopbackServer server;
+    server.serve("/a?b=c", "body");
+    EXPECT_EQ(get(server, u"/a?b=c"_s).body, "body");
+    EXPECT_EQ(get(server, u"/a?b=c"_s).status, 200);
+    EXPECT_EQ(get(server, u"/a"_s).status, 404);
+    EXPECT_EQ(server.requestedPaths(), std::vector<QByteArray>({ "/a?b=c", "/a?b=c", "/a" }));
+    EXPECT_FALSE(server.requests()[0].header("host").isNull());
+    EXPECT_TRUE(server.requests()[0].header("no-such").isNull());
+}
+
+TEST(LoopbackServer, servesABlockingClientOnTheSameThread)
+{
+    LoopbackServer server;
+    server.serve("/a", "body");
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, server.port());
+    ASSERT_TRUE(socket.waitForConnected(patience));
+    socket.write("GET /a HTTP/1.1\r\nHost: x\r\n\r\n");
+    QByteArray received;
+    while (!received.endsWith("body") && socket.waitForReadyRead(patience))
+        received += socket.readAll();
+    EXPECT_TRUE(received.startsWith("HTTP/1.1 200"));
+}
+
+TEST(LoopbackServer, sendsFillerWithoutKeepingIt)
+{
+    LoopbackServer server;
+    LoopbackServer::Reply reply;
+    reply.body = "start";
+    reply.fillerSize = 3000000;
+    server.setReply("/a", reply);
+    const Answer answer = get(server, u"/a"_s);
+    EXPECT_EQ(answer.body.size(), 3000005);
+    EXPECT_TRUE(answer.body.startsWith("startxxx"));
+}
+
+TEST(LoopbackServer, holdsAReplyBackUntilItIsReleased)
+{
+    LoopbackServer server;
+    LoopbackServer::Reply reply;
+    reply.body = "late";
+    reply.timing = LoopbackServer::Timing::Held;
+    server.setReply("/a", reply);
+    QNetworkAccessManager network;
+    const std::unique_ptr<QNetworkReply> held(network.get(QNetworkRequest(QUrl(server.url(u"/a"_s)))));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return server.requests().size() == 1; }, patience));
+    EXPECT_FALSE(held->isFinished());
+    server.release("/a");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return held->isFinished(); }, patience));
+    EXPECT_EQ(held->readAll(), "late");
+    EXPECT_EQ(get(server, u"/a"_s).body, "late");
+}
+
+TEST(LoopbackServer, breaksOffAndResetsAndTalksNonsenseOnRequest)
+{
+    LoopbackServer server;
+    LoopbackServer::Reply reply;
+    reply.body = "part";
+    reply.declaredLength = 100;
+    reply.ending = LoopbackServer::Ending::Close;
+    server.setReply("/close", reply);
+    reply.ending = LoopbackServer::Ending::Reset;
+    server.setReply("/reset", reply);
+    reply.garbage = "nonsense";
+    server.setReply("/garbage", reply);
+    EXPECT_NE(get(server, u"/close"_s).error, QNetworkReply::NoError);
+    EXPECT_NE(get(server, u"/reset"_s).error, QNetworkReply::NoError);
+    EXPECT_NE(get(server, u"/garbage"_s).error, QNetworkReply::NoError);
+}

@@ -1,0 +1,216 @@
+#include "ui/kit/navigation/TabBarController.h"
+
+#include "tests/ui/kit/navigation/LifeRecorder.h"
+#include "ui/kit/navigation/NavigationController.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Two tabs: the stack of "first" and the stack of "second", of which the second has a search field.
+class TabBarControllerTest : public testing::Test
+{
+protected:
+    TabBarControllerTest()
+        : first(new kit::NavigationController(new LifeRecorder(QStringLiteral("first"), moments)))
+        , second(new kit::NavigationController(new LifeRecorder(QStringLiteral("second"), moments)))
+    {
+        second->viewControllers().front()->navigationItem()->setSearchController(new kit::SearchController);
+        tabs.setViewControllers({ first, second });
+    }
+    void show()
+    {
+        tabs.layOut({ 0, 0, 320, 600 });
+        tabs.beginAppearance();
+        tabs.endAppearance();
+        moments.clear();
+    }
+    kit::SearchBar* searchBar() const
+    {
+        return second->viewControllers().front()->navigationItem()->searchController()->searchBar();
+    }
+
+    QStringList moments;
+    kit::NavigationController* first;
+    kit::NavigationController* second;
+    kit::TabBarController tabs;
+};
+
+} // namespace
+
+TEST_F(TabBarControllerTest, selectsItsFirstTabAndOwnsAll)
+{
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+    EXPECT_EQ(tabs.selectedViewController(), first);
+    EXPECT_EQ(second->parent(), &tabs);
+    EXPECT_EQ(tabs.tabModel()->rowCount(), 2);
+}
+
+TEST_F(TabBarControllerTest, loadsAScreenOnlyWhenItsTabIsSelected)
+{
+    tabs.layOut({ 0, 0, 320, 600 });
+    tabs.beginAppearance();
+    tabs.endAppearance();
+    EXPECT_EQ(taken(moments),
+        (QStringList{
+            QStringLiteral("first loaded"), QStringLiteral("first will appear"), QStringLiteral("first did appear") }));
+    EXPECT_FALSE(second->isViewLoaded());
+    tabs.setSelectedIndex(1);
+    EXPECT_TRUE(second->isViewLoaded());
+    EXPECT_EQ(second->view()->frame(), QRectF(0, 0, 320, 551));
+}
+
+TEST_F(TabBarControllerTest, letsTheOldTabGoAndTheNewOneCome)
+{
+    show();
+    tabs.tapTab(1);
+    EXPECT_EQ(taken(moments),
+        (QStringList{ QStringLiteral("second loaded"), QStringLiteral("first will disappear"),
+            QStringLiteral("second will appear"), QStringLiteral("first did disappear"),
+            QStringLiteral("second did appear") }));
+    tabs.tapTab(0);
+    EXPECT_EQ(moments,
+        (QStringList{ QStringLiteral("second will disappear"), QStringLiteral("first will appear"),
+            QStringLiteral("second did disappear"), QStringLiteral("first did appear") }));
+}
+
+TEST_F(TabBarControllerTest, keepsEachTabsStack)
+{
+    show();
+    first->pushViewController(
+        new LifeRecorder(QStringLiteral("deeper"), moments), kit::NavigationController::Animation::None);
+    tabs.tapTab(1);
+    tabs.tapTab(0);
+    EXPECT_EQ(first->topViewController()->objectName(), QStringLiteral("deeper"));
+}
+
+TEST_F(TabBarControllerTest, goesBackToTheRootAtASecondTap)
+{
+    show();
+    first->pushViewController(
+        new LifeRecorder(QStringLiteral("deeper"), moments), kit::NavigationController::Animation::None);
+    tabs.tapTab(0);
+    EXPECT_EQ(first->topViewController()->objectName(), QStringLiteral("first"));
+    moments.clear();
+    tabs.tapTab(0);
+    EXPECT_TRUE(moments.isEmpty());
+}
+
+TEST_F(TabBarControllerTest, ignoresTabsThatAreNotThere)
+{
+    show();
+    QSignalSpy changed(&tabs, &kit::TabBarController::selectedIndexChanged);
+    tabs.setSelectedIndex(2);
+    tabs.tapTab(7);
+    tabs.setSelectedIndex(-1);
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+    EXPECT_EQ(changed.count(), 0);
+}
+
+TEST_F(TabBarControllerTest, givesATabTheSizeThatChangedInItsAbsence)
+{
+    show();
+    tabs.tapTab(1);
+    tabs.layOut({ 0, 0, 700, 400 });
+    EXPECT_EQ(second->view()->frame(), QRectF(0, 0, 700, 351));
+    tabs.tapTab(0);
+    EXPECT_EQ(first->view()->frame(), QRectF(0, 0, 700, 351));
+}
+
+TEST_F(TabBarControllerTest, goesIntoTheSearchFieldFromAnotherTab)
+{
+    show();
+    tabs.activateSearch();
+    EXPECT_EQ(tabs.selectedIndex(), 1);
+    EXPECT_TRUE(searchBar()->isActive());
+}
+
+TEST_F(TabBarControllerTest, goesIntoTheSearchFieldFromAScreenAboveIt)
+{
+    show();
+    tabs.tapTab(1);
+    second->pushViewController(
+        new LifeRecorder(QStringLiteral("result"), moments), kit::NavigationController::Animation::None);
+    tabs.activateSearch();
+    EXPECT_EQ(second->topViewController()->objectName(), QStringLiteral("second"));
+    EXPECT_TRUE(searchBar()->isActive());
+}
+
+TEST_F(TabBarControllerTest, asksForTheFocusAgainWhenSearchIsActiveAlready)
+{
+    show();
+    tabs.activateSearch();
+    QSignalSpy asked(searchBar(), &kit::SearchBar::activeChanged);
+    tabs.activateSearch();
+    EXPECT_TRUE(searchBar()->isActive());
+    EXPECT_GE(asked.count(), 1);
+}
+
+TEST_F(TabBarControllerTest, staysWhereItIsWithoutASearchField)
+{
+    second->viewControllers().front()->navigationItem()->setSearchController(nullptr);
+    show();
+    tabs.activateSearch();
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+}
+
+TEST_F(TabBarControllerTest, passesItsOwnDisappearanceOnToTheSelectedTab)
+{
+    show();
+    tabs.beginDisappearance();
+    tabs.endDisappearance();
+    EXPECT_EQ(
+        taken(moments), (QStringList{ QStringLiteral("first will disappear"), QStringLiteral("first did disappear") }));
+    tabs.tapTab(1);
+    EXPECT_EQ(taken(moments), QStringList{ QStringLiteral("second loaded") });
+    tabs.beginAppearance();
+    tabs.endAppearance();
+    EXPECT_EQ(moments, (QStringList{ QStringLiteral("second will appear"), QStringLiteral("second did appear") }));
+}
+
+TEST_F(TabBarControllerTest, putsOtherTabsInTheirPlaceAndKeepsThoseThatStay)
+{
+    show();
+    const QPointer<kit::ViewController> gone(first);
+    auto* const third = new kit::NavigationController(new LifeRecorder(QStringLiteral("third"), moments));
+    tabs.setViewControllers({ second, third });
+    EXPECT_EQ(taken(moments),
+        (QStringList{ QStringLiteral("first will disappear"), QStringLiteral("first did disappear"),
+            QStringLiteral("second loaded"), QStringLiteral("second will appear"),
+            QStringLiteral("second did appear") }));
+    EXPECT_EQ(tabs.tabModel()->objects(), (QList<QObject*>{ second, third }));
+    EXPECT_EQ(tabs.selectedViewController(), second);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(gone.isNull());
+    EXPECT_EQ(second->parent(), &tabs);
+}
+
+TEST_F(TabBarControllerTest, canBeLeftWithoutTabs)
+{
+    show();
+    tabs.setViewControllers({});
+    EXPECT_EQ(tabs.selectedIndex(), -1);
+    EXPECT_EQ(tabs.selectedViewController(), nullptr);
+    EXPECT_EQ(tabs.tabModel()->rowCount(), 0);
+    tabs.layOut({ 0, 0, 500, 500 });
+    tabs.beginDisappearance();
+    tabs.endDisappearance();
+}
+
+TEST(EmptyTabBarController, hasNothingSelected)
+{
+    kit::TabBarController tabs;
+    tabs.setViewControllers({});
+    tabs.layOut({ 0, 0, 320, 600 });
+    tabs.beginAppearance();
+    tabs.endAppearance();
+    EXPECT_EQ(tabs.selectedViewController(), nullptr);
+    tabs.activateSearch();
+    tabs.tapTab(0);
+    EXPECT_EQ(tabs.selectedIndex(), -1);
+}

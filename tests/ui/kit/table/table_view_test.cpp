@@ -1,0 +1,395 @@
+#include "tests/ui/kit/table/TableWorld.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class OtherCell : public kit::TableViewCell
+{
+    Q_OBJECT
+
+public:
+    using kit::TableViewCell::TableViewCell;
+};
+
+void deleteWhatIsToGo()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+TEST(TableView, asksForNothingBeforeItsFirstLayout)
+{
+    TableWorld world({ 100 });
+    EXPECT_EQ(world.source.cellsAsked, 0);
+    world.show();
+    EXPECT_EQ(world.source.cellsAsked, 10);
+}
+
+TEST(TableView, makesCellsForTheVisibleRowsOnly)
+{
+    TableWorld world({ 1'000'000 });
+    world.show();
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
+    EXPECT_EQ(world.table.contentHeight(), 60'000'000);
+    EXPECT_EQ(world.table.cellForRow({ 0, 10 }), nullptr);
+}
+
+TEST(TableView, neverMakesMoreThanOneCellBeyondTheVisibleOnes)
+{
+    TableWorld world({ 100'000 });
+    world.show();
+    for (int offset = 0; offset < 30'000; offset += 7)
+        world.table.setContentOffset(offset);
+    for (int offset = 30'000; offset > 0; offset -= 450)
+        world.table.setContentOffset(offset);
+    EXPECT_LE(world.source.cells.size(), 11U);
+}
+
+TEST(TableView, jumpsAnywhereWithTheCellsItHas)
+{
+    TableWorld world({ 1'000'000 });
+    world.show();
+    world.table.setContentOffset(500'000 * 60.0);
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    EXPECT_EQ(world.textAt({ 0, 500'000 }), QStringLiteral("0.500000"));
+    EXPECT_EQ(world.table.cellForRow({ 0, 500'000 })->frame(), QRectF(0, 500'000 * 60.0, 320, 60));
+}
+
+TEST(TableView, preparesACellBeforeItServesAnotherRow)
+{
+    TableWorld world({ 100 });
+    world.show();
+    const CountingCell* first = world.cellAt({ 0, 0 });
+    EXPECT_EQ(first->reuses(), 0);
+    world.table.setContentOffset(60);
+    EXPECT_EQ(world.cellAt({ 0, 10 }), first);
+    EXPECT_EQ(first->reuses(), 1);
+    EXPECT_EQ(first->indexPath(), (kit::IndexPath{ 0, 10 }));
+    EXPECT_EQ(world.textAt({ 0, 10 }), QStringLiteral("0.10"));
+}
+
+TEST(TableView, reusesACellOnlyForItsIdentifier)
+{
+    TableWorld world({ 100 });
+    world.source.otherKindEvery = 4;
+    world.show();
+    for (int offset = 0; offset < 3'000; offset += 30)
+        world.table.setContentOffset(offset);
+    for (const kit::IndexPath& row : world.table.indexPathsForVisibleRows())
+        EXPECT_EQ(world.table.cellForRow(row)->reuseIdentifier(),
+            row.row % 4 == 0 ? QStringLiteral("OtherCell") : QStringLiteral("Cell"));
+    EXPECT_EQ(world.table.dequeueReusableCell(QStringLiteral("UnknownCell")), nullptr);
+}
+
+TEST(TableView, keepsCellsOfAnotherClassForThoseWhoAskForThem)
+{
+    TableWorld world({ 1 });
+    world.show();
+    const QString name = QStringLiteral("Cell");
+    world.table.reloadData();
+    world.source.rows = { 0 };
+    world.table.reloadData();
+    auto* const other = world.table.dequeueCell<OtherCell>(name, kit::TableViewCell::Style::Default);
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(world.source.cells.count(other), 0U)
+        << "a cell of another class is no " << other->metaObject()->className();
+    kit::TableViewCell* const plain = world.table.dequeueReusableCell(name);
+    EXPECT_EQ(world.source.cells.count(plain), 1U) << "it waits for the next who asks";
+    delete other;
+}
+
+TEST(TableView, makesNoCellsForRowsWithoutAHeight)
+{
+    TableWorld world({ 1'000'000 });
+    world.source.heightEvery = 250'000;
+    world.show();
+    EXPECT_EQ(world.table.indexPathsForVisibleRows(),
+        (std::vector<kit::IndexPath>{ { 0, 0 }, { 0, 250'000 }, { 0, 500'000 }, { 0, 750'000 } }));
+    EXPECT_EQ(world.source.cellsAsked, 4);
+}
+
+TEST(TableView, showsEmptyRowsWhereItsDelegateHasNoCells)
+{
+    TableWorld world({ 100 });
+    world.source.withoutCells = true;
+    world.show();
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
+    EXPECT_TRUE(world.textAt({ 0, 0 }).isEmpty());
+    for (double offset = 0; offset < 5'000; offset += 70)
+        world.table.setContentOffset(offset);
+    EXPECT_LE(world.table.cellModel()->rowCount(), 11);
+}
+
+TEST(TableView, isEmptyOnceItsDelegateIsGone)
+{
+    TableWorld world({ 100, 5 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.source.editable = true;
+    world.show();
+    world.table.setContentOffset(1'000);
+    world.table.setDelegate(nullptr);
+    EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+    EXPECT_EQ(world.table.contentHeight(), 0);
+    world.table.setFrame({ 0, 0, 400, 300 });
+    world.table.reloadData();
+    world.table.tapRow(0, 0);
+    world.table.openRowForDeletion(0, 0);
+    world.table.deleteTapped(0, 0);
+    world.table.deleteRow({ 0, 0 }, kit::TableView::Animation::None);
+    world.table.setDelegate(&world.source);
+    world.table.reloadData();
+    EXPECT_EQ(world.textAt({ 0, 0 }), QStringLiteral("0.0"));
+}
+
+TEST(TableView, hidesCellsThatNoRowUses)
+{
+    TableWorld world({ 20 });
+    world.show();
+    world.source.rows = { 3 };
+    world.table.reloadData();
+    int shown = 0;
+    for (const kit::TableViewCell* cell : world.source.cells)
+        shown += cell->isHidden() ? 0 : 1;
+    EXPECT_EQ(shown, 3);
+}
+
+TEST(TableView, putsTheVisibleCellsUpForReuseBeforeItReloads)
+{
+    TableWorld world({ 100 });
+    world.show();
+    const CountingCell* first = world.cellAt({ 0, 0 });
+    world.table.reloadData();
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    EXPECT_EQ(world.source.cellsAsked, 20);
+    EXPECT_EQ(first->reuses(), 1);
+}
+
+TEST(TableView, givesADequeuedCellItsSeparatorInsetOnce)
+{
+    kit::TableView table;
+    table.setSeparatorInset({ 0, 15, 0, 0 });
+    const std::unique_ptr<kit::TableViewCell> cell(
+        table.dequeueCell<kit::TableViewCell>(QStringLiteral("Cell"), kit::TableViewCell::Style::Value1));
+    EXPECT_EQ(cell->separatorInset(), (kit::EdgeInsets{ 0, 15, 0, 0 }));
+    EXPECT_EQ(cell->style(), kit::TableViewCell::Style::Value1);
+    EXPECT_EQ(cell->reuseIdentifier(), QStringLiteral("Cell"));
+}
+
+TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
+{
+    TableWorld world({ 100 });
+    world.source.firstRowHeight = 68;
+    world.show();
+    EXPECT_EQ(world.table.rectForRow({ 0, 0 }), QRectF(0, 0, 320, 68));
+    EXPECT_EQ(world.table.rectForRow({ 0, 1 }), QRectF(0, 68, 320, 60));
+    EXPECT_EQ(world.table.rectForRow({ 0, 100 }), QRectF());
+    EXPECT_EQ(world.table.rectForRow({ 4, 0 }), QRectF());
+    EXPECT_EQ(world.table.rectForRow({ -1, -1 }), QRectF());
+}
+
+TEST(TableView, treatsANegativeCountOfRowsAsNone)
+{
+    TableWorld world({ -3 });
+    world.show();
+    EXPECT_EQ(world.table.contentHeight(), 0);
+    EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+}
+
+TEST(TableView, pullsTheOffsetBackWhenTheContentShrinks)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(5'000);
+    QSignalSpy moved(&world.table, &kit::TableView::contentOffsetChanged);
+    world.source.rows = { 20 };
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), 600);
+    EXPECT_EQ(moved.count(), 1);
+    EXPECT_EQ(world.textAt({ 0, 19 }), QStringLiteral("0.19"));
+    world.source.rows = { 2 };
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(TableView, keepsTheOffsetWhenAReloadLeavesRoomForIt)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(1'234);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), 1'234);
+}
+
+TEST(TableView, staysPulledDownOverAReload)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(-60);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentOffset(), -60);
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 9U);
+}
+
+TEST(TableView, showsNothingFarBelowItsEndAndComesBack)
+{
+    TableWorld world({ 10 });
+    world.show();
+    world.table.setContentOffset(10'000);
+    EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+    world.table.setContentOffset(0);
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
+}
+
+TEST(TableView, findsTheRowAtAPoint)
+{
+    TableWorld world({ 2, 2 });
+    world.source.headerHeight = 25;
+    world.show();
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 10, 10 }));
+    EXPECT_EQ(world.table.indexPathForRowAtPoint({ 10, 90 }), (kit::IndexPath{ 0, 1 }));
+    EXPECT_EQ(world.table.indexPathForRowAtPoint({ 319, 175 }), (kit::IndexPath{ 1, 0 }));
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 321, 175 }));
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ -1, 175 }));
+    EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 10, -5 }));
+}
+
+TEST(TableView, findsTheRowAtAPointOfAScrolledTableInContentCoordinates)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(600);
+    const kit::TableViewCell* cell = world.table.cellForRow({ 0, 12 });
+    EXPECT_EQ(world.table.indexPathForRowAtPoint(cell->convertPointToView({ 5, 5 }, &world.table)),
+        (kit::IndexPath{ 0, 12 }));
+}
+
+TEST(TableView, makesItsHeadersAnewWithTheNewWidth)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    ASSERT_EQ(world.source.headers.size(), 2U);
+    world.table.setFrame({ 0, 0, 500, 600 });
+    ASSERT_EQ(world.source.headers.size(), 4U);
+    EXPECT_EQ(world.table.headerView(1)->frame(), QRectF(0, 205, 500, 25));
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->width(), 500);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(world.source.headers[0].isNull());
+    EXPECT_TRUE(world.source.headers[1].isNull());
+}
+
+TEST(TableView, keepsOnlyTheLastHeadersAmongItsSubviews)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    const auto before = world.table.subviews().size();
+    for (int reload = 0; reload < 20; ++reload)
+        world.table.reloadData();
+    EXPECT_EQ(world.table.subviews().size(), before);
+    EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
+}
+
+TEST(TableView, pinsItsHeaderWhileItScrolls)
+{
+    TableWorld world({ 20, 20 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.setContentOffset(100);
+    EXPECT_EQ(world.table.headerView(0)->frame().top(), 100);
+    world.table.setContentOffset(1'210);
+    EXPECT_EQ(world.table.headerView(0)->frame().top(), 1'200);
+    EXPECT_EQ(world.table.headerView(1)->frame().top(), 1'225);
+    EXPECT_EQ(world.table.headerView(2), nullptr);
+}
+
+TEST(TableView, movesItsRowsWhenTheTableHeaderViewGrows)
+{
+    TableWorld world({ 20 });
+    auto* header = new kit::View({ 0, 0, 320, 100 });
+    world.table.setTableHeaderView(header);
+    world.show();
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 100);
+    header->setFrame({ 0, 0, 320, 185 });
+    world.table.setTableHeaderView(header);
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 185);
+    EXPECT_EQ(world.table.contentHeight(), 185 + 1'200);
+}
+
+TEST(TableView, takesItsTableHeaderViewAndGivesUpTheOneBefore)
+{
+    TableWorld world({ 20 });
+    const QPointer<kit::View> first(new kit::View({ 0, 0, 320, 100 }));
+    world.table.setTableHeaderView(first);
+    world.show();
+    world.table.setTableHeaderView(nullptr);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
+}
+
+TEST(TableView, doesNotAskForRowsAnewWhenItsTableHeaderViewChanges)
+{
+    TableWorld world({ 20 });
+    world.show();
+    world.source.rows = { 2 };
+    world.table.setTableHeaderView(new kit::View({ 0, 0, 320, 100 }));
+    EXPECT_EQ(world.table.contentHeight(), 100 + 1'200);
+    EXPECT_EQ(world.textAt({ 0, 8 }), QStringLiteral("0.8"));
+}
+
+TEST(TableView, showsMoreRowsWhenItGrows)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setFrame({ 0, 0, 320, 900 });
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 15U);
+    world.table.setFrame({ 0, 0, 320, 60 });
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 1U);
+}
+
+TEST(TableView, ownsItsRefreshControl)
+{
+    kit::TableView table;
+    const QPointer<kit::RefreshControl> first(new kit::RefreshControl);
+    const QPointer<kit::RefreshControl> second(new kit::RefreshControl);
+    table.setRefreshControl(first);
+    EXPECT_EQ(first->parent(), &table);
+    table.setRefreshControl(second);
+    table.setRefreshControl(second);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(first.isNull());
+    ASSERT_FALSE(second.isNull());
+    EXPECT_EQ(table.refreshControl(), second);
+}
+
+TEST(TableView, takesItsCellsAndHeadersAlong)
+{
+    QPointer<kit::TableViewCell> cell;
+    QPointer<kit::View> header;
+    {
+        TableWorld world({ 5 });
+        world.source.withHeaders = true;
+        world.source.headerHeight = 25;
+        world.show();
+        cell = world.table.cellForRow({ 0, 0 });
+        header = world.table.headerView(0);
+        ASSERT_TRUE(cell && header);
+    }
+    EXPECT_TRUE(cell.isNull());
+    EXPECT_TRUE(header.isNull());
+}
+
+#include "table_view_test.moc"

@@ -1,0 +1,123 @@
+#include "ui/kit/table/RefreshControl.h"
+#include "ui/kit/view/Button.h"
+#include "ui/kit/view/Label.h"
+#include "ui/kit/view/Switch.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+TEST(RefreshControl, showsThatItRefreshesWithoutCallingTheAction)
+{
+    kit::RefreshControl control;
+    int actions = 0;
+    control.setValueChanged([&] { ++actions; });
+    QSignalSpy changed(&control, &kit::RefreshControl::refreshingChanged);
+    control.beginRefreshing();
+    control.beginRefreshing();
+    EXPECT_TRUE(control.isRefreshing());
+    control.endRefreshing();
+    control.endRefreshing();
+    EXPECT_FALSE(control.isRefreshing());
+    EXPECT_EQ(changed.count(), 2);
+    EXPECT_EQ(actions, 0);
+}
+
+TEST(RefreshControl, callsTheActionAtEveryPull)
+{
+    kit::RefreshControl control;
+    int actions = 0;
+    control.setValueChanged([&] {
+        EXPECT_TRUE(control.isRefreshing());
+        ++actions;
+    });
+    control.pull();
+    control.pull();
+    EXPECT_EQ(actions, 2);
+    EXPECT_TRUE(control.isRefreshing());
+}
+
+TEST(RefreshControl, mayEndInItsOwnAction)
+{
+    kit::RefreshControl control;
+    control.setValueChanged([&] { control.endRefreshing(); });
+    control.pull();
+    EXPECT_FALSE(control.isRefreshing());
+}
+
+TEST(Switch, tellsOfAPersonsChangeOnly)
+{
+    kit::Switch control;
+    int changes = 0;
+    control.setValueChanged([&](kit::Switch* changed) {
+        EXPECT_EQ(changed, &control);
+        ++changes;
+    });
+    control.setOn(true);
+    EXPECT_EQ(changes, 0);
+    control.toggle();
+    EXPECT_FALSE(control.isOn());
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(control.frame().size(), QSizeF(51, 31));
+}
+
+TEST(Button, callsItsActionUnlessItIsDisabled)
+{
+    kit::Button button;
+    int presses = 0;
+    button.setAction([&](kit::Button* pressed) {
+        EXPECT_EQ(pressed, &button);
+        ++presses;
+    });
+    button.press();
+    button.setEnabled(false);
+    button.press();
+    EXPECT_EQ(presses, 1);
+}
+
+TEST(Button, isAsLargeAsItsTitleAndInsets)
+{
+    kit::Button button;
+    button.setContentEdgeInsets({ 6, 14, 6, 14 });
+    button.setTitle(QStringLiteral("Install"));
+    button.sizeToFit();
+    const double title = button.titleLabel()->naturalWidth();
+    EXPECT_GE(button.width(), title + 28);
+    EXPECT_LT(button.width(), title + 30);
+    EXPECT_EQ(button.titleLabel()->frame().left(), 14);
+    EXPECT_EQ(button.accessibilityLabel(), QStringLiteral("Install"));
+}
+
+TEST(Label, tellsNullFromEmpty)
+{
+    kit::Label label;
+    EXPECT_TRUE(label.text().isNull());
+    QSignalSpy changed(&label, &kit::Label::labelChanged);
+    label.setText(QLatin1String(""));
+    EXPECT_FALSE(label.text().isNull());
+    label.setText(QLatin1String(""));
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(Label, keepsAllOfATextButShowsNoMoreThanCouldBeSeen)
+{
+    kit::Label label;
+    label.setText(QString(3'000'000, u'x'));
+    EXPECT_EQ(label.text().size(), 3'000'000);
+    EXPECT_EQ(label.shownText().size(), 1'000);
+    label.setNumberOfLines(2);
+    EXPECT_EQ(label.shownText().size(), 2'000);
+    label.setNumberOfLines(0);
+    EXPECT_EQ(label.shownText().size(), 20'000);
+    EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
+}
+
+TEST(Label, tellsWhereItsShadowFalls)
+{
+    kit::Label label;
+    EXPECT_EQ(label.shadowDirection(), 0);
+    label.setShadow(kit::Label::Shadow::Below, kit::Color::black(0.42));
+    EXPECT_EQ(label.shadowDirection(), 1);
+    label.setShadow(kit::Label::Shadow::Above, kit::Color::black(0.42));
+    EXPECT_EQ(label.shadowDirection(), -1);
+}

@@ -1,9 +1,0 @@
-#include "Color.h"
-
-#include <algorithm>
-
-QColor Color::toQColor() const
-{
-    const auto shown = [](double component) { return static_cast<float>(std::clamp(component, 0.0, 1.0)); };
-    return QColor::fromRgbF(shown(red), shown(green), shown(blue), shown(alpha));
-}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ui/kit/paint/Animations.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace kit {
+
+// How long a movement drawn in QML takes: nothing at all while animations are off.
+class Motion : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    Q_INVOKABLE static int duration(int milliseconds) { return Animations::duration(milliseconds); }
+};
+
+} // namespace kit

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ui/kit/paint/Geometry.h"
+
+namespace kit {
+
+class TableViewCell;
+class View;
+
+enum class EditingStyle { Delete };
+
+// What a table asks its screen. Only the rows, cells and what differs from the table's own settings need answers.
+class TableViewDelegate
+{
+public:
+    virtual ~TableViewDelegate() = default;
+
+    // One without rows, for a table that has no screen.
+    static TableViewDelegate& none();
+
+    virtual int numberOfSections() const { return 1; }
+    virtual int numberOfRowsInSection(int section) const = 0;
+    // Owned by the table; got from its dequeueReusableCell(), or new. Null stands for an empty row.
+    virtual TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) = 0;
+    // A new view, which the table takes, or null.
+    virtual View* viewForHeaderInSection(int section);
+    // A negative height stands for the table's own setting.
+    virtual double heightForHeaderInSection(int section) const;
+    virtual double heightForRowAtIndexPath(const IndexPath& indexPath) const;
+    virtual void didSelectRowAtIndexPath(const IndexPath& indexPath);
+    virtual bool canEditRowAtIndexPath(const IndexPath& indexPath) const;
+    virtual void commitEditingStyle(EditingStyle style, const IndexPath& indexPath);
+};
+
+} // namespace kit

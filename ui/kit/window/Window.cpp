@@ -1,0 +1,122 @@
+#include "ui/kit/window/Window.h"
+
+#include "ui/kit/navigation/NavigationController.h"
+#include "ui/kit/navigation/TabBarController.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickWindow>
+#include <QScreen>
+
+#include <algorithm>
+
+Q_IMPORT_QML_PLUGIN(ui_kitPlugin)
+
+namespace kit {
+
+namespace {
+
+constexpr QSizeF DesktopSize(390, 844);
+
+// A screen that is no wider than a large phone held upright is a phone's.
+bool isPhone(const QSizeF& screen)
+{
+    return std::min(screen.width(), screen.height()) <= 480;
+}
+
+} // namespace
+
+Window::Window(QObject* parent)
+    : QObject(parent)
+    , m_engine(std::make_unique<QQmlEngine>())
+{
+    m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+}
+
+Window::~Window()
+{
+    delete m_quickWindow;
+}
+
+void Window::setRootViewController(ViewController* controller)
+{
+    m_rootViewController = controller;
+    controller->setParent(this);
+}
+
+void Window::makeKeyAndVisible(const QString& title)
+{
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    const bool fillsScreen = isPhone(screen.size());
+    const QSizeF size = fillsScreen ? QSizeF(screen.size()) : DesktopSize.boundedTo(screen.availableSize());
+    resize(size.width(), size.height());
+
+    QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));
+    if (component.isError())
+        qFatal("The interface cannot be made: %s", qPrintable(component.errorString()));
+    QObject* object = component.createWithInitialProperties(
+        { { QStringLiteral("controller"), QVariant::fromValue(this) }, { QStringLiteral("title"), title },
+            { QStringLiteral("width"), size.width() }, { QStringLiteral("height"), size.height() } });
+    m_quickWindow = qobject_cast<QQuickWindow*>(object);
+    m_rootViewController->beginAppearance();
+    if (fillsScreen)
+        m_quickWindow->showFullScreen();
+    else
+        m_quickWindow->show();
+    m_rootViewController->endAppearance();
+}
+
+void Window::resize(double width, double height)
+{
+    m_rootViewController->layOut({ 0, 0, width, height });
+}
+
+NavigationController* Window::stack() const
+{
+    auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController);
+    return qobject_cast<NavigationController*>(tabs ? tabs->selectedViewController() : m_rootViewController);
+}
+
+void Window::goBack()
+{
+    if (NavigationController* const shown = stack())
+        shown->goBack();
+}
+
+void Window::escape()
+{
+    NavigationController* const shown = stack();
+    if (shown && !shown->topViewController()->closeWhatIsOpen())
+        shown->goBack();
+}
+
+void Window::selectTab(int index)
+{
+    if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))
+        tabs->tapTab(index);
+}
+
+void Window::search()
+{
+    if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))
+        tabs->activateSearch();
+}
+
+void Window::presentAlert(AlertController* alert)
+{
+    alert->setParent(this);
+    m_alerts.append(alert);
+    connect(alert, &AlertController::dismissed, this, [this, alert] {
+        const bool isShown = alert == presentedAlert();
+        m_alerts.removeOne(alert);
+        if (isShown)
+            Q_EMIT presentedAlertChanged();
+        alert->deleteLater();
+    });
+    if (m_alerts.size() == 1)
+        Q_EMIT presentedAlertChanged();
+}
+
+} // namespace kit

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ui/kit/alert/AlertController.h"
+#include "ui/kit/navigation/ViewController.h"
+
+#include <QList>
+#include <QSizeF>
+
+#include <memory>
+
+class QQmlEngine;
+class QQuickWindow;
+
+namespace kit {
+
+// The application's window: shows a root screen and, over it, the alerts that screens present.
+class Window : public QObject, public AlertPresenter
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(WindowController)
+    QML_UNCREATABLE("made in C++")
+    Q_PROPERTY(kit::ViewController* rootViewController READ rootViewController CONSTANT)
+    Q_PROPERTY(kit::AlertController* alert READ presentedAlert NOTIFY presentedAlertChanged)
+
+public:
+    explicit Window(QObject* parent = nullptr);
+    ~Window() override;
+
+    // Takes ownership; set once.
+    void setRootViewController(ViewController* controller);
+    ViewController* rootViewController() const { return m_rootViewController; }
+    // Opens the window with the title: full screen on a phone, 390 by 844 points, or what the screen has room for,
+    // elsewhere.
+    void makeKeyAndVisible(const QString& title);
+    // Null until the window is open.
+    QQuickWindow* quickWindow() const { return m_quickWindow; }
+
+    AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
+    void presentAlert(AlertController* alert) override;
+
+    // The window's keys: Alt+Left, Escape, Ctrl+1 to 5, Ctrl+F.
+    Q_INVOKABLE void goBack();
+    Q_INVOKABLE void escape();
+    Q_INVOKABLE void selectTab(int index);
+    Q_INVOKABLE void search();
+    // The window was given a size.
+    Q_INVOKABLE void resize(double width, double height);
+
+Q_SIGNALS:
+    void presentedAlertChanged();
+
+private:
+    // That of the selected tab; null if there is none.
+    NavigationController* stack() const;
+
+    std::unique_ptr<QQmlEngine> m_engine;
+    QQuickWindow* m_quickWindow = nullptr;
+    ViewController* m_rootViewController = nullptr;
+    QList<AlertController*> m_alerts;
+};
+
+} // namespace kit

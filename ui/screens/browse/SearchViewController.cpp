@@ -1,0 +1,106 @@
+#include "ui/screens/browse/SearchViewController.h"
+
+#include "ui/classic/ClassicUI.h"
+#include "ui/screens/shared/OpenScreen.h"
+#include "ui/screens/shared/ScreenRows.h"
+
+#include <algorithm>
+
+SearchViewController::SearchViewController(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
+    , m_installer(installer)
+{
+}
+
+void SearchViewController::viewDidLoad()
+{
+    kit::TableViewController::viewDidLoad();
+    setTitle(QStringLiteral("Search"));
+    ClassicUI::styleTableView(*tableView());
+    auto* searchController = new kit::SearchController;
+    searchController->setObscuresBackgroundDuringPresentation(false);
+    searchController->searchBar()->setPlaceholder(QStringLiteral("Search Vesk packages"));
+    searchController->searchBar()->setTintColor(ClassicUI::veskBlueColor());
+    searchController->setSearchResultsUpdater(
+        [this](kit::SearchController* controller) { updateSearchResultsForSearchController(controller); });
+    navigationItem()->setSearchController(searchController);
+    navigationItem()->setHidesSearchBarWhenScrolling(false);
+}
+
+void SearchViewController::updateSearchResultsForSearchController(kit::SearchController* searchController)
+{
+    m_currentQuery = searchController->searchBar()->text();
+    tableView()->reloadData();
+}
+
+int SearchViewController::numberOfRowsInSection(int /*section*/) const
+{
+    if (isQuerying())
+        return static_cast<int>(m_manager.filteredPackagesWithQuery(m_currentQuery).size());
+    return std::max(1, static_cast<int>(m_manager.categories().size()));
+}
+
+kit::View* SearchViewController::viewForHeaderInSection(int /*section*/)
+{
+    const QString title = isQuerying() ? QStringLiteral("Search Results") : QStringLiteral("Browse Categories");
+    return ClassicUI::sectionHeaderViewWithTitle(title, tableView()->width());
+}
+
+double SearchViewController::heightForHeaderInSection(int /*section*/) const
+{
+    return 25;
+}
+
+kit::TableViewCell* SearchViewController::cellForRowAtIndexPath(const kit::IndexPath& indexPath)
+{
+    kit::TableView& table = *tableView();
+    if (isQuerying()) {
+        const VeskPackagePtr package = resultAtRow(indexPath.row);
+        return package ? ScreenRows::packageRow(table, *package, indexPath.row) : goneRow(indexPath.row);
+    }
+    if (const VeskCategoryPtr category = categoryAtRow(indexPath.row))
+        return ScreenRows::categoryRow(table, *category, indexPath.row);
+    return indexPath.row == 0 ? emptyRow() : goneRow(indexPath.row);
+}
+
+// A reused row may still carry the count and the picture of a category.
+kit::TableViewCell* SearchViewController::emptyRow()
+{
+    auto* cell = ScreenRows::emptyCategoryRow(*tableView(), QStringLiteral("Refresh Vesk before searching"));
+    cell->detailTextLabel()->setText(QString());
+    cell->imageView()->setImage({});
+    return cell;
+}
+
+// The catalog may have shrunk since the table counted its rows, and the table asks on for rows as it scrolls.
+kit::TableViewCell* SearchViewController::goneRow(int row)
+{
+    auto* cell
+        = tableView()->dequeueCell<kit::TableViewCell>(QStringLiteral("GoneCell"), kit::TableViewCell::Style::Default);
+    ClassicUI::styleCell(*cell, row);
+    cell->setAccessoryType(kit::TableViewCell::AccessoryType::None);
+    return cell;
+}
+
+VeskPackagePtr SearchViewController::resultAtRow(int row) const
+{
+    const PackageVector& results = m_manager.filteredPackagesWithQuery(m_currentQuery);
+    const auto index = static_cast<std::size_t>(row);
+    return index < results.size() ? results[index] : nullptr;
+}
+
+VeskCategoryPtr SearchViewController::categoryAtRow(int row) const
+{
+    const std::vector<VeskCategoryPtr> categories = m_manager.categories();
+    const auto index = static_cast<std::size_t>(row);
+    return index < categories.size() ? categories[index] : nullptr;
+}
+
+void SearchViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)
+{
+    tableView()->deselectRow(indexPath, kit::TableView::Animation::Animated);
+    if (isQuerying())
+        openPackage(*this, m_manager.filteredPackagesWithQuery(m_currentQuery), indexPath.row, m_installer);
+    else
+        openCategory(*this, m_manager.categories(), indexPath.row, m_manager, m_installer);
+}

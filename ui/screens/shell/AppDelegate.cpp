@@ -1,0 +1,18 @@
+#include "ui/screens/shell/AppDelegate.h"
+
+#include "ui/screens/shell/RootViewController.h"
+
+AppDelegate::AppDelegate(RepoManager& manager, PackageInstaller& installer, QObject* parent)
+    : QObject(parent)
+    , m_manager(manager)
+    , m_installer(installer)
+{
+}
+
+bool AppDelegate::didFinishLaunchingWithOptions()
+{
+    m_window = std::make_unique<kit::Window>();
+    m_window->setRootViewController(new RootViewController(m_manager, m_installer));
+    m_window->makeKeyAndVisible(QStringLiteral("Vesk"));
+    return true;
+}

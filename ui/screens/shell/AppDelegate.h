@@ -1,0 +1,31 @@
+#pragma once
+
+#include "actions/PackageInstaller.h"
+#include "catalog/RepoManager.h"
+#include "ui/kit/window/Window.h"
+#include "ui/screens/shell/StatusBarStyle.h"
+
+#include <QObject>
+
+#include <memory>
+
+// The application: its one window with the tabs in it. It loads nothing and starts no refresh; the screens do.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AppDelegate(RepoManager& manager = *RepoManager::sharedManager(),
+        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
+
+    // Opens the window; always true.
+    bool didFinishLaunchingWithOptions();
+    StatusBarStyle preferredStatusBarStyle() const { return StatusBarStyle::LightContent; }
+    // Null before the launch.
+    kit::Window* window() const { return m_window.get(); }
+
+private:
+    RepoManager& m_manager;
+    PackageInstaller& m_installer;
+    std::unique_ptr<kit::Window> m_window;
+};
