@@ -1,0 +1,54 @@
+#pragma once
+
+#include "http/Outcome.h"
+#include "http/Receiver.h"
+#include "http/Request.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+#include <vector>
+
+namespace http {
+
+class Transfer;
+class TransferLoop;
+
+// Runs any number of requests at once on one network thread of its own. Connections are kept for the next request to
+// the same server, for a few seconds. Its members may be called from any thread.
+//
+// Every socket counts towards the files the process may open: who asks for hundreds of things at once bounds that.
+class Client
+{
+public:
+    // Called once on the network thread, after the receiver's last call, when the transfer has ended in whatever way;
+    // never inside start(). It must not throw, take long or destroy the client, and may start further requests.
+    using Done = std::function<void(const Outcome&)>;
+
+    Client();
+    // Drops what runs: nobody is called any more. Returns at once, even while a name is being looked up. What receivers
+    // and completions hold is released on the network thread, before this returns.
+    ~Client();
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+
+    // The request is sent at once; it waits for no other. When told to stop, it ends as Failure::Cancelled without
+    // waiting for the server.
+    void start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {});
+
+private:
+    void run(const std::stop_token& stop);
+    void runUntilTold(const std::stop_token& stop);
+    std::vector<std::unique_ptr<Transfer>> takeStarted();
+
+    std::unique_ptr<TransferLoop> m_loop;
+    std::mutex m_mutex;
+    // Under the mutex: what the network thread has not seen yet.
+    std::vector<std::unique_ptr<Transfer>> m_started;
+    // Last, so that it ends before what it uses.
+    std::jthread m_thread;
+};
+
+} // namespace http

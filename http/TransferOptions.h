@@ -1,0 +1,24 @@
+#pragma once
+
+#include "http/Request.h"
+
+#include <curl/curl.h>
+
+#include <memory>
+
+namespace http {
+
+using MultiHandle = std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)>;
+using EasyHandle = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
+using HeaderLines = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
+
+// The library is made ready for the process by the first of these.
+MultiHandle makeMultiHandle();
+
+// What every request of the tree has in common: how it asks, whom it trusts, what it never does.
+EasyHandle makeHandle(const Request& request);
+
+// The lines that take out what the library would add to Host and User-Agent; null when the request lets it add them.
+HeaderLines headerLines(const Request& request);
+
+} // namespace http
