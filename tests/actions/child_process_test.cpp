@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <fcntl.h>
 #include <pthread.h>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -104,6 +105,21 @@ TEST_F(ChildProcess, passesEveryTextAsItIsWithTheProgramItselfAsArgumentZero)
     for (const QString& text : QStringList{ QStringLiteral("/bin/sh"), QStringLiteral("-c"), script } + arguments)
         expected += text.toUtf8() + '\0';
     EXPECT_EQ(contents(out), expected);
+}
+
+TEST_F(ChildProcess, inheritsNoDescriptorThatALibraryLeftOpenForChildren)
+{
+    const QString out = path(u"out");
+    const int left = open("/dev/null", O_RDONLY); // NOLINT: without close-on-exec, as libraries open their sockets
+    ASSERT_GE(left, 0);
+    // The shell lists its own; the one that reads the directory is its child's.
+    ASSERT_TRUE(
+        shell(QStringLiteral("for fd in /proc/$$/fd/*; do echo \"${fd##*/}\"; done > \"$0.2\"; mv \"$0.2\" \"$0\""),
+            { out }));
+    close(left);
+    const QList<QByteArray> lines = contents(out).split('\n');
+    EXPECT_FALSE(lines.contains(QByteArray::number(left))) << contents(out).toStdString();
+    EXPECT_TRUE(lines.contains("0") && lines.contains("1") && lines.contains("2"));
 }
 
 TEST_F(ChildProcess, inheritsTheEnvironment)
