@@ -1,10 +1,7 @@
 #pragma once
 
-#include "http/Outcome.h"
-#include "http/Receiver.h"
-#include "http/Request.h"
+#include "http/Network.h"
 
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <stop_token>
@@ -19,24 +16,18 @@ class TransferLoop;
 // Runs any number of requests at once on one network thread of its own. Connections are kept for the next request to
 // the same server, for a few seconds. Its members may be called from any thread.
 //
+// Receivers and completions are called on the network thread, which they must not destroy the client on.
+//
 // Every socket counts towards the files the process may open: who asks for hundreds of things at once bounds that.
-class Client
+class Client : public Network
 {
 public:
-    // Called once on the network thread, after the receiver's last call, when the transfer has ended in whatever way;
-    // never inside start(). It must not throw, take long or destroy the client, and may start further requests.
-    using Done = std::function<void(const Outcome&)>;
-
     Client();
     // Drops what runs: nobody is called any more. Returns at once, even while a name is being looked up. What receivers
     // and completions hold is released on the network thread, before this returns.
-    ~Client();
-    Client(const Client&) = delete;
-    Client& operator=(const Client&) = delete;
+    ~Client() override;
 
-    // The request is sent at once; it waits for no other. When told to stop, it ends as Failure::Cancelled without
-    // waiting for the server.
-    void start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {});
+    void start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {}) override;
 
 private:
     void run(const std::stop_token& stop);
