@@ -115,9 +115,9 @@ TEST(Label, keepsAllOfATextButShowsNoMoreThanCouldBeSeen)
 TEST(Label, tellsWhereItsShadowFalls)
 {
     kit::Label label;
-    EXPECT_EQ(label.shadowDirection(), 0);
+    EXPECT_EQ(label.shadow(), kit::Label::Shadow::None);
     label.setShadow(kit::Label::Shadow::Below, kit::Color::black(0.42));
-    EXPECT_EQ(label.shadowDirection(), 1);
+    EXPECT_EQ(label.shadow(), kit::Label::Shadow::Below);
     label.setShadow(kit::Label::Shadow::Above, kit::Color::black(0.42));
-    EXPECT_EQ(label.shadowDirection(), -1);
+    EXPECT_EQ(label.shadow(), kit::Label::Shadow::Above);
 }

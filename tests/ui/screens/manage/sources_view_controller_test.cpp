@@ -189,7 +189,7 @@ TEST_F(SourcesScreen, findsASwitchsRowAfterTheRowAboveWasDeleted)
 {
     show();
     kit::Switch* control = switchOf(1);
-    table()->deleteTapped(Active, 0);
+    table()->openRow()->deleteRow(Active, 0);
     control->toggle();
     EXPECT_FALSE(manager->repositories()[0]->enabled());
     EXPECT_EQ(manager->repositories()[0]->name(), QStringLiteral("two"));
@@ -350,7 +350,7 @@ TEST_F(SourcesScreen, turnsTheCheckmarkBackIntoAButtonAtTheReloadAfterTheRemoval
     const QByteArray added = defaultURL(1).toLatin1();
     setSources({ "http://127.0.0.1/one", added.constData() });
     show();
-    table()->deleteTapped(Active, 1);
+    table()->openRow()->deleteRow(Active, 1);
     EXPECT_EQ(cell(Available, 1)->accessoryType(), kit::TableViewCell::AccessoryType::Checkmark);
     appearAgain();
     EXPECT_NE(addButtonOf(1), nullptr);
@@ -419,8 +419,8 @@ TEST_F(SourcesScreen, removesASwipedSourceByDeletingItsRowAlone)
     kit::TableViewCell* const first = cell(Active, 0);
     kit::TableViewCell* const third = cell(Active, 2);
     kit::TableViewCell* const available = cell(Available, 0);
-    ASSERT_TRUE(table()->canDeleteRow(Active, 1));
-    table()->deleteTapped(Active, 1);
+    ASSERT_TRUE(table()->openRow()->canDelete(Active, 1));
+    table()->openRow()->deleteRow(Active, 1);
     EXPECT_EQ(sourceURLs(),
         QStringList({ QStringLiteral("http://127.0.0.1/one"), QStringLiteral("http://127.0.0.1/three") }));
     EXPECT_EQ(store->sources()->size(), 2U);
@@ -438,7 +438,7 @@ TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
     addByAlert(QStringLiteral("http://127.0.0.1/four"));
     ASSERT_EQ(manager->repositories().size(), 4U);
     ASSERT_EQ(table()->layout().rowCount(Active), 3);
-    table()->deleteTapped(Active, 1);
+    table()->openRow()->deleteRow(Active, 1);
     EXPECT_FALSE(sourceURLs().contains(QStringLiteral("http://127.0.0.1/two")));
     // The table now knows of the new one, too.
     ASSERT_EQ(table()->layout().rowCount(Active), 3);
@@ -450,7 +450,7 @@ TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
 TEST_F(SourcesScreen, offersNoDeleteOnAvailableSources)
 {
     auto* screen = show();
-    EXPECT_FALSE(table()->canDeleteRow(Available, 0));
+    EXPECT_FALSE(table()->openRow()->canDelete(Available, 0));
     screen->commitEditingStyle(kit::EditingStyle::Delete, { Available, 0 });
     EXPECT_EQ(manager->repositories().size(), 3U);
     EXPECT_EQ(table()->layout().rowCount(Available), 4);
