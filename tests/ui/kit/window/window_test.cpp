@@ -268,7 +268,7 @@ TEST_F(KitWindowTest, showsWhichPartIsSeenWhileAKeyOrAWheelScrolls)
 {
     kit::Animations::setEnabled(true);
     grabbed();
-    QQuickItem* const indicator = itemDrawnBy(QLatin1String("ScrollIndicator"));
+    QQuickItem* const indicator = itemDrawnBy(QStringLiteral("ScrollIndicator"));
     ASSERT_NE(indicator, nullptr);
     EXPECT_FALSE(indicator->isVisible());
     press(Qt::Key_Down);

@@ -245,7 +245,7 @@ TEST_F(QueueScreen, showsReadyAndCountsNothingAfterARunInWhichEveryDownloadFaile
     EXPECT_EQ(detail(0, 0), withBullet("Install", "Ready"));
     EXPECT_EQ(detail(0, 1), withBullet("Upgrade", "Ready"));
     EXPECT_EQ(cell(0, 0)->detailTextLabel()->textColor(), ClassicUI::veskSecondaryTextColor());
-    EXPECT_EQ(openedURLs.size(), 2);
+    EXPECT_EQ(opener.openedURLs().size(), 2);
 }
 
 TEST_F(QueueScreen, doesNotShowTheProgressOfARun)
