@@ -2,8 +2,7 @@
 
 #include "catalog/index/IndexReceiver.h"
 #include "catalog/sources/SourceRequest.h"
-
-#include <QCoreApplication>
+#include "catalog/work/MainThread.h"
 
 #include <array>
 
@@ -39,7 +38,7 @@ IndexRefresh::IndexRefresh(
     , m_tools(std::move(tools))
     , m_done(std::move(done))
 {
-    post(this, [](IndexRefresh& self) { self.attempt(0); });
+    postToMainThread<IndexRefresh>(this, [](IndexRefresh& self) { self.attempt(0); });
 }
 
 IndexRefresh::~IndexRefresh()
@@ -56,7 +55,7 @@ void IndexRefresh::attempt(std::size_t index)
     if (const auto url = RepositoryURL::fromString(m_base + candidates[index].name))
         fetch(*url, index);
     else
-        post(this, [index](IndexRefresh& self) { self.attempt(index + 1); });
+        postToMainThread<IndexRefresh>(this, [index](IndexRefresh& self) { self.attempt(index + 1); });
 }
 
 void IndexRefresh::fetch(const RepositoryURL& url, std::size_t index)
@@ -66,14 +65,14 @@ void IndexRefresh::fetch(const RepositoryURL& url, std::size_t index)
     // On a worker.
     const auto read = [self, index](ParsedIndex parsed) {
         const auto kept = std::make_shared<ParsedIndex>(std::move(parsed));
-        post(self, [kept, index](IndexRefresh& refresh) { refresh.acceptIndex(std::move(*kept), index); });
+        postToMainThread<IndexRefresh>(self, [kept, index](IndexRefresh& refresh) { refresh.acceptIndex(std::move(*kept), index); });
     };
     auto reading = std::make_unique<IndexReading>(std::move(job), m_tools.workers, m_stop.get_token(), read);
     const auto receiver = std::make_shared<IndexReceiver>(std::move(reading));
     // On the network's thread.
     const auto ended = [self, receiver, index](const http::Outcome& outcome) {
         if (!receiver->finish(outcome))
-            post(self, [index](IndexRefresh& refresh) { refresh.attempt(index + 1); });
+            postToMainThread<IndexRefresh>(self, [index](IndexRefresh& refresh) { refresh.attempt(index + 1); });
     };
     m_tools.network.start(aimedAt(m_tools.request, url.url()), receiver, ended, m_stop.get_token());
 }
@@ -92,15 +91,4 @@ void IndexRefresh::finish(ParsedIndex parsed)
     const Done done = std::move(m_done);
     deleteLater();
     done(std::move(parsed));
-}
-
-// From any thread. The application outlives the other threads, and finds out on the main thread whether anybody still
-// waits.
-void IndexRefresh::post(const QPointer<IndexRefresh>& refresh, Step step)
-{
-    const auto run = [refresh, step = std::move(step)] {
-        if (refresh)
-            step(*refresh);
-    };
-    QMetaObject::invokeMethod(QCoreApplication::instance(), run, Qt::QueuedConnection);
 }

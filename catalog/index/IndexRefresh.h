@@ -5,7 +5,6 @@
 #include "http/Network.h"
 
 #include <QObject>
-#include <QPointer>
 
 #include <functional>
 #include <stop_token>
@@ -39,13 +38,10 @@ public:
     ~IndexRefresh() override;
 
 private:
-    using Step = std::function<void(IndexRefresh&)>;
-
     void attempt(std::size_t index);
     void fetch(const RepositoryURL& url, std::size_t index);
     void acceptIndex(ParsedIndex parsed, std::size_t index);
     void finish(ParsedIndex parsed);
-    static void post(const QPointer<IndexRefresh>& refresh, Step step);
 
     VeskRepositoryPtr m_repository;
     QString m_base;

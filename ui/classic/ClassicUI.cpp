@@ -3,9 +3,7 @@
 #include "ui/classic/IconLoader.h"
 #include "ui/kit/paint/TextScale.h"
 
-#include <QCoreApplication>
 #include <QGuiApplication>
-#include <QNetworkAccessManager>
 #include <QScreen>
 
 #include <algorithm>
@@ -64,22 +62,11 @@ void styleBackgrounds(kit::TableViewCell& cell, const QString& assetName)
     cell.setSelectedBackgroundView(imageViewShowing(selected, cell.selectedBackgroundView()));
 }
 
-struct SharedIcons
+// The one loader of the program, with its cache.
+std::unique_ptr<IconLoader>& iconLoader()
 {
-    QNetworkAccessManager manager;
-    IconLoader loader{ manager, IconLoader::Limits{} };
-};
-
-// The one loader of the program, with its cache. Its network works on a thread of its own, which ends while all that
-// it uses is still there.
-IconLoader& sharedIconLoader()
-{
-    static std::unique_ptr<SharedIcons> icons;
-    if (!icons) {
-        icons = std::make_unique<SharedIcons>();
-        qAddPostRoutine([] { icons.reset(); });
-    }
-    return icons->loader;
+    static std::unique_ptr<IconLoader> loader;
+    return loader;
 }
 
 } // namespace
@@ -226,10 +213,16 @@ kit::Button* ClassicUI::classicButtonWithTitle(const QString& title, ButtonKind 
     return button;
 }
 
+void ClassicUI::setIconNetwork(http::Network* network)
+{
+    iconLoader() = network ? std::make_unique<IconLoader>(*network, IconLoader::Limits{}) : nullptr;
+}
+
 void ClassicUI::loadIconForPackage(const VeskPackage& package, kit::ImageView& imageView)
 {
     imageView.setImage(assetNamed(QStringLiteral("Homepage")));
     imageView.setContentMode(kit::ImageView::ContentMode::AspectFit);
     const QScreen* screen = QGuiApplication::primaryScreen();
-    sharedIconLoader().load(package.iconURLString(), screen ? screen->devicePixelRatio() : 1, imageView);
+    if (iconLoader())
+        iconLoader()->load(package.iconURLString(), screen ? screen->devicePixelRatio() : 1, imageView);
 }
