@@ -181,6 +181,7 @@ TEST_F(Loader, dropsWhatTheViewsOfAPassingListWantNoMore)
     server.serve("/last.png", pngOf(Qt::red));
     for (int number = 0; number < 1100; ++number) {
         const QString path = QStringLiteral("/%1.png").arg(number);
+        server.setReply(path.toUtf8(), { .timing = LoopbackServer::Timing::Held });
         load(server.url(path), views[static_cast<std::size_t>(number) % views.size()]);
     }
     for (kit::ImageView& each : views)
