@@ -72,6 +72,7 @@ void Transfer::aim(std::string address)
     m_delivered = 0;
     m_pace.heard(Pace::Clock::now());
     curl_easy_setopt(handle(), CURLOPT_URL, m_address.c_str());
+    chooseConnection(handle(), m_address);
 }
 
 Pace::Clock::time_point Transfer::due() const
@@ -118,12 +119,14 @@ void Transfer::end(const Outcome& outcome)
         std::exchange(m_done, nullptr)(outcome);
 }
 
-// Children must not inherit connections.
+// Children must not inherit connections. Once the request is sent there is no use for another one, see below.
 curl_socket_t Transfer::openSocket(void* transfer, curlsocktype, curl_sockaddr* address)
 {
-    const curl_socket_t opened = socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
-    transferOf(transfer).m_sockets.push_back(opened);
-    return opened;
+    Transfer& self = transferOf(transfer);
+    if (self.m_isSent && !self.giveUp(Failure::NoAnswer))
+        return CURL_SOCKET_BAD;
+    self.m_sockets.push_back(socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol));
+    return self.m_sockets.back();
 }
 
 std::size_t Transfer::headerArrived(char* data, std::size_t size, std::size_t count, void* transfer)

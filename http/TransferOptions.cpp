@@ -78,6 +78,13 @@ EasyHandle makeHandle(const Request& request)
     return handle;
 }
 
+void chooseConnection(CURL* handle, const std::string& address)
+{
+    const long isPlain = address.starts_with("http://") ? 1 : 0;
+    curl_easy_setopt(handle, CURLOPT_FRESH_CONNECT, isPlain);
+    curl_easy_setopt(handle, CURLOPT_FORBID_REUSE, isPlain);
+}
+
 HeaderLines headerLines(const Request& request)
 {
     curl_slist* lines = nullptr;
