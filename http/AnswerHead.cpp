@@ -36,8 +36,10 @@ AnswerHead::Verdict AnswerHead::end(int status)
 {
     m_hasEnded = true;
     m_status = status;
-    if (leadsElsewhere(status))
-        m_location = header("Location");
+    const auto location = leadsElsewhere(status) ? header("Location") : std::nullopt;
+    // The library leaves a byte of the line's end in a value that is empty.
+    if (location && location->find_first_not_of(" \t\r\n") != std::string::npos)
+        m_location = location;
     return hasContradictoryLengths() ? Verdict::Contradictory : Verdict::Ended;
 }
 

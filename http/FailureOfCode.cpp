@@ -8,7 +8,6 @@ Failure failureOf(CURLcode code, HeadState head)
     case CURLE_OK:
         return head == HeadState::Ended ? Failure::None : Failure::NoAnswer;
     case CURLE_URL_MALFORMAT:
-    case CURLE_UNSUPPORTED_PROTOCOL:
         return Failure::BadAddress;
     case CURLE_COULDNT_RESOLVE_PROXY:
     case CURLE_COULDNT_RESOLVE_HOST:

@@ -3,7 +3,9 @@
 namespace http {
 
 enum class Failure {
-    // The answer is whole, whatever its status.
+    // The answer is whole, whatever its status. A body of which the answer tells no length ends where the connection
+    // does,
+    // and one that is encoded where the encoded bytes do: whether the server meant to go on cannot be known.
     None,
     // Told to stop.
     Cancelled,

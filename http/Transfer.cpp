@@ -4,6 +4,8 @@
 #include "http/SocketClock.h"
 #include "http/WebAddress.h"
 
+#include <sys/socket.h>
+
 #include <utility>
 
 namespace http {
@@ -38,6 +40,8 @@ void Transfer::setCallbacks()
 {
     curl_easy_setopt(handle(), CURLOPT_PRIVATE, this);
     curl_easy_setopt(handle(), CURLOPT_HTTPHEADER, m_headerLines.get());
+    curl_easy_setopt(handle(), CURLOPT_OPENSOCKETDATA, this);
+    curl_easy_setopt(handle(), CURLOPT_OPENSOCKETFUNCTION, &openSocket);
     curl_easy_setopt(handle(), CURLOPT_HEADERDATA, this);
     curl_easy_setopt(handle(), CURLOPT_HEADERFUNCTION, &headerArrived);
     curl_easy_setopt(handle(), CURLOPT_WRITEDATA, this);
@@ -68,6 +72,7 @@ void Transfer::aim(std::string address)
     m_delivered = 0;
     m_pace.heard(Pace::Clock::now());
     curl_easy_setopt(handle(), CURLOPT_URL, m_address.c_str());
+    chooseConnection(handle(), m_address);
 }
 
 Pace::Clock::time_point Transfer::due() const
@@ -82,7 +87,7 @@ Failure Transfer::verdict(Pace::Clock::time_point now)
     const Failure failure = m_pace.verdict(now, m_received);
     if (failure != Failure::Silent || !m_isSent)
         return failure;
-    if (const auto heard = lastByteOf(handle(), now))
+    if (const auto heard = lastByteOf(handle(), m_sockets, now))
         m_pace.heard(*heard);
     return m_pace.verdict(now, m_received);
 }
@@ -112,6 +117,16 @@ void Transfer::end(const Outcome& outcome)
     m_receiver.reset();
     if (m_done)
         std::exchange(m_done, nullptr)(outcome);
+}
+
+// Children must not inherit connections. Once the request is sent there is no use for another one, see below.
+curl_socket_t Transfer::openSocket(void* transfer, curlsocktype, curl_sockaddr* address)
+{
+    Transfer& self = transferOf(transfer);
+    if (self.m_isSent && !self.giveUp(Failure::NoAnswer))
+        return CURL_SOCKET_BAD;
+    self.m_sockets.push_back(socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol));
+    return self.m_sockets.back();
 }
 
 std::size_t Transfer::headerArrived(char* data, std::size_t size, std::size_t count, void* transfer)

@@ -16,6 +16,7 @@
 #include <stop_token>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace http {
 
@@ -50,6 +51,7 @@ public:
 private:
     using StopCallback = std::stop_callback<std::function<void()>>;
 
+    static curl_socket_t openSocket(void* transfer, curlsocktype purpose, curl_sockaddr* address);
     static std::size_t headerArrived(char* data, std::size_t size, std::size_t count, void* transfer);
     static std::size_t bodyArrived(char* data, std::size_t size, std::size_t count, void* transfer);
     static int requestGoesOut(void* transfer, char* theirAddress, char* ourAddress, int theirPort, int ourPort);
@@ -76,6 +78,8 @@ private:
     std::string m_address;
     AnswerHead m_head;
     bool m_isSent = false;
+    // Opened for this transfer, in their order; the library closes them, sooner or later.
+    std::vector<curl_socket_t> m_sockets;
     // Bytes of the body, as they came and as they were delivered.
     std::int64_t m_received = 0;
     std::int64_t m_delivered = 0;

@@ -1,7 +1,5 @@
 #include "http/TransferOptions.h"
 
-#include <sys/socket.h>
-
 #include <new>
 
 namespace http {
@@ -23,18 +21,11 @@ void initialiseOnce()
         throw std::bad_alloc();
 }
 
-// Children must not inherit connections.
-curl_socket_t openSocket(void* /*user*/, curlsocktype /*purpose*/, curl_sockaddr* address)
-{
-    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
-}
-
 void setManners(CURL* handle)
 {
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     // A name that is being looked up is left to its thread when the transfer is dropped.
     curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
-    curl_easy_setopt(handle, CURLOPT_OPENSOCKETFUNCTION, &openSocket);
     curl_easy_setopt(handle, CURLOPT_BUFFERSIZE, bufferSize);
     curl_easy_setopt(handle, CURLOPT_MAXAGE_CONN, longestIdleConnection);
     curl_easy_setopt(handle, CURLOPT_NETRC, CURL_NETRC_IGNORED);
@@ -85,6 +76,13 @@ EasyHandle makeHandle(const Request& request)
     setProtocol(handle.get());
     setRequest(handle.get(), request);
     return handle;
+}
+
+void chooseConnection(CURL* handle, const std::string& address)
+{
+    const long isPlain = address.starts_with("http://") ? 1 : 0;
+    curl_easy_setopt(handle, CURLOPT_FRESH_CONNECT, isPlain);
+    curl_easy_setopt(handle, CURLOPT_FORBID_REUSE, isPlain);
 }
 
 HeaderLines headerLines(const Request& request)

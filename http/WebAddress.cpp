@@ -3,6 +3,7 @@
 #include <curl/curl.h>
 
 #include <memory>
+#include <string_view>
 
 namespace http {
 
@@ -25,6 +26,15 @@ bool isWeb(const std::optional<std::string>& scheme)
     return scheme == "http" || scheme == "https";
 }
 
+// Where the host is missing, the library takes the first name of the path for it.
+bool namesHost(const std::string& url)
+{
+    constexpr std::string_view beforeHost = "://";
+    const std::size_t found = url.find(beforeHost);
+    return found != std::string::npos
+        && url.find_first_of("/?#", found + beforeHost.size()) != found + beforeHost.size();
+}
+
 std::optional<std::string> withoutCredentials(CURLU* url)
 {
     if (!isWeb(partOf(url, CURLUPART_SCHEME)))
@@ -40,7 +50,7 @@ std::optional<std::string> webAddress(const std::string& url)
 {
     const ParsedURL parsed(curl_url(), curl_url_cleanup);
     // The path stays as it is: a source may count on "//" or "/../" in its own.
-    if (curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK)
+    if (!namesHost(url) || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK)
         return std::nullopt;
     return withoutCredentials(parsed.get());
 }

@@ -5,6 +5,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <stdexcept>
 #include <utility>
 
@@ -73,6 +74,11 @@ int ScriptedServer::connectionCount() const
 
 void ScriptedServer::accept()
 {
+    // This thread and those it makes write to clients that leave, and TLS knows no other way to be told.
+    sigset_t brokenPipe;
+    sigemptyset(&brokenPipe);
+    sigaddset(&brokenPipe, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &brokenPipe, nullptr);
     for (int socket = -1; (socket = accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC)) >= 0;)
         serve(socket);
 }

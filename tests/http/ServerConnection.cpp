@@ -89,6 +89,11 @@ void ServerConnection::reset()
     setsockopt(m_socket, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
 }
 
+void ServerConnection::endTls()
+{
+    SSL_shutdown(m_tls);
+}
+
 void ServerConnection::close()
 {
     const std::lock_guard lock(m_mutex);

@@ -28,6 +28,8 @@ public:
 
     // With the blank line at its end; empty when the client has left.
     std::string readHead();
+    // For scripts that read in other ways: this was a head.
+    void remember(const std::string& head) { m_heard(head); }
     // Exactly so many bytes, or fewer when the client has left.
     std::string read(std::size_t length);
 
@@ -41,6 +43,8 @@ public:
     // The client meets an error in place of the end.
     void reset();
 
+    // Says that nothing more comes, as TLS asks for; without this the end of the connection proves nothing.
+    void endTls();
     // Ends the connection in an orderly way.
     void close();
     // From any thread: whatever waits here ends.
