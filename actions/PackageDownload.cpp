@@ -18,8 +18,8 @@ QStringList archiveURLs(const QString& root, const QString& name)
     return { base + QStringLiteral("debs/") + name, base + QStringLiteral("pool/") + name, base + name };
 }
 
-PackageDownload::PackageDownload(QString directory, const DownloadLimits& limits)
-    : m_directory(std::move(directory))
+PackageDownload::PackageDownload(QStringList directories, const DownloadLimits& limits)
+    : m_directories(std::move(directories))
     , m_limits(limits)
 {
 }
@@ -29,7 +29,7 @@ QString PackageDownload::download(const VeskPackagePtr& package, const std::stop
     if (!package || !package->repository())
         return {};
     const QString name = archiveName(*package);
-    const auto directory = PrivateDirectory::open(m_directory);
+    const auto directory = PrivateDirectory::openFirst(m_directories);
     const bool isWritable = directory && isPlainFileName(name);
     ArchiveRequest request(m_manager, m_limits);
     for (const QString& candidate : archiveURLs(package->repository()->urlString(), name)) {

@@ -19,13 +19,14 @@ QStringList archiveURLs(const QString& root, const QString& name);
 class PackageDownload
 {
 public:
-    PackageDownload(QString directory, const DownloadLimits& limits);
+    // The directories are those where archives may go, in the order of trial.
+    PackageDownload(QStringList directories, const DownloadLimits& limits);
 
     // The path of the file, which stays there; null when no candidate gave one or once told to stop.
     QString download(const VeskPackagePtr& package, const std::stop_token& stop);
 
 private:
     QNetworkAccessManager m_manager;
-    QString m_directory;
+    QStringList m_directories;
     DownloadLimits m_limits;
 };

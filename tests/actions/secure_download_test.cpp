@@ -94,7 +94,7 @@ protected:
         package->setRepository(VeskRepository::repositoryWithURLString(source, {}));
         package->setPackageID(QStringLiteral("one"));
         package->setVersion(QStringLiteral("1"));
-        return PackageDownload(m_parent.filePath(QStringLiteral("archives")), {}).download(package, {});
+        return PackageDownload({ m_parent.filePath(QStringLiteral("archives")) }, {}).download(package, {});
     }
 
     void answerWithBody() { m_server->answerWith("HTTP/1.1 200 OK\r\nContent-Length: 5000\r\n\r\n" + m_body); }
