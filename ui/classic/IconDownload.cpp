@@ -16,17 +16,22 @@ bool isTransportError(QNetworkReply::NetworkError error)
 
 } // namespace
 
-IconDownload::IconDownload(QNetworkReply* reply, qint64 largestBody, Completion completion, QObject* parent)
-    : QObject(parent)
-    , m_reply(reply)
+IconDownload::IconDownload(QNetworkReply* reply, qint64 largestBody, IconTransport::Completion completion)
+    : m_reply(reply)
     , m_largestBody(largestBody)
     , m_completion(std::move(completion))
 {
     constexpr qint64 pieceSize = qint64(64) * 1024;
-    reply->setParent(this);
     reply->setReadBufferSize(pieceSize);
     connect(reply, &QNetworkReply::readyRead, this, &IconDownload::receive);
     connect(reply, &QNetworkReply::finished, this, &IconDownload::finish);
+}
+
+// The reply may be in the middle of telling something.
+IconDownload::~IconDownload()
+{
+    m_reply->disconnect(this);
+    m_reply->deleteLater();
 }
 
 void IconDownload::receive()
@@ -45,10 +50,10 @@ void IconDownload::finish()
     end(isGood ? m_body : QByteArray());
 }
 
-// The reply goes with this: one that is aborted first may report an error of its own on top.
+// The last step of any: the completion may destroy this.
 void IconDownload::end(const QByteArray& body)
 {
     m_reply->disconnect(this);
-    m_completion(body);
-    deleteLater();
+    const IconTransport::Completion completion = std::move(m_completion);
+    completion(body);
 }

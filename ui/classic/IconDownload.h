@@ -1,22 +1,18 @@
 #pragma once
 
-#include <QByteArray>
+#include "ui/classic/IconTransport.h"
+
 #include <QNetworkReply>
 #include <QObject>
 
-#include <functional>
-
-// Receives the body of one reply, never more of it than a number of bytes. Owns the reply; deletes itself at the end.
-class IconDownload : public QObject
+// Receives the body of one reply, never more of it than a number of bytes. Owns the reply.
+class IconDownload : public QObject, public IconTransfer
 {
     Q_OBJECT
 
 public:
-    // Called once with the body; an empty one stands for every failure. A status that tells of an error is none: what
-    // counts is the body.
-    using Completion = std::function<void(const QByteArray&)>;
-
-    IconDownload(QNetworkReply* reply, qint64 largestBody, Completion completion, QObject* parent);
+    IconDownload(QNetworkReply* reply, qint64 largestBody, IconTransport::Completion completion);
+    ~IconDownload() override;
 
 private:
     void receive();
@@ -25,6 +21,6 @@ private:
 
     QNetworkReply* m_reply;
     qint64 m_largestBody;
-    Completion m_completion;
+    IconTransport::Completion m_completion;
     QByteArray m_body;
 };

@@ -1,10 +1,6 @@
 #include "ui/classic/IconLoader.h"
 
 #include "catalog/records/RepositoryURL.h"
-#include "ui/classic/IconDownload.h"
-
-#include <QNetworkReply>
-#include <QNetworkRequest>
 
 namespace {
 
@@ -18,19 +14,18 @@ bool isWebURL(const QUrl& url)
 
 } // namespace
 
-IconLoader::IconLoader(QNetworkAccessManager& manager, const Limits& limits, QObject* parent)
+IconLoader::IconLoader(IconTransport& transport, const Limits& limits, QObject* parent)
     : QObject(parent)
-    , m_manager(manager)
-    , m_limits(limits)
     , m_cache(limits.cacheSize)
+    , m_queue(transport, limits.queue)
 {
     m_decoders.setMaxThreadCount(1);
 }
 
 IconLoader::~IconLoader()
 {
+    // The pool itself waits for the decoder that is at work.
     m_decoders.clear();
-    m_decoders.waitForDone();
 }
 
 void IconLoader::load(const QString& urlString, double scale, kit::ImageView& imageView)
@@ -46,14 +41,17 @@ void IconLoader::load(const QString& urlString, double scale, kit::ImageView& im
         download(url->url(), { urlString, scale, &imageView });
 }
 
+bool IconLoader::isWanted(const Request& request)
+{
+    return request.imageView && request.imageView->property(wantedIcon) == request.urlString;
+}
+
 void IconLoader::download(const QUrl& url, const Request& request)
 {
-    QNetworkRequest networkRequest(url);
-    networkRequest.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    networkRequest.setTransferTimeout(static_cast<int>(m_limits.inactivityTimeout.count()));
-    new IconDownload(
-        m_manager.get(networkRequest), m_limits.largestBody,
-        [this, request](const QByteArray& body) { decode(body, request); }, this);
+    m_queue.add({ .url = url,
+        .requester = request.imageView.data(),
+        .isWanted = [request] { return isWanted(request); },
+        .completion = [this, request](const QByteArray& body) { decode(body, request); } });
 }
 
 // On another thread: the picture is decoded and goes into the cache, so that drawing never waits for it.
@@ -70,8 +68,7 @@ void IconLoader::decode(const QByteArray& body, const Request& request)
 
 void IconLoader::show(const kit::Image& image, const Request& request)
 {
-    const bool isWanted = request.imageView && request.imageView->property(wantedIcon) == request.urlString;
-    if (!image.isNull() && isWanted)
+    if (!image.isNull() && isWanted(request))
         request.imageView->setImage(image);
     Q_EMIT finished(request.urlString);
 }

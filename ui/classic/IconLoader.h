@@ -1,14 +1,12 @@
 #pragma once
 
 #include "ui/classic/IconCache.h"
+#include "ui/classic/IconQueue.h"
 #include "ui/kit/view/ImageView.h"
 
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QPointer>
 #include <QThreadPool>
-
-#include <chrono>
 
 // Shows icons from the network in image views. Lives on the main thread; decodes on threads of its own.
 // A failure of any kind leaves the view as it is and is not remembered. A view that was asked to show another icon by
@@ -21,16 +19,13 @@ class IconLoader : public QObject
 public:
     struct Limits
     {
-        // Bytes; a longer body is a failure.
-        qint64 largestBody = qint64(4) * 1024 * 1024;
-        // Bytes of decoded pixels.
-        qsizetype cacheSize = qsizetype(32) * 1024 * 1024;
-        // The longest silence of the server.
-        std::chrono::milliseconds inactivityTimeout = std::chrono::seconds(60);
+        // Bytes of decoded pixels and of what is kept with them.
+        qsizetype cacheSize = qsizetype(24) * 1024 * 1024;
+        IconQueue::Limits queue = {};
     };
 
-    // The manager must outlive the loader's use.
-    IconLoader(QNetworkAccessManager& manager, const Limits& limits, QObject* parent = nullptr);
+    // The transport must outlive the loader's use.
+    IconLoader(IconTransport& transport, const Limits& limits, QObject* parent = nullptr);
     ~IconLoader() override;
 
     // At once when the cache has the icon, otherwise when it has been downloaded, over http or https alone. The icon's
@@ -49,13 +44,13 @@ private:
         QPointer<kit::ImageView> imageView;
     };
 
+    static bool isWanted(const Request& request);
     void download(const QUrl& url, const Request& request);
     void decode(const QByteArray& body, const Request& request);
     void show(const kit::Image& image, const Request& request);
 
-    QNetworkAccessManager& m_manager;
-    Limits m_limits;
     IconCache m_cache;
+    IconQueue m_queue;
     // The last member, so that no decoder is running when the others go.
     QThreadPool m_decoders;
 };

@@ -1,7 +1,8 @@
 #include "ui/classic/IconLoader.h"
 
 #include "tests/support/LoopbackServer.h"
-#include "tests/ui/classic/TestImage.h"
+#include "tests/support/TestImage.h"
+#include "ui/classic/NetworkIconTransport.h"
 
 #include <QNetworkReply>
 #include <QSignalSpy>
@@ -32,9 +33,11 @@ protected:
 class Loader : public testing::Test
 {
 protected:
-    void restart(const IconLoader::Limits& limits)
+    void restart(const NetworkIconTransport::Limits& limits, const IconLoader::Limits& ownLimits = {})
     {
-        loader = std::make_unique<IconLoader>(manager, limits);
+        loader.reset();
+        transport = std::make_unique<NetworkIconTransport>(manager, limits);
+        loader = std::make_unique<IconLoader>(*transport, ownLimits);
         finished = std::make_unique<QSignalSpy>(loader.get(), &IconLoader::finished);
     }
     Loader() { restart({}); }
@@ -58,6 +61,7 @@ protected:
     LoopbackServer server;
     CountingManager manager;
     kit::ImageView view;
+    std::unique_ptr<NetworkIconTransport> transport;
     std::unique_ptr<IconLoader> loader;
     std::unique_ptr<QSignalSpy> finished;
 };
@@ -150,6 +154,15 @@ TEST_F(Loader, followsARedirectToTheWebAndToNothingElse)
     file.flush();
     server.redirect("/file.png", "file://" + file.fileName().toUtf8());
     loadAndWait(QStringLiteral("/file.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, followsARedirectToAnotherServer)
+{
+    LoopbackServer other;
+    other.serve("/icon.png", pngOf(Qt::red));
+    server.redirect("/moved.png", other.url(QStringLiteral("/icon.png")).toUtf8());
+    loadAndWait(QStringLiteral("/moved.png"));
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
 }
 
@@ -258,7 +271,7 @@ TEST_F(Loader, givesUpOnASilentServer)
 
 TEST_F(Loader, downloadsAgainWhatItsCacheHadNoRoomFor)
 {
-    restart({ .cacheSize = 100 });
+    restart({}, { .cacheSize = 100 });
     server.serve("/icon.png", pngOf(Qt::red));
     loadAndWait(QStringLiteral("/icon.png"));
     loadAndWait(QStringLiteral("/icon.png"));
