@@ -1,5 +1,7 @@
 #include "actions/ChildProcess.h"
 
+#include "actions/SignalDispositions.h"
+
 #include <QByteArray>
 #include <QFile>
 
@@ -83,6 +85,7 @@ bool runChildProcess(const QStringList& arguments)
     if (!actions.silence(STDIN_FILENO) || !actions.silence(STDOUT_FILENO) || !actions.silence(STDERR_FILENO)
         || !actions.closeFrom(STDERR_FILENO + 1))
         return false;
+    SignalDispositions::restoreForChildren();
     pid_t child = 0;
     if (posix_spawn(&child, vector.front(), actions.get(), nullptr, vector.data(), environ) != 0)
         return false;

@@ -4,12 +4,22 @@
 #include "catalog/sources/SourceRequest.h"
 
 #include <QDir>
+#include <QStandardPaths>
 
 #include <unistd.h>
 
 namespace {
 
 constexpr std::int64_t largestArchive = std::int64_t(8) * 1024 * 1024 * 1024;
+
+// The user's cache first: nobody else can make anything there. In the shared temporary directory another user may have
+// taken the name already.
+QStringList placesForArchives()
+{
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    return { cache + QStringLiteral("/vesk/archives"),
+        QDir::tempPath() + QStringLiteral("/vesk-") + QString::number(geteuid()) };
+}
 
 } // namespace
 
@@ -25,7 +35,7 @@ InstallerSurroundings InstallerSurroundings::system()
 {
     return {
         .dpkgPath = QStringLiteral("/usr/bin/dpkg"),
-        .temporaryDirectory = QDir::tempPath() + QStringLiteral("/vesk-") + QString::number(geteuid()),
+        .archiveDirectories = placesForArchives(),
         .urlOpener = std::make_unique<DesktopURLOpener>(),
     };
 }

@@ -19,8 +19,8 @@ QStringList archiveURLs(const QString& root, const QString& name)
     return { base + QStringLiteral("debs/") + name, base + QStringLiteral("pool/") + name, base + name };
 }
 
-PackageDownload::PackageDownload(QString directory, http::Request request)
-    : m_directory(std::move(directory))
+PackageDownload::PackageDownload(QStringList directories, http::Request request)
+    : m_directories(std::move(directories))
     , m_request(std::move(request))
 {
 }
@@ -30,7 +30,7 @@ QString PackageDownload::download(const VeskPackagePtr& package, const std::stop
     if (!package || !package->repository())
         return {};
     const QString name = archiveName(*package);
-    const auto directory = PrivateDirectory::open(m_directory);
+    const auto directory = PrivateDirectory::openFirst(m_directories);
     const bool isWritable = directory && isPlainFileName(name);
     for (const QString& candidate : archiveURLs(package->repository()->urlString(), name)) {
         const auto url = RepositoryURL::fromString(candidate);

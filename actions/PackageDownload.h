@@ -18,13 +18,14 @@ QStringList archiveURLs(const QString& root, const QString& name);
 class PackageDownload
 {
 public:
-    // The request is sent as it is but for its URL.
-    PackageDownload(QString directory, http::Request request);
+    // The directories are those where archives may go, in the order of trial. The request is sent as it is but for its
+    // URL.
+    PackageDownload(QStringList directories, http::Request request);
 
     // The path of the file, which stays there; null when no candidate gave one or once told to stop.
     QString download(const VeskPackagePtr& package, const std::stop_token& stop) const;
 
 private:
-    QString m_directory;
+    QStringList m_directories;
     http::Request m_request;
 };

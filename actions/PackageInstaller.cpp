@@ -113,7 +113,7 @@ void PackageInstaller::executeQueueWithCompletion(std::function<void()> completi
 QueueRun PackageInstaller::runOf(const std::vector<QueueEntryPtr>& entries)
 {
     const auto download = [this](const VeskPackagePtr& package, const std::stop_token& stop) {
-        return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.archiveRequest)
+        return PackageDownload(m_surroundings.archiveDirectories, m_surroundings.archiveRequest)
             .download(package, stop);
     };
     const auto install
@@ -149,7 +149,7 @@ void PackageInstaller::finishRun()
 
 QString PackageInstaller::downloadPackage(const VeskPackagePtr& package) const
 {
-    return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.archiveRequest).download(package, {});
+    return PackageDownload(m_surroundings.archiveDirectories, m_surroundings.archiveRequest).download(package, {});
 }
 
 bool PackageInstaller::runCommand(const QStringList& arguments)

@@ -50,7 +50,7 @@ protected:
 
     QString download(const VeskPackagePtr& wanted, const std::stop_token& stop = {})
     {
-        return PackageDownload(directory(), sourceRequest(m_limits)).download(wanted, stop);
+        return PackageDownload({ directory() }, sourceRequest(m_limits)).download(wanted, stop);
     }
 
     QString download() { return download(package()); }

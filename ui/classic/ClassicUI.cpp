@@ -15,6 +15,8 @@ constexpr double wholeScale = 255.0;
 constexpr kit::EdgeInsets barInsets{ 0, 8, 0, 8 };
 constexpr kit::EdgeInsets rowInsets{ 0, 12, 0, 12 };
 constexpr double headerMargin = 14;
+// Characters; far more than a line has room for.
+constexpr qsizetype longestHeader = 1000;
 constexpr double nearlyNothing = 0.01;
 
 const kit::Color& shadow()
@@ -188,7 +190,8 @@ kit::View* ClassicUI::sectionHeaderViewWithTitle(const QString& title, double wi
     header->setGradient({ colorWithRed(173, 184, 195, 1), colorWithRed(117, 132, 149, 1) });
 
     auto* label = new kit::Label({ headerMargin, 0, std::max(0.0, width - 2 * headerMargin), height });
-    label->setText(title.toUpper());
+    // Cut to what can be seen first: letters that grow as capitals make a long text take seconds.
+    label->setText(title.left(longestHeader).toUpper());
     label->setTextColor(kit::Color::white());
     label->setFont(kit::Font::boldSystemFont(12));
     label->setShadow(kit::Label::Shadow::Below, shadow());

@@ -27,8 +27,8 @@ public:
     {
         // Downloads at once: more than a screen has rows, and few enough that no server can use up the process's files.
         std::size_t mostAtOnce = 16;
-        // Bytes of decoded pixels.
-        qsizetype cacheSize = qsizetype(32) * 1024 * 1024;
+        // Bytes of decoded pixels and of what is kept with them.
+        qsizetype cacheSize = qsizetype(24) * 1024 * 1024;
         // Of one icon.
         http::Limits download = standardDownload();
     };

@@ -2,7 +2,7 @@
 
 #include "http/Client.h"
 #include "tests/support/LoopbackServer.h"
-#include "tests/ui/classic/TestImage.h"
+#include "tests/support/TestImage.h"
 
 #include <QSignalSpy>
 #include <QTemporaryFile>
@@ -216,6 +216,15 @@ TEST_F(Loader, followsARedirectToTheWebAndToNothingElse)
     file.flush();
     server.redirect("/file.png", "file://" + file.fileName().toUtf8());
     loadAndWait(QStringLiteral("/file.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, followsARedirectToAnotherServer)
+{
+    LoopbackServer other;
+    other.serve("/icon.png", pngOf(Qt::red));
+    server.redirect("/moved.png", other.url(QStringLiteral("/icon.png")).toUtf8());
+    loadAndWait(QStringLiteral("/moved.png"));
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
 }
 

@@ -1,5 +1,6 @@
 #include "tests/ui/screens/ScreenWorld.h"
 
+#include "ui/kit/paint/Animations.h"
 #include "ui/kit/view/Label.h"
 
 #include <QCoreApplication>
@@ -19,7 +20,7 @@ ScreenTest::ScreenTest()
     manager = std::make_unique<RepoManager>(std::move(world));
 
     InstallerSurroundings surroundings;
-    surroundings.temporaryDirectory = directory.filePath(QStringLiteral("archives"));
+    surroundings.archiveDirectories = { directory.filePath(QStringLiteral("archives")) };
     surroundings.urlOpener = std::make_unique<RecordingOpener>(opener);
     installer = std::make_unique<PackageInstaller>(std::move(surroundings));
 }
@@ -62,6 +63,14 @@ QString ScreenTest::headerText(int section) const
         return {};
     const auto* label = qobject_cast<kit::Label*>(header->subviews().first());
     return label ? label->text() : QString();
+}
+
+bool ScreenTest::isPushedAnimated(const std::function<void()>& step) const
+{
+    kit::Animations::setEnabled(true);
+    step();
+    kit::Animations::setEnabled(false);
+    return navigation->isPushing() && navigation->isTransitioning();
 }
 
 VeskPackagePtr ScreenTest::addPackage(const QString& name, const QString& section)

@@ -1,21 +1,6 @@
-#include "resources/VeskResources.h"
-#include "ui/kit/paint/TextScale.h"
-#include "ui/screens/shell/AppDelegate.h"
-#include "ui/screens/shell/DesktopTextScale.h"
-
-#include <QGuiApplication>
+#include "ui/screens/shell/ApplicationMain.h"
 
 int main(int argc, char** argv)
 {
-    QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("vesk"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
-
-    initialiseResources();
-    kit::TextScale::set(desktopTextScale(QGuiApplication::platformName()));
-
-    AppDelegate delegate;
-    delegate.didFinishLaunchingWithOptions();
-    return QGuiApplication::exec();
+    return applicationMain(argc, argv);
 }
