@@ -12,6 +12,7 @@
 #include "catalog/RepoManager.h"
 #include "catalog/index/IndexParser.h"
 #include "catalog/text/TextDecoding.h"
+#include "http/Client.h"
 #include "tests/catalog/index/ReadIndex.h"
 #include "tests/support/LoopbackServer.h"
 
@@ -138,7 +139,7 @@ struct Setting
         CatalogWorld world;
         world.store = std::make_unique<EmptyStore>();
         world.statusPaths = { statusPath() };
-        world.network = std::make_unique<QNetworkAccessManager>();
+        world.network = std::make_unique<http::Client>();
         world.workers = std::make_shared<Workers>();
         world.collationLocale = QStringLiteral("en");
         auto manager = std::make_unique<RepoManager>(std::move(world));

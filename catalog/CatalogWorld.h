@@ -1,11 +1,10 @@
 #pragma once
 
-#include "catalog/index/DownloadLimits.h"
 #include "catalog/index/IndexLimits.h"
 #include "catalog/sources/SourceStore.h"
 #include "catalog/work/Workers.h"
+#include "http/Network.h"
 
-#include <QNetworkAccessManager>
 #include <QStringList>
 
 #include <memory>
@@ -18,16 +17,16 @@ struct CatalogWorld
     QStringList statusPaths;
     // Where indexes are decoded and parsed.
     std::shared_ptr<Workers> workers;
-    std::unique_ptr<QNetworkAccessManager> network;
+    // Goes before the workers, to which it brings what they read.
+    std::unique_ptr<http::Network> network;
     // The language whose order of letters names are sorted by ("de", "sv_SE").
     QString collationLocale;
-    // Of one index.
-    DownloadLimits downloadLimits{
-        .inactivityTimeout = std::chrono::seconds(20),
-        .largestBody = qint64(256) * 1024 * 1024,
-    };
+    // How an index is asked for; the URL is filled in.
+    http::Request indexRequest = standardIndexRequest();
     IndexLimits limits;
 
+    // 20 seconds of silence, and a body of 256 MiB: five times the largest index in use.
+    static http::Request standardIndexRequest();
     // The user's own sources, this machine's dpkg and its network.
     static CatalogWorld real();
 };

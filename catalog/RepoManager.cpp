@@ -54,8 +54,6 @@ RepoManager::~RepoManager()
 // Workers that still read an index stop at their next step, so that nobody waits for them.
 void RepoManager::dropRefreshes()
 {
-    m_stop.request_stop();
-    m_stop = std::stop_source();
     qDeleteAll(findChildren<IndexRefresh*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -185,8 +183,8 @@ void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const C
         }
         report();
     };
-    const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers.get(), m_world.statusPaths, m_nameOrder,
-        m_world.limits, m_world.downloadLimits, m_stop.get_token() };
+    const IndexRefresh::Tools tools{ *m_world.network, *m_world.workers, m_world.indexRequest, m_world.statusPaths,
+        m_nameOrder, m_world.limits };
     new IndexRefresh(repository, *root, tools, done, this);
 }
 

@@ -12,7 +12,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stop_token>
 #include <vector>
 
 // The catalog: the user's ordered list of sources and the packages merged from their indexes.
@@ -34,6 +33,9 @@ public:
     explicit RepoManager(CatalogWorld world, QObject* parent = nullptr);
     // A refresh under way is dropped; its completion is not called.
     ~RepoManager() override;
+
+    // What indexes come over; it serves other requests, too.
+    http::Network& network() { return *m_world.network; }
 
     bool isLoading() const { return m_isLoading; }
     void setIsLoading(bool isLoading) { m_isLoading = isLoading; }
@@ -87,6 +89,4 @@ private:
     QString m_errorMessage;
     std::shared_ptr<const NameOrder> m_nameOrder;
     CatalogIndex m_index;
-    // Of the refreshes that run.
-    std::stop_source m_stop;
 };

@@ -1,6 +1,5 @@
 #include "catalog/index/IndexRefresh.h"
 
-#include "catalog/index/IndexReceiver.h"
 #include "catalog/sources/SourceRequest.h"
 #include "catalog/work/MainThread.h"
 
@@ -65,16 +64,17 @@ void IndexRefresh::fetch(const RepositoryURL& url, std::size_t index)
     // On a worker.
     const auto read = [self, index](ParsedIndex parsed) {
         const auto kept = std::make_shared<ParsedIndex>(std::move(parsed));
-        postToMainThread<IndexRefresh>(self, [kept, index](IndexRefresh& refresh) { refresh.acceptIndex(std::move(*kept), index); });
+        postToMainThread<IndexRefresh>(
+            self, [kept, index](IndexRefresh& refresh) { refresh.acceptIndex(std::move(*kept), index); });
     };
     auto reading = std::make_unique<IndexReading>(std::move(job), m_tools.workers, m_stop.get_token(), read);
-    const auto receiver = std::make_shared<IndexReceiver>(std::move(reading));
+    m_receiver = std::make_shared<IndexReceiver>(std::move(reading));
     // On the network's thread.
-    const auto ended = [self, receiver, index](const http::Outcome& outcome) {
+    const auto ended = [self, receiver = m_receiver, index](const http::Outcome& outcome) {
         if (!receiver->finish(outcome))
             postToMainThread<IndexRefresh>(self, [index](IndexRefresh& refresh) { refresh.attempt(index + 1); });
     };
-    m_tools.network.start(aimedAt(m_tools.request, url.url()), receiver, ended, m_stop.get_token());
+    m_tools.network.start(aimedAt(m_tools.request, url.url()), m_receiver, ended, m_stop.get_token());
 }
 
 void IndexRefresh::acceptIndex(ParsedIndex parsed, std::size_t index)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalog/index/IndexReading.h"
+#include "catalog/index/IndexReceiver.h"
 #include "catalog/records/RepositoryURL.h"
 #include "http/Network.h"
 
@@ -47,5 +47,7 @@ private:
     QString m_base;
     Tools m_tools;
     Done m_done;
+    // What the attempt under way has received; it is read for as long as this is here.
+    std::shared_ptr<IndexReceiver> m_receiver;
     std::stop_source m_stop;
 };

@@ -61,7 +61,7 @@ class IndexLimitsOfDownloading : public CatalogFixture
 TEST_F(IndexLimitsOfDownloading, cutAnEndlessBodyShort)
 {
     CatalogWorld small = world();
-    small.downloadLimits.largestBody = 1'000'000;
+    small.indexRequest.limits.largestBody = 1'000'000;
     m_store->stored = std::vector<StoredSource>();
     m_manager = std::make_unique<RepoManager>(std::move(small));
     m_manager->repositories().clear();
