@@ -36,7 +36,7 @@ public:
 
     // The request is sent at once; it waits for no other. When told to stop, it ends as Failure::Cancelled without
     // waiting for the server.
-    void start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {});
+    void start(const Request& request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {});
 
 private:
     void run(const std::stop_token& stop);
