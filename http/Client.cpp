@@ -16,10 +16,9 @@ Client::Client()
 
 Client::~Client() = default;
 
-void Client::start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop)
+void Client::start(const Request& request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop)
 {
-    auto transfer
-        = std::make_unique<Transfer>(std::move(request), std::move(receiver), std::move(done), std::move(stop));
+    auto transfer = std::make_unique<Transfer>(request, std::move(receiver), std::move(done), std::move(stop));
     {
         const std::lock_guard lock(m_mutex);
         m_started.push_back(std::move(transfer));

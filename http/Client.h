@@ -27,7 +27,8 @@ public:
     // and completions hold is released on the network thread, before this returns.
     ~Client() override;
 
-    void start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {}) override;
+    void start(
+        const Request& request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {}) override;
 
 private:
     void run(const std::stop_token& stop);

@@ -25,7 +25,7 @@ public:
 
     // The request is sent at once; it waits for no other. When told to stop, it ends as Failure::Cancelled without
     // waiting for the server.
-    virtual void start(Request request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop) = 0;
+    virtual void start(const Request& request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop) = 0;
 };
 
 } // namespace http

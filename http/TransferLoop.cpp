@@ -52,6 +52,7 @@ void TransferLoop::takeEnded()
     while (const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left)) {
         void* transfer = nullptr;
         curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &transfer);
+        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): it is the library's
         ended(*static_cast<Transfer*>(transfer), message->data.result);
     }
 }

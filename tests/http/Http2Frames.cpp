@@ -54,6 +54,14 @@ Frame readFrame(ServerConnection& connection)
         .payload = connection.read(numberOf(view.substr(0, 3))) };
 }
 
+// The client goes on sending frames about its windows. To close while one of them is unread would reset the connection,
+// and what was sent might be lost with it.
+void endSending(ServerConnection& connection)
+{
+    connection.endTls();
+    connection.waitForEnd();
+}
+
 } // namespace
 
 std::string headers(std::uint32_t stream, const std::vector<Header>& headers, End end)
@@ -97,7 +105,7 @@ ScriptedServer::Script serving(Answering answering)
                 continue;
             connection.remember(read.payload);
             if (answering(connection, read.stream) == After::Close)
-                return;
+                return endSending(connection);
         }
     };
 }
