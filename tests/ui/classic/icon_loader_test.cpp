@@ -21,11 +21,11 @@ class CountingNetwork : public http::Client
 public:
     int requests = 0;
 
-    void start(
-        http::Request request, std::shared_ptr<http::Receiver> receiver, Done done, std::stop_token stop) override
+    void start(const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done,
+        std::stop_token stop) override
     {
         ++requests;
-        http::Client::start(std::move(request), std::move(receiver), std::move(done), std::move(stop));
+        http::Client::start(request, std::move(receiver), std::move(done), std::move(stop));
     }
 };
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 void ScriptedNetwork::start(
-    http::Request request, std::shared_ptr<http::Receiver> receiver, Done done, std::stop_token stop)
+    const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done, std::stop_token stop)
 {
     Exchange exchange{ QString::fromStdString(request.url), std::move(receiver), std::move(done), std::move(stop) };
     m_requestedURLs.append(exchange.url);

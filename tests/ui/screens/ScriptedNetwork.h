@@ -15,8 +15,8 @@
 class ScriptedNetwork : public http::Network
 {
 public:
-    void start(
-        http::Request request, std::shared_ptr<http::Receiver> receiver, Done done, std::stop_token stop) override;
+    void start(const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done,
+        std::stop_token stop) override;
 
     void serve(const QString& url, const QByteArray& body) { m_files.insert(url, body); }
     void hold() { m_isHeld = true; }
