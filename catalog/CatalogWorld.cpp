@@ -10,8 +10,8 @@ CatalogWorld CatalogWorld::real()
     CatalogWorld world;
     world.store = std::make_unique<JsonSourceStore>(JsonSourceStore::standardPath());
     world.statusPaths = DpkgStatus::standardPaths();
+    world.workers = std::make_shared<Workers>();
     world.network = std::make_unique<QNetworkAccessManager>();
-    world.workers = QThreadPool::globalInstance();
     world.collationLocale = QLocale::system().bcp47Name();
     return world;
 }

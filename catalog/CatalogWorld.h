@@ -3,10 +3,10 @@
 #include "catalog/index/DownloadLimits.h"
 #include "catalog/index/IndexLimits.h"
 #include "catalog/sources/SourceStore.h"
+#include "catalog/work/Workers.h"
 
 #include <QNetworkAccessManager>
 #include <QStringList>
-#include <QThreadPool>
 
 #include <memory>
 
@@ -16,9 +16,9 @@ struct CatalogWorld
     std::unique_ptr<SourceStore> store;
     // The dpkg status files, in the order they are tried.
     QStringList statusPaths;
+    // Where indexes are decoded and parsed.
+    std::shared_ptr<Workers> workers;
     std::unique_ptr<QNetworkAccessManager> network;
-    // Where indexes are decoded and parsed; not owned.
-    QThreadPool* workers = nullptr;
     // The language whose order of letters names are sorted by ("de", "sv_SE").
     QString collationLocale;
     // Of one index.

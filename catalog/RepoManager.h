@@ -1,7 +1,6 @@
 #pragma once
 
 #include "catalog/CatalogWorld.h"
-#include "catalog/index/IndexReader.h"
 #include "catalog/query/CatalogIndex.h"
 #include "catalog/records/PackageList.h"
 #include "catalog/records/RepositoryError.h"
@@ -13,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 // The catalog: the user's ordered list of sources and the packages merged from their indexes.
@@ -87,5 +87,6 @@ private:
     QString m_errorMessage;
     std::shared_ptr<const NameOrder> m_nameOrder;
     CatalogIndex m_index;
-    CancelFlag m_cancelled;
+    // Of the refreshes that run.
+    std::stop_source m_stop;
 };

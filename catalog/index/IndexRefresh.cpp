@@ -1,6 +1,7 @@
 #include "catalog/index/IndexRefresh.h"
 
 #include "catalog/records/RepositoryURL.h"
+#include "catalog/text/TextDecoding.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -59,7 +60,7 @@ void IndexRefresh::attempt(std::size_t index)
     }
     const auto done = [this, index](std::optional<QByteArray> body) {
         if (body)
-            read(std::move(*body), index);
+            read(*body, index);
         else
             QMetaObject::invokeMethod(
                 this, [this, index] { attempt(index + 1); }, Qt::QueuedConnection);
@@ -67,24 +68,26 @@ void IndexRefresh::attempt(std::size_t index)
     m_download = std::make_unique<IndexDownload>(*m_tools.network, *url, m_tools.downloadLimits, done, nullptr);
 }
 
-void IndexRefresh::read(QByteArray body, std::size_t index)
+void IndexRefresh::read(const QByteArray& body, std::size_t index)
 {
-    const IndexJob job{ std::move(body), candidates[index].compression, m_repository, m_tools.statusPaths,
-        m_tools.nameOrder, m_tools.limits, m_tools.cancelled };
     // The worker does not touch this object: it posts to the application, which outlives the workers, and the call
     // finds out on the main thread whether anybody still waits.
-    m_tools.workers->start([job, index, self = QPointer<IndexRefresh>(this)] {
-        auto parsed = std::make_shared<ParsedIndex>(readIndex(job));
-        const auto deliver = [self, index, parsed] {
+    const auto done = [self = QPointer<IndexRefresh>(this), index](ParsedIndex parsed) {
+        const auto deliver = [self, index, parsed = std::make_shared<ParsedIndex>(std::move(parsed))] {
             if (self)
                 self->acceptIndex(std::move(*parsed), index);
         };
         QMetaObject::invokeMethod(QCoreApplication::instance(), deliver, Qt::QueuedConnection);
-    });
+    };
+    IndexJob job{ candidates[index].compression, m_repository, m_tools.statusPaths, m_tools.nameOrder, m_tools.limits };
+    m_reading = std::make_unique<IndexReading>(std::move(job), *m_tools.workers, m_tools.stop, done);
+    m_reading->receive(viewOf(body));
+    m_reading->finish();
 }
 
 void IndexRefresh::acceptIndex(ParsedIndex parsed, std::size_t index)
 {
+    m_reading.reset();
     if (parsed.packages.empty())
         attempt(index + 1);
     else

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "catalog/index/IndexDownload.h"
-#include "catalog/index/IndexReader.h"
-
-#include <QThreadPool>
+#include "catalog/index/IndexReading.h"
+#include "catalog/work/Workers.h"
 
 #include <memory>
 
 // The refresh of one source: tries the five index names one after the other until one brings packages.
-// Lives on the main thread; decoding and parsing run on a worker, and what they produce comes back in a queued call,
+// Lives on the main thread; decoding and parsing run on workers, and what they produce comes back in a queued call,
 // which is dropped when the refresh is gone by then.
 class IndexRefresh : public QObject
 {
@@ -18,12 +17,13 @@ public:
     struct Tools
     {
         QNetworkAccessManager* network = nullptr;
-        QThreadPool* workers = nullptr;
+        Workers* workers = nullptr;
         QStringList statusPaths;
         std::shared_ptr<const NameOrder> nameOrder;
         IndexLimits limits;
         DownloadLimits downloadLimits;
-        CancelFlag cancelled;
+        // When this is asked for, reading ends at once.
+        std::stop_token stop;
     };
     // No packages: every candidate failed.
     using Done = std::function<void(ParsedIndex parsed)>;
@@ -35,7 +35,7 @@ public:
 
 private:
     void attempt(std::size_t index);
-    void read(QByteArray body, std::size_t index);
+    void read(const QByteArray& body, std::size_t index);
     void acceptIndex(ParsedIndex parsed, std::size_t index);
     void finish(ParsedIndex parsed);
 
@@ -44,4 +44,5 @@ private:
     Tools m_tools;
     Done m_done;
     std::unique_ptr<IndexDownload> m_download;
+    std::unique_ptr<IndexReading> m_reading;
 };

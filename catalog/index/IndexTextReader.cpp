@@ -13,9 +13,7 @@ bool IndexTextReader::feed(std::string_view bytes)
 {
     if (m_state != State::Sound)
         return false;
-    if (m_job.cancelled && m_job.cancelled->load(std::memory_order_relaxed))
-        m_state = State::Refused;
-    else if (m_encoding == Encoding::Latin1)
+    if (m_encoding == Encoding::Latin1)
         parse(viewOf(utf8FromLatin1(bytes)));
     else if (!m_check.feed(bytes))
         m_state = State::NotUtf8;

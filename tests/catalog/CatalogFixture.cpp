@@ -18,7 +18,7 @@ CatalogWorld CatalogFixture::world() const
     world.store = std::make_unique<MemorySourceStore>(m_store);
     world.statusPaths = { statusPath() };
     world.network = std::make_unique<QNetworkAccessManager>();
-    world.workers = QThreadPool::globalInstance();
+    world.workers = std::make_shared<Workers>();
     world.collationLocale = QStringLiteral("en");
     return world;
 }

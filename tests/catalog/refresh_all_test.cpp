@@ -191,7 +191,6 @@ TEST_F(RefreshAll, isDroppedWhenTheManagerGoes)
     ASSERT_TRUE(waitFor([&] { return m_server.requests().size() == 2; }));
     m_manager.reset();
     m_server.release("/1/Packages.bz2");
-    QThreadPool::globalInstance()->waitForDone();
     QTest::qWait(20);
     EXPECT_FALSE(isDone);
 }
@@ -199,21 +198,20 @@ TEST_F(RefreshAll, isDroppedWhenTheManagerGoes)
 TEST_F(RefreshAll, dropsWhatAWorkerStillDeliversWhenTheManagerIsGone)
 {
     serve(u"/1"_s, "a");
-    QThreadPool busy;
-    busy.setMaxThreadCount(1);
+    auto busy = std::make_shared<Workers>(1);
     CatalogWorld other = world();
-    other.workers = &busy;
+    other.workers = busy;
     m_store->stored = std::vector<StoredSource>({ { m_server.url(u"/1"_s), u"A"_s, true } });
     m_manager = std::make_unique<RepoManager>(std::move(other));
     QSemaphore gate;
-    busy.start([&gate] { gate.acquire(); });
+    busy->post([&gate] { gate.acquire(); });
     bool isDone = false;
     manager().refreshAllWithCompletion([&isDone] { isDone = true; });
     ASSERT_TRUE(waitFor([&] { return !m_server.requests().empty(); }));
     QTest::qWait(20);
     m_manager.reset();
     gate.release();
-    busy.waitForDone();
+    busy.reset();
     QCoreApplication::processEvents();
     EXPECT_FALSE(isDone);
 }

@@ -1,19 +1,18 @@
-#include "catalog/index/IndexReader.h"
 #include "tests/catalog/CatalogFixture.h"
+#include "tests/catalog/index/ReadIndex.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-IndexJob jobFor(const QByteArray& body, Compression compression, const IndexLimits& limits)
+ParsedIndex read(const QByteArray& body, Compression compression, const IndexLimits& limits)
 {
     IndexJob job;
-    job.body = body;
     job.compression = compression;
     job.repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
     job.nameOrder = std::make_shared<const NameOrder>(u"en"_s);
     job.limits = limits;
-    return job;
+    return readIndex(job, body);
 }
 
 QByteArray manyStanzas(int count)
@@ -31,35 +30,28 @@ TEST(IndexLimitsOfReading, failTheDecompressionOfWhatGrowsBeyondThem)
     IndexLimits limits;
     limits.textSize = 100000;
     const QByteArray bomb = stanza("a") + QByteArray(100'000'000, '\n');
-    EXPECT_TRUE(readIndex(jobFor(gzipped(bomb), Compression::Gzip, limits)).packages.empty());
-    EXPECT_TRUE(readIndex(jobFor(bzipped(bomb), Compression::Bzip2, limits)).packages.empty());
-    EXPECT_EQ(readIndex(jobFor(gzipped(stanza("a")), Compression::Gzip, limits)).packages.size(), 1U);
+    EXPECT_TRUE(read(gzipped(bomb), Compression::Gzip, limits).packages.empty());
+    EXPECT_TRUE(read(bzipped(bomb), Compression::Bzip2, limits).packages.empty());
+    EXPECT_EQ(read(gzipped(stanza("a")), Compression::Gzip, limits).packages.size(), 1U);
 }
 
 TEST(IndexLimitsOfReading, refuseAnIndexOfTooManyPackages)
 {
     IndexLimits limits;
     limits.packageCount = 20000;
-    EXPECT_EQ(readIndex(jobFor(manyStanzas(20000), Compression::None, limits)).packages.size(), 20000U);
-    EXPECT_TRUE(readIndex(jobFor(manyStanzas(20001), Compression::None, limits)).packages.empty());
-    EXPECT_TRUE(readIndex(jobFor(gzipped(manyStanzas(20001)), Compression::Gzip, limits)).packages.empty());
-}
-
-TEST(IndexLimitsOfReading, areNotNeededToGiveUpOnRequest)
-{
-    IndexJob job = jobFor(manyStanzas(3), Compression::None, {});
-    job.cancelled = std::make_shared<std::atomic<bool>>(true);
-    EXPECT_TRUE(readIndex(job).packages.empty());
+    EXPECT_EQ(read(manyStanzas(20000), Compression::None, limits).packages.size(), 20000U);
+    EXPECT_TRUE(read(manyStanzas(20001), Compression::None, limits).packages.empty());
+    EXPECT_TRUE(read(gzipped(manyStanzas(20001)), Compression::Gzip, limits).packages.empty());
 }
 
 TEST(IndexLimitsOfReading, letHugeLinesAndStanzasPassInLinearTime)
 {
     const QByteArray longLine = "Package: a\nDescription: " + QByteArray(20'000'000, 'x') + "\n\n";
-    const PackageVector packages = readIndex(jobFor(longLine, Compression::None, {})).packages;
+    const PackageVector packages = read(longLine, Compression::None, {}).packages;
     ASSERT_EQ(packages.size(), 1U);
     EXPECT_EQ(packages[0]->desc().size(), 20'000'000);
     const QByteArray longStanza = "Package: a\n" + QByteArray("Tag: x\n").repeated(3'000'000);
-    EXPECT_EQ(readIndex(jobFor(longStanza, Compression::None, {})).packages.size(), 1U);
+    EXPECT_EQ(read(longStanza, Compression::None, {}).packages.size(), 1U);
 }
 
 class IndexLimitsOfDownloading : public CatalogFixture

@@ -224,7 +224,6 @@ TEST_F(JsonStore, thatCannotBeWrittenLosesNoSourceInMemory)
     CatalogWorld world;
     world.store = std::make_unique<JsonSourceStore>(path());
     world.network = std::make_unique<QNetworkAccessManager>();
-    world.workers = QThreadPool::globalInstance();
     RepoManager manager(std::move(world));
     EXPECT_EQ(manager.repositories().size(), 4U);
     manager.toggleRepository(manager.repositories()[0], false);
@@ -245,7 +244,6 @@ TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
         CatalogWorld world;
         world.store = std::make_unique<JsonSourceStore>(path());
         world.network = std::make_unique<QNetworkAccessManager>();
-        world.workers = QThreadPool::globalInstance();
         return std::make_unique<RepoManager>(std::move(world));
     };
     auto manager = restart();

@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QTest>
-#include <QThreadPool>
 
 ScreenTest::ScreenTest()
 {
@@ -15,7 +14,7 @@ ScreenTest::ScreenTest()
     auto ownedNetwork = std::make_unique<ScriptedNetwork>();
     network = ownedNetwork.get();
     world.network = std::move(ownedNetwork);
-    world.workers = QThreadPool::globalInstance();
+    world.workers = std::make_shared<Workers>();
     world.collationLocale = QStringLiteral("en");
     manager = std::make_unique<RepoManager>(std::move(world));
 
@@ -28,7 +27,6 @@ ScreenTest::ScreenTest()
 ScreenTest::~ScreenTest()
 {
     navigation.reset();
-    QThreadPool::globalInstance()->waitForDone();
 }
 
 void ScreenTest::showOnStack(kit::ViewController* screen)

@@ -1,6 +1,6 @@
-#include "catalog/index/IndexReader.h"
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/decode/PackedStream.h"
+#include "tests/catalog/index/ReadIndex.h"
 
 #include <thread>
 
@@ -39,18 +39,17 @@ QStringList summaryOf(const ParsedIndex& index)
 } // namespace
 
 // Without a server: a thread of Qt's own would be one too many for a look at races.
-class IndexReading : public testing::Test
+class ReadingAnIndex : public testing::Test
 {
 protected:
-    IndexJob jobFor(const QByteArray& body, Compression compression) const
+    ParsedIndex read(const QByteArray& body, Compression compression) const
     {
         IndexJob job;
-        job.body = body;
         job.compression = compression;
         job.repository = m_source;
         job.statusPaths = { m_directory.filePath(u"status"_s) };
         job.nameOrder = m_order;
-        return job;
+        return readIndex(job, body);
     }
 
     QTemporaryDir m_directory;
@@ -58,30 +57,32 @@ protected:
     std::shared_ptr<const NameOrder> m_order = std::make_shared<const NameOrder>(u"en"_s);
 };
 
-TEST_F(IndexReading, comesToTheSameHoweverTheBodyIsPacked)
+TEST_F(ReadingAnIndex, comesToTheSameHoweverTheBodyIsPacked)
 {
     QFile status(m_directory.filePath(u"status"_s));
     ASSERT_TRUE(status.open(QIODevice::WriteOnly));
     status.write("Package: p17\nVersion: 3\n\n");
     status.close();
     const QByteArray text = largeIndex();
-    const QStringList expected = summaryOf(readIndex(jobFor(text, Compression::None)));
+    const QStringList expected = summaryOf(read(text, Compression::None));
     EXPECT_GT(expected.size(), packageCount * 4);
     EXPECT_TRUE(expected.contains(u"3"_s));
-    EXPECT_EQ(summaryOf(readIndex(jobFor(gzipped(text), Compression::Gzip))), expected);
-    EXPECT_EQ(summaryOf(readIndex(jobFor(bzipped(text), Compression::Bzip2))), expected);
-    EXPECT_EQ(summaryOf(readIndex(jobFor(packedInSmallBlocks(text), Compression::Bzip2))), expected);
+    EXPECT_EQ(summaryOf(read(gzipped(text), Compression::Gzip)), expected);
+    EXPECT_EQ(summaryOf(read(bzipped(text), Compression::Bzip2)), expected);
+    EXPECT_EQ(summaryOf(read(packedInSmallBlocks(text), Compression::Bzip2)), expected);
 }
 
-TEST_F(IndexReading, goesOnAtOnceOnManyThreads)
+TEST_F(ReadingAnIndex, goesOnAtOnceOnManyThreads)
 {
     const QByteArray text = largeIndex();
-    const std::vector<IndexJob> jobs{ jobFor(text, Compression::None), jobFor(gzipped(text), Compression::Gzip),
-        jobFor(packedInSmallBlocks(text), Compression::Bzip2), jobFor(gzipped(text), Compression::Gzip) };
-    std::vector<ParsedIndex> indexes(jobs.size());
+    const std::vector<std::pair<QByteArray, Compression>> bodies{ { text, Compression::None },
+        { gzipped(text), Compression::Gzip }, { packedInSmallBlocks(text), Compression::Bzip2 },
+        { gzipped(text), Compression::Gzip } };
+    std::vector<ParsedIndex> indexes(bodies.size());
     std::vector<std::thread> threads;
-    for (std::size_t number = 0; number < jobs.size(); ++number)
-        threads.emplace_back([&job = jobs[number], &index = indexes[number]] { index = readIndex(job); });
+    for (std::size_t number = 0; number < bodies.size(); ++number)
+        threads.emplace_back(
+            [this, &body = bodies[number], &index = indexes[number]] { index = read(body.first, body.second); });
     for (std::thread& thread : threads)
         thread.join();
     const QStringList expected = summaryOf(indexes.front());
@@ -89,9 +90,9 @@ TEST_F(IndexReading, goesOnAtOnceOnManyThreads)
         EXPECT_EQ(summaryOf(index), expected);
 }
 
-TEST_F(IndexReading, keepsAPackageWhenAllTheOthersOfItsIndexAreGone)
+TEST_F(ReadingAnIndex, keepsAPackageWhenAllTheOthersOfItsIndexAreGone)
 {
-    VeskPackagePtr kept = readIndex(jobFor(largeIndex(), Compression::None)).packages[7];
+    VeskPackagePtr kept = read(largeIndex(), Compression::None).packages[7];
     EXPECT_EQ(kept->packageID(), u"p2993"_s);
     EXPECT_EQ(kept->repository(), m_source);
     const std::weak_ptr<VeskPackage> weak = kept;
