@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/decode/BatchRing.h"
+#include "catalog/index/IndexSource.h"
 #include "catalog/index/IndexTextReader.h"
 #include "catalog/work/Strand.h"
 
@@ -8,18 +9,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stop_token>
-
-// What every pass over a body stands on.
-struct IndexSource
-{
-    IndexJob job;
-    Workers& workers;
-    std::stop_token stop;
-    std::shared_ptr<ReceivedBody> body = std::make_shared<ReceivedBody>();
-    // Read by the first pass that parses.
-    std::optional<DpkgStatus> status;
-};
 
 // One reading of a body from its first byte on, as one kind of compression and in one encoding. Two strands share the
 // work, so that two processors are at it: one decodes, and hands its text in batches to the other, which parses. One of

@@ -19,11 +19,9 @@ const QByteArray& manyBlocks()
 void expectWhatTheLibraryGives(const QByteArray& body)
 {
     const PlainlyDecoded expected = plainlyDecoded(body, Compression::Bzip2);
-    for (const qsizetype pieceSize : { body.size(), qsizetype(20011) }) {
-        const Decoded decoded = decodeInPieces(body, Compression::Bzip2, [pieceSize] { return pieceSize; });
-        EXPECT_EQ(decoded.state, expected.isSound ? DecodeState::Complete : DecodeState::Broken);
-        EXPECT_TRUE(decoded.text == expected.text);
-    }
+    const Decoded decoded = decodeInPieces(body, Compression::Bzip2, [] { return qsizetype(20011); });
+    EXPECT_EQ(decoded.state, expected.isSound ? DecodeState::Complete : DecodeState::Broken);
+    EXPECT_TRUE(decoded.text == expected.text);
 }
 
 QByteArray withByteTurnedOver(QByteArray body, qsizetype at)
