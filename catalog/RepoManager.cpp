@@ -224,8 +224,21 @@ std::vector<VeskCategoryPtr> RepoManager::categories()
 {
     std::vector<VeskCategoryPtr> categories;
     for (const SectionSize& section : m_index.sections())
-        categories.push_back(VeskCategory::categoryWithName(section.name, section.count));
+        categories.push_back(VeskCategory::categoryWithName(textOf(section.name), section.count));
     return categories;
+}
+
+std::size_t RepoManager::categoryCount()
+{
+    return m_index.sections().size();
+}
+
+VeskCategoryPtr RepoManager::categoryAt(std::size_t row)
+{
+    const std::vector<SectionSize>& sections = m_index.sections();
+    if (row >= sections.size())
+        return nullptr;
+    return VeskCategory::categoryWithName(textOf(sections[row].name), sections[row].count);
 }
 
 const PackageVector& RepoManager::packagesSortedByName()

@@ -36,6 +36,7 @@ IndexTextReader::State IndexTextReader::finish()
     indexNewPackages(m_index.packages);
     m_index.searchText.shrink();
     m_index.nameKeys.sort();
+    m_index.sections.sort(*m_job.nameOrder);
     return m_state;
 }
 
@@ -53,5 +54,6 @@ void IndexTextReader::indexNewPackages(const PackageVector& packages)
     for (std::size_t place = m_index.nameKeys.size(); place < packages.size(); ++place) {
         m_index.searchText.add(*packages[place]);
         m_index.nameKeys.add(packages[place]->utf8(VeskPackage::Text::Name), *m_job.nameOrder);
+        m_index.sections.add(packages[place]->utf8(VeskPackage::Text::Section));
     }
 }
