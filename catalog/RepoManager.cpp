@@ -183,7 +183,7 @@ void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const C
         report();
     };
     const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers, m_world.statusPaths, m_nameOrder,
-        m_world.limits, m_world.downloadLimits, m_cancelled };
+        m_world.limits.within(freeMemory()), m_world.downloadLimits, m_cancelled };
     new IndexRefresh(repository, *root, tools, done, this);
 }
 

@@ -1,5 +1,6 @@
 #include "catalog/index/IndexParser.h"
 
+#include "catalog/index/IndexLimits.h"
 #include "catalog/text/TextDecoding.h"
 
 #include <cstring>
@@ -25,6 +26,17 @@ const std::array<IndexParser::FieldName, IndexParser::FieldCount> IndexParser::f
     { "Homepage:", Homepage },
 } };
 
+namespace {
+
+// What is kept of it is trimmed at its new end too.
+std::string_view valueOf(std::string_view line, std::size_t prefixSize)
+{
+    const std::string_view value = trimmedUtf8(firstBytes(line, IndexLimits::lineSize).substr(prefixSize));
+    return value.size() <= IndexLimits::fieldSize ? value : trimmedUtf8(firstBytes(value, IndexLimits::fieldSize));
+}
+
+} // namespace
+
 IndexParser::IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status)
     : m_status(status)
     , m_records(std::move(repository))
@@ -38,13 +50,13 @@ void IndexParser::feed(std::string_view utf8)
     while (!utf8.empty()) {
         const std::size_t length = utf8.find('\n');
         if (length == std::string_view::npos) {
-            m_partialLine.append(utf8);
+            keepPartialLine(utf8);
             return;
         }
         if (m_partialLine.empty()) {
             readLine(utf8.substr(0, length));
         } else {
-            m_partialLine.append(utf8.substr(0, length));
+            keepPartialLine(utf8.substr(0, length));
             readLine(m_partialLine);
             m_partialLine.clear();
         }
@@ -61,6 +73,12 @@ PackageVector IndexParser::finish()
     return std::move(m_packages);
 }
 
+// One byte more than is read tells where the last character ends.
+void IndexParser::keepPartialLine(std::string_view piece)
+{
+    m_partialLine.append(piece.substr(0, IndexLimits::lineSize + 1 - m_partialLine.size()));
+}
+
 // Continuation lines begin with a blank and so are never one of the fields.
 void IndexParser::readLine(std::string_view line)
 {
@@ -73,7 +91,7 @@ void IndexParser::readLine(std::string_view line)
             continue;
         Value& value = m_stanza[name.field];
         value.isPresent = true;
-        value.text.assign(trimmedUtf8(line.substr(name.prefix.size())));
+        value.text.assign(valueOf(line, name.prefix.size()));
         m_stanzaIsEmpty = false;
         return;
     }

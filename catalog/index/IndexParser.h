@@ -9,7 +9,8 @@
 #include <string_view>
 
 // Turns the text of a package index, fed in pieces of any size, into new package records of one source, in index order.
-// Nothing in the text is an error: what it cannot use it passes over. It lives on one thread, whichever that is.
+// Nothing in the text is an error: what it cannot use it passes over, the end of an overlong line or field among it
+// (IndexLimits). It lives on one thread, whichever that is.
 class IndexParser
 {
 public:
@@ -50,6 +51,7 @@ private:
 
     static const std::array<FieldName, FieldCount> fieldNames;
 
+    void keepPartialLine(std::string_view piece);
     void readLine(std::string_view line);
     void endStanza();
     void addPackage();
