@@ -184,7 +184,7 @@ void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const C
         report();
     };
     const IndexRefresh::Tools tools{ *m_world.network, *m_world.workers, m_world.indexRequest, m_world.statusPaths,
-        m_nameOrder, m_world.limits };
+        m_nameOrder, m_world.limits.within(freeMemory()) };
     new IndexRefresh(repository, *root, tools, done, this);
 }
 
@@ -225,8 +225,21 @@ std::vector<VeskCategoryPtr> RepoManager::categories()
 {
     std::vector<VeskCategoryPtr> categories;
     for (const SectionSize& section : m_index.sections())
-        categories.push_back(VeskCategory::categoryWithName(section.name, section.count));
+        categories.push_back(VeskCategory::categoryWithName(textOf(section.name), section.count));
     return categories;
+}
+
+std::size_t RepoManager::categoryCount()
+{
+    return m_index.sections().size();
+}
+
+VeskCategoryPtr RepoManager::categoryAt(std::size_t row)
+{
+    const std::vector<SectionSize>& sections = m_index.sections();
+    if (row >= sections.size())
+        return nullptr;
+    return VeskCategory::categoryWithName(textOf(sections[row].name), sections[row].count);
 }
 
 const PackageVector& RepoManager::packagesSortedByName()

@@ -73,6 +73,10 @@ public:
     PackageVector packagesForCategory(const QString& name) const;
     // New records each time, by name.
     std::vector<VeskCategoryPtr> categories();
+    // The same, for who shows a few of many: counted once per state of the catalog, and a record made for one row
+    // alone. None behind the last row.
+    std::size_t categoryCount();
+    VeskCategoryPtr categoryAt(std::size_t row);
     // All packages by name, in the order of the user's language, case ignored, equal names in catalog order. Worked out
     // once per state of the catalog. The reference is good until the next change of the catalog.
     const PackageVector& packagesSortedByName();

@@ -31,12 +31,12 @@ public:
 
 private:
     void parse(std::string_view utf8);
+    bool isBeyondLimits(std::size_t packageCount) const;
     void indexNewPackages(const PackageVector& packages);
 
     const IndexJob& m_job;
     Encoding m_encoding;
     State m_state = State::Sound;
-    bool m_isAtBeginning = true;
     Utf8Check m_check;
     IndexParser m_parser;
     ParsedIndex m_index;

@@ -44,6 +44,18 @@ TEST_F(RefreshAll, completesAtOnceWithoutAnyRequestWhenNothingIsEnabled)
     EXPECT_TRUE(m_server.requests().empty());
 }
 
+TEST_F(RefreshAll, isDroppedWhenTheApplicationQuitsInTheMiddleOfIt)
+{
+    hold("/1/Packages.bz2", stanza("a"));
+    addServedSource(u"/1"_s);
+    manager().refreshAllWithCompletion([] { FAIL() << "nobody is told of a refresh that was dropped"; });
+    ASSERT_TRUE(waitFor([this] { return m_server.requests().size() == 1; }));
+    EXPECT_NE(manager().findChild<QObject*>(), nullptr);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    EXPECT_EQ(manager().findChild<QObject*>(), nullptr);
+}
+
 TEST_F(RefreshAll, isLoadingFromItsStartToItsCompletionInALaterTurn)
 {
     serve(u"/1"_s, "a");

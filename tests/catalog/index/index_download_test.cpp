@@ -335,10 +335,12 @@ TEST_F(IndexDownloading, readsTheWholeIndexAsLatin1WhenOnlyItsEndIsNotUtf8)
     EXPECT_EQ(manager().packages()[20001]->name(), u"ÿ"_s);
 }
 
-TEST_F(IndexDownloading, readsPastAByteOrderMark)
+// The name of a field is what stands before its colon, exactly as it is written.
+TEST_F(IndexDownloading, takesAByteOrderMarkForPartOfTheFirstFieldsNameAsTheParserDoes)
 {
-    serveIndex("Packages.bz2", "\xef\xbb\xbfPackage: a\nName: \xc3\xa9\n");
+    serveIndex("Packages.bz2", "\xef\xbb\xbfPackage: a\nName: \xc3\xa9\n\nPackage: b\nName: \xc3\xa9\n");
     ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    EXPECT_EQ(packageIDs(), QStringList(u"b"_s));
     EXPECT_EQ(namesOf(manager().packages()), QStringList(u"é"_s));
 }
 
