@@ -46,7 +46,7 @@ protected:
         return contents(out);
     }
 
-    static quint64 maskOf(int signal) { return 1ULL << (signal - 1); }
+    static quint64 maskOf(int number) { return 1ULL << (number - 1); }
     // The signals that a child ignores, a bit for each.
     quint64 ignoredByChild() const
     {

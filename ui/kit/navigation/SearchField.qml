@@ -71,7 +71,7 @@ FocusScope {
             renderType: Text.NativeRendering
             cursorDelegate: TextCursor {
                 color: root.fieldTint
-                input: input
+                field: input
             }
 
             Accessible.role: Accessible.EditableText

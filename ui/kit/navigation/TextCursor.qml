@@ -5,10 +5,10 @@ import QtQuick
 Rectangle {
     id: root
 
-    required property TextInput input
+    required property TextInput field
 
     width: 2
-    visible: input.cursorVisible
+    visible: field.cursorVisible
 
     Timer {
         id: flash
@@ -26,6 +26,6 @@ Rectangle {
                 flash.restart();
         }
 
-        target: root.input
+        target: root.field
     }
 }

@@ -275,7 +275,7 @@ TEST_F(KitWindowTest, tintsTheCursorAndTheEdgeOfTheSearchFieldInUse)
     ASSERT_NE(cursor, nullptr);
     EXPECT_TRUE(cursor->isVisible());
     EXPECT_EQ(cursor->property("color").value<QColor>(), tint);
-    const auto* const input = cursor->property("input").value<QQuickItem*>();
+    const auto* const input = qobject_cast<QQuickItem*>(cursor->property("field").value<QObject*>());
     ASSERT_NE(input, nullptr);
     EXPECT_EQ(input->property("selectionColor").value<QColor>(), tint);
     EXPECT_EQ(input->parentItem()->property("edge").value<QColor>(), tint);
