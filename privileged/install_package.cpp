@@ -168,9 +168,11 @@ int runDpkg(std::string archive)
     pid_t child = 0;
     if (!setAttributes(attributes) || !silence(actions))
         return notAsItMustBe;
-    if (posix_spawn(&child, program.c_str(), &actions, &attributes, arguments.data(), environment.data()) != 0)
-        return notAsItMustBe;
-    return statusOf(child);
+    const int failure
+        = posix_spawn(&child, program.c_str(), &actions, &attributes, arguments.data(), environment.data());
+    posix_spawn_file_actions_destroy(&actions);
+    posix_spawnattr_destroy(&attributes);
+    return failure == 0 ? statusOf(child) : notAsItMustBe;
 }
 
 int installPackage(const char* digest)

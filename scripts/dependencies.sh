@@ -4,12 +4,12 @@
 build_packages=(
   ca-certificates ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  zlib1g-dev libbz2-dev libicu-dev libglib2.0-dev
+  zlib1g-dev libbz2-dev libicu-dev libglib2.0-dev libmd-dev
   libgtest-dev libgmock-dev librsvg2-bin
 )
 # What Vesk needs to open its window, and the demo source and its sandbox besides.
 window_packages=(
-  bubblewrap fonts-dejavu-core fonts-inter fonts-wqy-microhei python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
+  bubblewrap dpkg-dev fonts-dejavu-core fonts-inter fonts-wqy-microhei python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
   qt6-wayland
 )
 run_packages=("${build_packages[@]}" "${window_packages[@]}")
