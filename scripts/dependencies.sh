@@ -30,15 +30,16 @@ missing_packages() {
   comm -23 <(printf '%s\n' "$@" | sort -u) <(sed -n 's/^installed //p' <<<"$installed" | sort -u)
 }
 
+can_be_root() {
+  [[ $(id -u) -eq 0 ]] || command -v sudo >/dev/null
+}
+
 # as_root COMMAND...: directly or by sudo.
 as_root() {
   if [[ $(id -u) -eq 0 ]]; then
     "$@"
-  elif command -v sudo >/dev/null; then
-    sudo "$@"
   else
-    echo "Installing needs root, and there is no sudo here. As root, run: $*" >&2
-    return 1
+    sudo "$@"
   fi
 }
 
@@ -55,6 +56,11 @@ ensure_packages() {
   fi
   mapfile -t missing < <(missing_packages "$@")
   [[ ${#missing[@]} -eq 0 ]] && return
+  if ! can_be_root; then
+    echo "Missing from Debian, and to be installed by root, for there is no sudo here:" >&2
+    echo "  apt-get update && apt-get install --no-install-recommends ${missing[*]}" >&2
+    return 1
+  fi
   echo "Installing from Debian: ${missing[*]}"
   # The lists on the machine are used as they are while they know every package and their files are still there.
   if apt-get install --simulate --no-install-recommends "${missing[@]}" >/dev/null 2>&1 && apt_install "${missing[@]}"; then

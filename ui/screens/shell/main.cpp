@@ -2,15 +2,22 @@
 #include "ui/kit/paint/TextScale.h"
 #include "ui/screens/shell/AppDelegate.h"
 #include "ui/screens/shell/DesktopTextScale.h"
+#include "ui/screens/shell/DisplayFailure.h"
 
 #include <QGuiApplication>
+#include <QIcon>
+
+#include <optional>
 
 int main(int argc, char** argv)
 {
+    std::optional<DisplayFailure> displayFailure(std::in_place);
     QGuiApplication application(argc, argv);
+    displayFailure.reset();
     QGuiApplication::setApplicationName(QStringLiteral("vesk"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vesk.Vesk")));
 
     initialiseResources();
     kit::TextScale::set(desktopTextScale(QGuiApplication::platformName()));
