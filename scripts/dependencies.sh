@@ -4,12 +4,12 @@
 build_packages=(
   ca-certificates ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  zlib1g-dev libbz2-dev libicu-dev libglib2.0-dev libcurl4-openssl-dev
+  zlib1g-dev libbz2-dev libicu-dev libglib2.0-dev libcurl4-openssl-dev libmd-dev
   libgtest-dev libgmock-dev librsvg2-bin
 )
 # What Vesk needs to open its window, and the demo source and its sandbox besides.
 window_packages=(
-  bubblewrap fonts-dejavu-core fonts-inter fonts-wqy-microhei python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
+  bubblewrap dpkg-dev fonts-dejavu-core fonts-inter fonts-wqy-microhei python3 qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-templates
   qt6-wayland
 )
 run_packages=("${build_packages[@]}" "${window_packages[@]}")
@@ -30,15 +30,16 @@ missing_packages() {
   comm -23 <(printf '%s\n' "$@" | sort -u) <(sed -n 's/^installed //p' <<<"$installed" | sort -u)
 }
 
+can_be_root() {
+  [[ $(id -u) -eq 0 ]] || command -v sudo >/dev/null
+}
+
 # as_root COMMAND...: directly or by sudo.
 as_root() {
   if [[ $(id -u) -eq 0 ]]; then
     "$@"
-  elif command -v sudo >/dev/null; then
-    sudo "$@"
   else
-    echo "Installing needs root, and there is no sudo here. As root, run: $*" >&2
-    return 1
+    sudo "$@"
   fi
 }
 
@@ -55,6 +56,11 @@ ensure_packages() {
   fi
   mapfile -t missing < <(missing_packages "$@")
   [[ ${#missing[@]} -eq 0 ]] && return
+  if ! can_be_root; then
+    echo "Missing from Debian, and to be installed by root, for there is no sudo here:" >&2
+    echo "  apt-get update && apt-get install --no-install-recommends ${missing[*]}" >&2
+    return 1
+  fi
   echo "Installing from Debian: ${missing[*]}"
   # The lists on the machine are used as they are while they know every package and their files are still there.
   if apt-get install --simulate --no-install-recommends "${missing[@]}" >/dev/null 2>&1 && apt_install "${missing[@]}"; then
