@@ -46,8 +46,8 @@ protected:
     {
         CatalogWorld world;
         world.store = store();
-        world.network = std::make_unique<QNetworkAccessManager>();
-        world.workers = QThreadPool::globalInstance();
+        world.network = std::make_unique<http::Client>();
+        world.workers = std::make_shared<Workers>();
         return std::make_unique<RepoManager>(std::move(world));
     }
 
