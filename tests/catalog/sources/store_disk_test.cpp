@@ -1,5 +1,6 @@
 // The stored list of sources on a disk that fails.
 #include "catalog/sources/JsonSourceStore.h"
+#include "http/Client.h"
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/sources/FaultyDisk.h"
 
