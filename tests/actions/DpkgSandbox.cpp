@@ -19,13 +19,16 @@ bool write(const QString& name, const QByteArray& contents)
     return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size();
 }
 
-DpkgSandbox::Result runProgram(
-    const QString& program, const QStringList& arguments, const QProcessEnvironment& environment)
+DpkgSandbox::Result runProgram(const QString& program, const QStringList& arguments,
+    const QProcessEnvironment& environment, const std::function<void()>& duringRun = {})
 {
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
+    if (duringRun && process.waitForStarted())
+        duringRun();
+    process.closeWriteChannel();
     if (!process.waitForFinished(longestRun) || process.exitStatus() != QProcess::NormalExit) {
         process.kill();
         process.waitForFinished();
@@ -77,8 +80,8 @@ QStringList DpkgSandbox::entering(const QStringList& options) const
     return result + options + QStringList{ QStringLiteral("--") };
 }
 
-DpkgSandbox::Result DpkgSandbox::run(
-    const QStringList& command, const QProcessEnvironment& environment, const QStringList& options) const
+DpkgSandbox::Result DpkgSandbox::run(const QStringList& command, const QProcessEnvironment& environment,
+    const QStringList& options, const std::function<void()>& duringRun) const
 {
     QProcessEnvironment inside = environment;
     inside.insert(QStringLiteral("HOME"), path(QStringLiteral("home")));
@@ -86,7 +89,7 @@ DpkgSandbox::Result DpkgSandbox::run(
     // dpkg wants the administrator's programs to be found.
     inside.insert(
         QStringLiteral("PATH"), QStringLiteral("/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin"));
-    return runProgram(QStringLiteral("bwrap"), entering(options) + command, inside);
+    return runProgram(QStringLiteral("bwrap"), entering(options) + command, inside, duringRun);
 }
 
 DpkgSandbox::Result DpkgSandbox::run(const QStringList& command) const

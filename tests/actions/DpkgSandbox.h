@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 // A place where dpkg is the real one and the machine's own packages are out of reach: a private package database, /opt,
 // log and home under one directory, entered through user namespaces.
 class DpkgSandbox
@@ -23,9 +25,11 @@ public:
     // Empty when processes can enter sandboxes on this machine; otherwise says what is missing.
     static QString whatIsMissing();
 
-    // Runs the program in the sandbox, as root there. The extra options are bwrap's.
-    Result run(
-        const QStringList& command, const QProcessEnvironment& environment, const QStringList& options = {}) const;
+    // Runs the program in the sandbox, as root there. The extra options are bwrap's. What is to be done during the run
+    // is called once it has begun; the program's standard input ends after that. Whatever the program started ends with
+    // it.
+    Result run(const QStringList& command, const QProcessEnvironment& environment, const QStringList& options = {},
+        const std::function<void()>& duringRun = {}) const;
     Result run(const QStringList& command) const;
 
     // "install ok installed 1.0" and the like; empty when the database does not know the package.

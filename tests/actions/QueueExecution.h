@@ -2,41 +2,16 @@
 
 #include "actions/PackageInstaller.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/RecordingOpener.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 #include <gtest/gtest.h>
 
 #include <memory>
 
 inline constexpr int longestWait = 20000;
-
-// One call of the opener.
-struct Opened
-{
-    QString url;
-    QDateTime time;
-    QThread* thread;
-};
-
-class RecordingOpener : public URLOpener
-{
-public:
-    explicit RecordingOpener(std::vector<Opened>& opened)
-        : m_opened(opened)
-    {
-    }
-    bool canOpenURL(const QString&) override { return true; }
-    void openURL(const QString& url) override
-    {
-        m_opened.push_back({ url, QDateTime::currentDateTimeUtc(), QThread::currentThread() });
-    }
-
-private:
-    std::vector<Opened>& m_opened;
-};
 
 // An installer with a server and a dpkg of the test's own.
 class QueueExecution : public testing::Test
@@ -46,29 +21,30 @@ protected:
     {
         writeDpkg(QStringLiteral("exit 0"));
         InstallerSurroundings surroundings{
-            .dpkgPath = path(u"dpkg"),
-            .temporaryDirectory = path(u"archives"),
-            .urlOpener = std::make_unique<RecordingOpener>(opened),
+            .dpkgPath = path(QStringLiteral("dpkg")),
+            .temporaryDirectory = path(QStringLiteral("archives")),
+            .urlOpener = std::make_unique<RecordingOpener>(opener),
         };
         surroundings.handOffDelay = std::chrono::milliseconds(0);
         installer = std::make_unique<PackageInstaller>(std::move(surroundings));
     }
 
-    QString path(const char16_t* name) const { return m_directory.filePath(QString::fromUtf16(name)); }
+    QString path(const QString& name) const { return m_directory.filePath(name); }
 
     // A dpkg that notes its arguments, one line a call, and then does what the script says.
     void writeDpkg(const QString& script) const
     {
-        QFile::remove(path(u"dpkg"));
-        QFile file(path(u"dpkg"));
+        QFile::remove(path(QStringLiteral("dpkg")));
+        QFile file(path(QStringLiteral("dpkg")));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QStringLiteral("#!/bin/sh\necho \"$*\" >> '%1'\n%2\n").arg(path(u"calls"), script).toUtf8());
+        file.write(
+            QStringLiteral("#!/bin/sh\necho \"$*\" >> '%1'\n%2\n").arg(path(QStringLiteral("calls")), script).toUtf8());
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     QStringList dpkgCalls() const
     {
-        QFile file(path(u"calls"));
+        QFile file(path(QStringLiteral("calls")));
         if (!file.open(QIODevice::ReadOnly))
             return {};
         return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
@@ -76,7 +52,7 @@ protected:
 
     QString archive(const QString& identifier) const
     {
-        return path(u"archives/") + identifier + QStringLiteral("_1_iphoneos-arm.deb");
+        return path(QStringLiteral("archives/")) + identifier + QStringLiteral("_1_iphoneos-arm.deb");
     }
 
     static QByteArray served(const QString& identifier)
@@ -123,17 +99,9 @@ protected:
         ASSERT_TRUE(waitForCompletions(before + 1));
     }
 
-    QStringList openedURLs() const
-    {
-        QStringList urls;
-        for (const Opened& one : opened)
-            urls.append(one.url);
-        return urls;
-    }
-
     QTemporaryDir m_directory;
     LoopbackServer server;
-    std::vector<Opened> opened;
+    OpenerRecord opener;
     int completions = 0;
     std::unique_ptr<PackageInstaller> installer;
 };

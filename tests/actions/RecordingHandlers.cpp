@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int longestWait = 20000;
+constexpr int longestWait = 60000;
 
 void write(const QString& name, const QString& text, QFile::Permissions extra = {})
 {

@@ -24,7 +24,7 @@ protected:
         return runChildProcess(QStringList{ QStringLiteral("/bin/sh"), QStringLiteral("-c"), script } + arguments);
     }
 
-    QString path(const char16_t* name) const { return m_directory.filePath(QString::fromUtf16(name)); }
+    QString path(const QString& name) const { return m_directory.filePath(name); }
 
     static QByteArray contents(const QString& name)
     {
@@ -35,7 +35,7 @@ protected:
     // What the shell sees of its own descriptor: where it leads, then its access mode.
     QByteArray descriptor(int number) const
     {
-        const QString out = path(u"out");
+        const QString out = path(QStringLiteral("out"));
         // In a subshell, whose own redirection leaves the child's descriptors as they came.
         const QString script = QStringLiteral("(readlink /proc/$$/fd/%1; sed -n 's/^flags:.*\\(.\\)$/\\1/p' "
                                               "/proc/$$/fdinfo/%1) > \"$0\"; true");
@@ -74,14 +74,14 @@ TEST_F(ChildProcess, isFalseForAnEmptyList)
 
 TEST_F(ChildProcess, isFalseForAMissingProgram)
 {
-    EXPECT_FALSE(runChildProcess({ path(u"missing") }));
+    EXPECT_FALSE(runChildProcess({ path(QStringLiteral("missing")) }));
     EXPECT_FALSE(runChildProcess({ QString() }));
 }
 
 TEST_F(ChildProcess, isFalseForWhatCannotBeExecuted)
 {
     EXPECT_FALSE(runChildProcess({ m_directory.path() }));
-    QFile file(path(u"plain"));
+    QFile file(path(QStringLiteral("plain")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     EXPECT_FALSE(runChildProcess({ file.fileName() }));
@@ -95,7 +95,7 @@ TEST_F(ChildProcess, doesNotSearchThePath)
 
 TEST_F(ChildProcess, passesEveryTextAsItIsWithTheProgramItselfAsArgumentZero)
 {
-    const QString out = path(u"out");
+    const QString out = path(QStringLiteral("out"));
     const QString script = QStringLiteral("cat /proc/$$/cmdline > \"$1\"; true");
     const QStringList arguments
         = { QStringLiteral("zero"), out, QString(), QStringLiteral("two words"), QStringLiteral("é\n$HOME;'\"") };
@@ -109,8 +109,9 @@ TEST_F(ChildProcess, passesEveryTextAsItIsWithTheProgramItselfAsArgumentZero)
 TEST_F(ChildProcess, inheritsTheEnvironment)
 {
     qputenv("VESK_CHILD_PROCESS_TEST", "a value");
-    ASSERT_TRUE(shell(QStringLiteral("printf %s \"$VESK_CHILD_PROCESS_TEST\" > \"$0\""), { path(u"out") }));
-    EXPECT_EQ(contents(path(u"out")), "a value");
+    ASSERT_TRUE(
+        shell(QStringLiteral("printf %s \"$VESK_CHILD_PROCESS_TEST\" > \"$0\""), { path(QStringLiteral("out")) }));
+    EXPECT_EQ(contents(path(QStringLiteral("out"))), "a value");
     qunsetenv("VESK_CHILD_PROCESS_TEST");
 }
 
@@ -144,7 +145,7 @@ TEST_F(ChildProcess, waitsForThatChildOnly)
 TEST_F(ChildProcess, leavesNoZombieBehind)
 {
     EXPECT_TRUE(shell(QStringLiteral("exit 0")));
-    EXPECT_FALSE(runChildProcess({ path(u"missing") }));
+    EXPECT_FALSE(runChildProcess({ path(QStringLiteral("missing")) }));
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
 }
@@ -155,23 +156,23 @@ TEST_F(ChildProcess, goesOnWaitingWhenASignalInterruptsIt)
     struct sigaction previous = {};
     action.sa_handler = [](int) { ++interruptions; };
     ASSERT_EQ(sigaction(SIGUSR1, &action, &previous), 0);
-    ASSERT_EQ(mkfifo(path(u"started").toUtf8().constData(), 0600), 0);
-    ASSERT_EQ(mkfifo(path(u"released").toUtf8().constData(), 0600), 0);
+    ASSERT_EQ(mkfifo(path(QStringLiteral("started")).toUtf8().constData(), 0600), 0);
+    ASSERT_EQ(mkfifo(path(QStringLiteral("released")).toUtf8().constData(), 0600), 0);
 
     const pthread_t waiting = pthread_self();
     std::thread interrupter([&] {
-        QFile(path(u"started")).open(QIODevice::ReadOnly);
+        QFile(path(QStringLiteral("started"))).open(QIODevice::ReadOnly);
         // The child runs, so the waiting thread is in its wait or about to enter it.
         for (int expected = 1; expected <= 50; ++expected) {
             pthread_kill(waiting, SIGUSR1);
             while (interruptions < expected)
                 std::this_thread::yield();
         }
-        QFile(path(u"released")).open(QIODevice::WriteOnly);
+        QFile(path(QStringLiteral("released"))).open(QIODevice::WriteOnly);
     });
     // Without the wait the status would still be the one of a success.
     const QString script = QStringLiteral(": > \"$0\"; : < \"$1\"; exit 1");
-    EXPECT_FALSE(shell(script, { path(u"started"), path(u"released") }));
+    EXPECT_FALSE(shell(script, { path(QStringLiteral("started")), path(QStringLiteral("released")) }));
     interrupter.join();
     sigaction(SIGUSR1, &previous, nullptr);
     EXPECT_GE(interruptions, 50);
@@ -180,10 +181,10 @@ TEST_F(ChildProcess, goesOnWaitingWhenASignalInterruptsIt)
 TEST_F(ChildProcess, knowsAnExecutableFile)
 {
     EXPECT_TRUE(isExecutableFile(QStringLiteral("/bin/sh")));
-    EXPECT_FALSE(isExecutableFile(path(u"missing")));
+    EXPECT_FALSE(isExecutableFile(path(QStringLiteral("missing"))));
     EXPECT_FALSE(isExecutableFile(m_directory.path()));
     EXPECT_FALSE(isExecutableFile(QString()));
-    QFile file(path(u"plain"));
+    QFile file(path(QStringLiteral("plain")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_FALSE(isExecutableFile(file.fileName()));
     file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);

@@ -43,14 +43,15 @@ protected:
             .postinst = postinst };
     }
 
-    // The words are identifier, version and action of each entry; the answer is each entry's line.
-    QStringList run(const QStringList& words, const QStringList& options = {})
+    // The words are identifier, version and action of each entry; the answer is each entry's line. The program stays
+    // until that many URLs were handed over: it takes the handlers with it when it ends.
+    QStringList run(const QStringList& words, int handOffs = 0, const QStringList& options = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         m_handlers.enter(environment);
         const auto result = m_sandbox.run(
             QStringList{ QStringLiteral(INSTALLER_PROBE), QStringLiteral("run"), m_server.url() } + words, environment,
-            options);
+            options, [&] { m_handlers.urls(handOffs); });
         EXPECT_EQ(result.exitCode, 0) << result.output.toStdString();
         return result.output.split(u'\n', Qt::SkipEmptyParts);
     }
@@ -118,7 +119,8 @@ TEST_F(RealDpkg, handsOverAPackageWhosePostinstFailsAndOneWhoseArchiveIsMissing)
     const QString version = QStringLiteral("1.0");
     const QString install = QStringLiteral("0");
     EXPECT_EQ(run({ QStringLiteral("vesk-test-broken"), version, install, QStringLiteral("vesk-test-missing"), version,
-                  install, QStringLiteral("vesk-test-new"), version, install }),
+                      install, QStringLiteral("vesk-test-new"), version, install },
+                  2),
         (QStringList{ QStringLiteral("vesk-test-broken 0 3"), QStringLiteral("vesk-test-missing 0 3"),
             QStringLiteral("vesk-test-new 0 4") }));
     QStringList urls = m_handlers.urls(2);
@@ -139,7 +141,8 @@ TEST_F(RealDpkg, handsOverWhatIsNoArchiveAndWhatIsOnlyHalfOfOne)
     m_server.serve("/debs/vesk-test-text_1.0_iphoneos-arm.deb", QByteArray(5000, 'x'));
     const QString version = QStringLiteral("1.0");
     EXPECT_EQ(run({ whole.identifier, version, QStringLiteral("0"), QStringLiteral("vesk-test-text"), version,
-                  QStringLiteral("0") }),
+                      QStringLiteral("0") },
+                  2),
         (QStringList{ QStringLiteral("vesk-test-half 0 3"), QStringLiteral("vesk-test-text 0 3") }));
     EXPECT_EQ(m_handlers.urls(2).size(), 2);
     EXPECT_TRUE(installedFile(whole.identifier).isEmpty());
@@ -161,7 +164,7 @@ TEST_F(RealDpkg, isNotAskedWhenTheDiskHasNoRoomForTheArchive)
     offer(large);
     const QStringList smallDisk = { QStringLiteral("--size"), QStringLiteral("1048576"), QStringLiteral("--tmpfs"),
         m_sandbox.path(QStringLiteral("tmp")) };
-    EXPECT_EQ(run({ large.identifier, large.version, QStringLiteral("0") }, smallDisk),
+    EXPECT_EQ(run({ large.identifier, large.version, QStringLiteral("0") }, 0, smallDisk),
         QStringList{ QStringLiteral("vesk-test-large 0 3") });
     EXPECT_EQ(m_server.requests().size(), 3U);
     EXPECT_TRUE(m_sandbox.statusOf(large.identifier).isEmpty());

@@ -1,33 +1,12 @@
 #include "actions/HandOff.h"
 
+#include "tests/support/RecordingOpener.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 
 namespace {
-
-// Knows handlers for the given schemes and records what it is asked.
-class RecordingOpener : public URLOpener
-{
-public:
-    explicit RecordingOpener(QStringList schemes)
-        : m_schemes(std::move(schemes))
-    {
-    }
-
-    bool canOpenURL(const QString& url) override
-    {
-        asked.append(url);
-        return m_schemes.contains(url.section(u':', 0, 0));
-    }
-    void openURL(const QString& url) override { opened.append(url); }
-
-    QStringList asked;
-    QStringList opened;
-
-private:
-    QStringList m_schemes;
-};
 
 VeskPackage package(const QString& identifier, const QString& source)
 {
@@ -40,11 +19,18 @@ VeskPackage package(const QString& identifier, const QString& source)
 const QStringList everyScheme
     = { QStringLiteral("sileo"), QStringLiteral("zbra"), QStringLiteral("apt"), QStringLiteral("cydia") };
 
+// What is asked and opened where the schemes have a handler.
+OpenerRecord recordOf(const QStringList& urls, const QStringList& schemes)
+{
+    OpenerRecord record;
+    RecordingOpener opener(record, schemes);
+    openFirstURL(urls, opener);
+    return record;
+}
+
 QStringList openedFor(const QStringList& urls, const QStringList& schemes)
 {
-    RecordingOpener opener(schemes);
-    openFirstURL(urls, opener);
-    return opener.opened;
+    return recordOf(urls, schemes).openedURLs();
 }
 
 } // namespace
@@ -74,10 +60,9 @@ TEST(HandOff, opensTheFirstURLThatHasAHandlerAndAsksNoFurther)
 {
     const auto urls = handOffURLs(package(QStringLiteral("one"), QStringLiteral("https://example.org")));
     for (int first = 0; first < urls.size(); ++first) {
-        RecordingOpener opener(everyScheme.mid(first));
-        openFirstURL(urls, opener);
-        EXPECT_EQ(opener.opened, QStringList{ urls[first] });
-        EXPECT_EQ(opener.asked, urls.mid(0, first + 1));
+        const OpenerRecord record = recordOf(urls, everyScheme.mid(first));
+        EXPECT_EQ(record.openedURLs(), QStringList{ urls[first] });
+        EXPECT_EQ(record.asked, urls.mid(0, first + 1));
     }
 }
 
@@ -111,10 +96,9 @@ TEST(HandOff, opensNothingForAPackageIdentifierWithABlank)
 {
     const auto urls = handOffURLs(package(QStringLiteral("two words"), QStringLiteral("https://example.org")));
     EXPECT_EQ(urls.constFirst(), QStringLiteral("sileo://package/two words"));
-    RecordingOpener opener(everyScheme);
-    openFirstURL(urls, opener);
-    EXPECT_TRUE(opener.opened.isEmpty());
-    EXPECT_TRUE(opener.asked.isEmpty());
+    const OpenerRecord record = recordOf(urls, everyScheme);
+    EXPECT_TRUE(record.opened.empty());
+    EXPECT_TRUE(record.asked.isEmpty());
 }
 
 TEST(HandOff, passesOverAnInvalidURLAndOpensTheNext)

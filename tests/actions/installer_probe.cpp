@@ -5,6 +5,7 @@
 //   installer_probe download SOURCE IDENTIFIER VERSION   prints the path of the archive, then the growth of the peak of
 //                                                        this process's memory in KiB
 //   installer_probe run SOURCE [IDENTIFIER VERSION ACTION]...   runs a queue, prints a line with each entry's status
+//                                                        and stays until its standard input ends
 //   installer_probe quit SOURCE IDENTIFIER VERSION       starts a run and quits as soon as its standard input ends
 #include "actions/DesktopURLOpener.h"
 #include "actions/PackageInstaller.h"
@@ -63,6 +64,8 @@ int run(const QStringList& words)
     QCoreApplication::exec();
     for (const QueueEntryPtr& entry : installer.queue())
         out() << entry->package()->packageID() << ' ' << entry->action() << ' ' << entry->status() << '\n';
+    out().flush();
+    while (std::getchar() != EOF) { }
     return 0;
 }
 
@@ -84,17 +87,17 @@ int main(int argc, char** argv)
     QStringList words = QCoreApplication::arguments().mid(1);
     const QString verb = words.isEmpty() ? QString() : words.takeFirst();
     PackageInstaller& installer = PackageInstaller::sharedInstaller();
-    if (verb == QLatin1String("package") && words.size() == 2)
+    if (verb == QStringLiteral("package") && words.size() == 2)
         installer.openPackageInPackageManager(package(words[0], words[1], {}));
-    else if (verb == QLatin1String("repository") && words.size() == 1)
+    else if (verb == QStringLiteral("repository") && words.size() == 1)
         installer.openRepositoryInPackageManager(VeskRepository::repositoryWithURLString(words[0], {}));
-    else if (verb == QLatin1String("can") && words.size() == 1)
+    else if (verb == QStringLiteral("can") && words.size() == 1)
         out() << (DesktopURLOpener().canOpenURL(words[0]) ? "yes" : "no") << '\n';
-    else if (verb == QLatin1String("download") && words.size() == 3)
+    else if (verb == QStringLiteral("download") && words.size() == 3)
         download(words);
-    else if (verb == QLatin1String("run") && !words.isEmpty())
+    else if (verb == QStringLiteral("run") && !words.isEmpty())
         return run(words);
-    else if (verb == QLatin1String("quit") && words.size() == 3)
+    else if (verb == QStringLiteral("quit") && words.size() == 3)
         return quit(words);
     else
         return 64;

@@ -12,7 +12,7 @@ TEST_F(QueueExecution, downloadsAndInstallsAnEntry)
     EXPECT_EQ(entry->status(), QueueStatusComplete);
     EXPECT_EQ(dpkgCalls(), QStringList{ QStringLiteral("-i ") + archive(one) });
     EXPECT_EQ(QFileInfo(archive(one)).size(), 1500);
-    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(opener.opened.empty());
     EXPECT_EQ(installer->completedCount(), 1U);
     EXPECT_EQ(installer->failedCount(), 0U);
 }
@@ -113,8 +113,8 @@ TEST_F(QueueExecution, handsOverWhatCannotBeDownloaded)
     run();
     EXPECT_EQ(entry->status(), QueueStatusReady);
     EXPECT_TRUE(dpkgCalls().isEmpty());
-    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
-    EXPECT_EQ(opened[0].thread, QCoreApplication::instance()->thread());
+    EXPECT_EQ(opener.openedURLs(), QStringList{ handOff(one) });
+    EXPECT_EQ(opener.opened[0].thread, QCoreApplication::instance()->thread());
     EXPECT_EQ(installer->completedCount(), 0U);
     EXPECT_EQ(installer->failedCount(), 0U);
 }
@@ -126,8 +126,8 @@ TEST_F(QueueExecution, handsOverWhatDpkgRefuses)
     run();
     EXPECT_EQ(entry->status(), QueueStatusReady);
     EXPECT_EQ(dpkgCalls().size(), 1);
-    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
-    EXPECT_EQ(opened[0].thread, QCoreApplication::instance()->thread());
+    EXPECT_EQ(opener.openedURLs(), QStringList{ handOff(one) });
+    EXPECT_EQ(opener.opened[0].thread, QCoreApplication::instance()->thread());
     EXPECT_EQ(installer->failedCount(), 0U);
 }
 
@@ -136,12 +136,12 @@ TEST_F(QueueExecution, handsOverWhenDpkgIsKilledMissingOrNotExecutable)
     writeDpkg(QStringLiteral("kill -KILL $$"));
     enqueueOffered(one);
     run();
-    ASSERT_TRUE(QFile::setPermissions(path(u"dpkg"), QFile::ReadOwner));
+    ASSERT_TRUE(QFile::setPermissions(path(QStringLiteral("dpkg")), QFile::ReadOwner));
     run();
-    ASSERT_TRUE(QFile::remove(path(u"dpkg")));
+    ASSERT_TRUE(QFile::remove(path(QStringLiteral("dpkg"))));
     run();
     EXPECT_EQ(installer->queue()[0]->status(), QueueStatusReady);
-    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(one), handOff(one) }));
+    EXPECT_EQ(opener.openedURLs(), (QStringList{ handOff(one), handOff(one), handOff(one) }));
     EXPECT_EQ(dpkgCalls().size(), 1);
 }
 
@@ -152,7 +152,7 @@ TEST_F(QueueExecution, handsEachFailedEntryOverInTheirOrder)
     enqueueOffered(two);
     enqueueMissing(three);
     run();
-    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(two), handOff(three) }));
+    EXPECT_EQ(opener.openedURLs(), (QStringList{ handOff(one), handOff(two), handOff(three) }));
 }
 
 TEST_F(QueueExecution, handsOverWhileTheWorkerGoesOn)
@@ -164,7 +164,7 @@ TEST_F(QueueExecution, handsOverWhileTheWorkerGoesOn)
     held.timing = LoopbackServer::Timing::Held;
     server.setReply(served(two), held);
     start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !opened.empty(); }, longestWait));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opener.opened.empty(); }, longestWait));
     EXPECT_TRUE(QTest::qWaitFor([&] { return second->status() == QueueStatusDownloading; }, longestWait));
     EXPECT_TRUE(installer->isInstalling());
     server.release(served(two));
@@ -175,17 +175,17 @@ TEST_F(QueueExecution, handsOverWhileTheWorkerGoesOn)
 TEST_F(QueueExecution, waitsSixTenthsOfASecondBeforeAHandOffAfterAFailedDpkg)
 {
     InstallerSurroundings surroundings{
-        .dpkgPath = path(u"dpkg"),
-        .temporaryDirectory = path(u"archives"),
-        .urlOpener = std::make_unique<RecordingOpener>(opened),
+        .dpkgPath = path(QStringLiteral("dpkg")),
+        .temporaryDirectory = path(QStringLiteral("archives")),
+        .urlOpener = std::make_unique<RecordingOpener>(opener),
     };
     installer = std::make_unique<PackageInstaller>(std::move(surroundings));
     writeDpkg(QStringLiteral("exit 1"));
     enqueueOffered(one);
     run();
-    const QDateTime dpkgRan = QFileInfo(path(u"calls")).lastModified().toUTC();
-    ASSERT_EQ(opened.size(), 1U);
-    EXPECT_GE(dpkgRan.msecsTo(opened[0].time), 600);
+    const QDateTime dpkgRan = QFileInfo(path(QStringLiteral("calls"))).lastModified().toUTC();
+    ASSERT_EQ(opener.opened.size(), 1U);
+    EXPECT_GE(dpkgRan.msecsTo(opener.opened[0].time), 600);
 }
 
 TEST_F(QueueExecution, runsAgainWhatWasHandedOverAndSkipsWhatIsComplete)
@@ -248,7 +248,7 @@ TEST_F(QueueExecution, canBeStartedAgainByItsCompletion)
     enqueueMissing(one);
     installer->executeQueueWithCompletion([this] { start(); });
     ASSERT_TRUE(waitForCompletions(1));
-    EXPECT_EQ(openedURLs(), (QStringList{ handOff(one), handOff(one) }));
+    EXPECT_EQ(opener.openedURLs(), (QStringList{ handOff(one), handOff(one) }));
 }
 
 TEST_F(QueueExecution, canBeDestroyedByItsCompletion)
@@ -276,13 +276,13 @@ TEST_F(QueueExecution, isGivenUpInADownloadWhenTheInstallerIsDestroyed)
     EXPECT_EQ(server.requests().size(), 1U);
     QCoreApplication::processEvents();
     EXPECT_EQ(completions, 0);
-    EXPECT_TRUE(opened.empty());
-    EXPECT_TRUE(QDir(path(u"archives")).entryList(QDir::Files | QDir::Hidden).isEmpty());
+    EXPECT_TRUE(opener.opened.empty());
+    EXPECT_TRUE(QDir(path(QStringLiteral("archives"))).entryList(QDir::Files | QDir::Hidden).isEmpty());
 }
 
 TEST_F(QueueExecution, waitsForARunningDpkgWhenTheInstallerIsDestroyed)
 {
-    const QString script = QStringLiteral("sleep 0.3; echo done >> '%1'; exit 1").arg(path(u"calls"));
+    const QString script = QStringLiteral("sleep 0.3; echo done >> '%1'; exit 1").arg(path(QStringLiteral("calls")));
     writeDpkg(script);
     const QueueEntryPtr entry = enqueueOffered(one);
     start();
@@ -291,7 +291,7 @@ TEST_F(QueueExecution, waitsForARunningDpkgWhenTheInstallerIsDestroyed)
     EXPECT_EQ(dpkgCalls().size(), 2);
     QCoreApplication::processEvents();
     EXPECT_EQ(completions, 0);
-    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(opener.opened.empty());
 }
 
 TEST_F(QueueExecution, forgetsWhatItHasPostedWhenTheInstallerIsDestroyed)
@@ -304,7 +304,7 @@ TEST_F(QueueExecution, forgetsWhatItHasPostedWhenTheInstallerIsDestroyed)
     installer.reset();
     QCoreApplication::processEvents();
     EXPECT_EQ(completions, 0);
-    EXPECT_TRUE(opened.empty());
+    EXPECT_TRUE(opener.opened.empty());
 }
 
 TEST_F(QueueExecution, survivesAnEntryWithoutAPackage)
@@ -313,5 +313,5 @@ TEST_F(QueueExecution, survivesAnEntryWithoutAPackage)
     installer->enqueuePackage(package(one), QueueActionInstall);
     run();
     EXPECT_EQ(installer->queue()[0]->status(), QueueStatusReady);
-    EXPECT_EQ(openedURLs(), QStringList{ handOff(one) });
+    EXPECT_EQ(opener.openedURLs(), QStringList{ handOff(one) });
 }

@@ -79,8 +79,8 @@ TEST_F(ActionQueue, givesAnEntryItsPackageItsActionAndStatusZero)
 
 TEST_F(ActionQueue, keepsTheOrderInWhichEntriesWereAskedFor)
 {
-    for (const char16_t* name : { u"b", u"a", u"c" })
-        installer.enqueuePackage(packageNamed(QString::fromUtf16(name)), QueueActionInstall);
+    for (const QString& name : { QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("c") })
+        installer.enqueuePackage(packageNamed(name), QueueActionInstall);
     ASSERT_EQ(installer.queue().size(), 3U);
     EXPECT_EQ(installer.queue()[0]->package()->packageID(), QStringLiteral("b"));
     EXPECT_EQ(installer.queue()[1]->package()->packageID(), QStringLiteral("a"));

@@ -16,7 +16,7 @@ namespace {
 class PrivateDirectoryTest : public testing::Test
 {
 protected:
-    QString path(const char16_t* name = u"private") const { return m_parent.filePath(QString::fromUtf16(name)); }
+    QString path(const QString& name = QStringLiteral("private")) const { return m_parent.filePath(name); }
 
     static unsigned modeOf(const QString& name)
     {
@@ -102,17 +102,17 @@ TEST_F(PrivateDirectoryTest, isRefusedWhenItBelongsToAnotherUser)
 
 TEST_F(PrivateDirectoryTest, isRefusedWhenASymbolicLinkStandsInItsPlace)
 {
-    ASSERT_TRUE(QDir().mkpath(path(u"elsewhere")));
-    ASSERT_TRUE(QFile::link(path(u"elsewhere"), path()));
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("elsewhere"))));
+    ASSERT_TRUE(QFile::link(path(QStringLiteral("elsewhere")), path()));
     EXPECT_FALSE(PrivateDirectory::open(path()).has_value());
-    EXPECT_TRUE(entries(path(u"elsewhere")).isEmpty());
+    EXPECT_TRUE(entries(path(QStringLiteral("elsewhere"))).isEmpty());
 }
 
 TEST_F(PrivateDirectoryTest, isRefusedWhenASymbolicLinkLeadsNowhere)
 {
-    ASSERT_TRUE(QFile::link(path(u"nowhere"), path()));
+    ASSERT_TRUE(QFile::link(path(QStringLiteral("nowhere")), path()));
     EXPECT_FALSE(PrivateDirectory::open(path()).has_value());
-    EXPECT_EQ(modeOf(path(u"nowhere")), 0U);
+    EXPECT_EQ(modeOf(path(QStringLiteral("nowhere"))), 0U);
 }
 
 TEST_F(PrivateDirectoryTest, isRefusedWhenAFileStandsInItsPlace)
@@ -124,38 +124,38 @@ TEST_F(PrivateDirectoryTest, isRefusedWhenAFileStandsInItsPlace)
 
 TEST_F(PrivateDirectoryTest, isRefusedWithoutAParentOrAName)
 {
-    EXPECT_FALSE(PrivateDirectory::open(path(u"missing/private")).has_value());
+    EXPECT_FALSE(PrivateDirectory::open(path(QStringLiteral("missing/private"))).has_value());
     EXPECT_FALSE(PrivateDirectory::open(QString()).has_value());
 }
 
 TEST_F(PrivateDirectoryTest, keepsAFileUnderItsFinalNameForItsUserAlone)
 {
     ASSERT_TRUE(store(QStringLiteral("archive"), "contents"));
-    EXPECT_EQ(contents(path(u"private/archive")), "contents");
-    EXPECT_EQ(modeOf(path(u"private/archive")), S_IFREG | 0600U);
+    EXPECT_EQ(contents(path(QStringLiteral("private/archive"))), "contents");
+    EXPECT_EQ(modeOf(path(QStringLiteral("private/archive"))), S_IFREG | 0600U);
 }
 
 TEST_F(PrivateDirectoryTest, replacesAFileOfTheSameNameWhole)
 {
     ASSERT_TRUE(store(QStringLiteral("archive"), "a long old text"));
     ASSERT_TRUE(store(QStringLiteral("archive"), "new"));
-    EXPECT_EQ(contents(path(u"private/archive")), "new");
+    EXPECT_EQ(contents(path(QStringLiteral("private/archive"))), "new");
 }
 
 TEST_F(PrivateDirectoryTest, replacesASymbolicLinkItselfAndNotWhatItLeadsTo)
 {
     ASSERT_TRUE(PrivateDirectory::open(path()).has_value());
-    write(path(u"victim"), "precious");
-    ASSERT_TRUE(QFile::link(path(u"victim"), path(u"private/archive")));
+    write(path(QStringLiteral("victim")), "precious");
+    ASSERT_TRUE(QFile::link(path(QStringLiteral("victim")), path(QStringLiteral("private/archive"))));
     ASSERT_TRUE(store(QStringLiteral("archive"), "new"));
-    EXPECT_EQ(contents(path(u"victim")), "precious");
-    EXPECT_EQ(modeOf(path(u"private/archive")), S_IFREG | 0600U);
-    EXPECT_EQ(contents(path(u"private/archive")), "new");
+    EXPECT_EQ(contents(path(QStringLiteral("victim"))), "precious");
+    EXPECT_EQ(modeOf(path(QStringLiteral("private/archive"))), S_IFREG | 0600U);
+    EXPECT_EQ(contents(path(QStringLiteral("private/archive"))), "new");
 }
 
 TEST_F(PrivateDirectoryTest, failsWhenADirectoryHasTheFinalName)
 {
-    ASSERT_TRUE(QDir().mkpath(path(u"private/archive")));
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("private/archive"))));
     EXPECT_FALSE(store(QStringLiteral("archive"), "new"));
     EXPECT_EQ(entries(path()), QStringList{ QStringLiteral("archive") });
 }

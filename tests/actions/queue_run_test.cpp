@@ -29,10 +29,7 @@ protected:
         return run.entries.back();
     }
 
-    void note(const char16_t* what, const QString& identifier)
-    {
-        steps.append(QString::fromUtf16(what) + u' ' + identifier);
-    }
+    void note(const QString& what, const QString& identifier) { steps.append(what + u' ' + identifier); }
 
     QString statusesNow() const
     {
@@ -50,17 +47,19 @@ protected:
         .entries = {},
         .download =
             [this](const VeskPackagePtr& package, const std::stop_token&) {
-                note(u"download", package->packageID() + u' ' + statusesNow());
+                note(QStringLiteral("download"), package->packageID() + u' ' + statusesNow());
                 return missing.contains(package->packageID()) ? QString() : u'/' + package->packageID();
             },
         .install =
             [this](const QString& path, const VeskPackagePtr& package) {
-                note(u"install", path + u' ' + statusesNow());
+                note(QStringLiteral("install"), path + u' ' + statusesNow());
                 return !broken.contains(package->packageID());
             },
-        .handOver
-        = [this](const VeskPackagePtr& package) { note(u"hand over", package->packageID() + u' ' + statusesNow()); },
-        .finish = [this] { note(u"finish", statusesNow()); },
+        .handOver =
+            [this](const VeskPackagePtr& package) {
+                note(QStringLiteral("hand over"), package->packageID() + u' ' + statusesNow());
+            },
+        .finish = [this] { note(QStringLiteral("finish"), statusesNow()); },
         .handOffDelay = std::chrono::milliseconds(0),
     };
 };
@@ -143,8 +142,8 @@ TEST_F(QueueRunTest, finishesWithNothingToDo)
 
 TEST_F(QueueRunTest, neverSetsAnEntryFailed)
 {
-    for (const char16_t* name : { u"a", u"b", u"c" })
-        add(QString::fromUtf16(name));
+    for (const QString& name : { QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") })
+        add(name);
     missing = { QStringLiteral("a") };
     broken = { QStringLiteral("b") };
     run.execute(stop.get_token());

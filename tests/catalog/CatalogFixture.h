@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/RepoManager.h"
-#include "tests/catalog/sources/MemorySourceStore.h"
+#include "tests/support/MemorySourceStore.h"
 #include "tests/support/LoopbackServer.h"
 
 #include <QTemporaryDir>

@@ -32,8 +32,8 @@ constexpr int UsageError = 64;
 void forgetPreferences()
 {
     for (const QString& name : QProcessEnvironment::systemEnvironment().keys())
-        if (name.startsWith(QLatin1String("QT_")) || name.startsWith(QLatin1String("QSG_"))
-            || name.startsWith(QLatin1String("QML_")))
+        if (name.startsWith(QStringLiteral("QT_")) || name.startsWith(QStringLiteral("QSG_"))
+            || name.startsWith(QStringLiteral("QML_")))
             qunsetenv(name.toLocal8Bit().constData());
     qunsetenv("FREETYPE_PROPERTIES");
     qputenv("FONTCONFIG_FILE", GALLERY_FONTS);

@@ -69,7 +69,7 @@ TEST_F(AtScale2, sources)
     fillCatalog();
     open(Tab::Manage, Small);
     tap(0, 0);
-    shownTable().openRowForDeletion(0, 1);
+    shownTable().openRow()->open(0, 1);
     expectPicture(QStringLiteral("sources"));
 }
 

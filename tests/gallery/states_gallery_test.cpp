@@ -127,7 +127,7 @@ TEST_F(AtScale1, openDeleteRowOfASource)
     fillCatalog();
     open(Tab::Manage, Low);
     tap(0, 0);
-    shownTable().openRowForDeletion(0, 1);
+    shownTable().openRow()->open(0, 1);
     expectPicture(QStringLiteral("delete-source"));
 }
 
@@ -138,7 +138,7 @@ TEST_F(AtScale1, openDeleteRowOfTheQueue)
     queue(QStringLiteral("Signalbox"), QueueActionUpgrade, QueueStatusFailed);
     open(Tab::Manage, Low);
     tap(0, 2);
-    shownTable().openRowForDeletion(0, 0);
+    shownTable().openRow()->open(0, 0);
     expectPicture(QStringLiteral("delete-queued"));
 }
 

@@ -96,7 +96,7 @@ TEST_F(WithLargeTexts, sources)
     fillCatalog();
     open(Tab::Manage);
     tap(0, 0);
-    shownTable().openRowForDeletion(0, 1);
+    shownTable().openRow()->open(0, 1);
     expectPicture(QStringLiteral("sources"));
 }
 

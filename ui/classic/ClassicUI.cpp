@@ -16,7 +16,6 @@ namespace {
 constexpr double wholeScale = 255.0;
 constexpr kit::EdgeInsets barInsets{ 0, 8, 0, 8 };
 constexpr kit::EdgeInsets rowInsets{ 0, 12, 0, 12 };
-constexpr double headerHeight = 25;
 constexpr double headerMargin = 14;
 constexpr double nearlyNothing = 0.01;
 
@@ -170,8 +169,8 @@ void ClassicUI::styleTableView(kit::TableView& table)
     table.setSeparatorInset({});
     table.setRowHeight(60);
     table.setEstimatedRowHeight(60);
-    table.setSectionHeaderHeight(headerHeight);
-    table.setEstimatedSectionHeaderHeight(headerHeight);
+    table.setSectionHeaderHeight(sectionHeaderHeight);
+    table.setEstimatedSectionHeaderHeight(sectionHeaderHeight);
     // Not 0, which would ask the platform for its own footer height.
     table.setSectionFooterHeight(nearlyNothing);
     table.setEstimatedSectionFooterHeight(nearlyNothing);
@@ -196,7 +195,7 @@ void ClassicUI::styleCell(kit::TableViewCell& cell, int variant)
 
 kit::View* ClassicUI::sectionHeaderViewWithTitle(const QString& title, double width)
 {
-    const double height = kit::TextScale::grown(headerHeight);
+    const double height = kit::TextScale::grown(sectionHeaderHeight);
     auto* header = new kit::View({ 0, 0, width, height });
     header->setBackgroundColor(colorWithRed(150, 164, 178, 1));
     header->setGradient({ colorWithRed(173, 184, 195, 1), colorWithRed(117, 132, 149, 1) });

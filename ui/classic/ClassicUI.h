@@ -14,6 +14,9 @@
 class ClassicUI
 {
 public:
+    // Points, at the usual text size.
+    static constexpr double sectionHeaderHeight = 25;
+
     enum class ButtonKind { Normal, Destructive };
 
     // Components on the scale of 0 to 255, neither rounded nor clamped; alpha from 0 to 1.

@@ -295,7 +295,7 @@ TEST_F(Keyboard, deletesAUsersSourceAndNoAvailableOne)
     ASSERT_TRUE(reaches(QStringLiteral("Sources")));
     touch->key(Qt::Key_Down);
     touch->key(Qt::Key_Down);
-    ASSERT_EQ(table().focusedSection(), 1);
+    ASSERT_EQ(table().rowFocus()->section(), 1);
     touch->key(Qt::Key_Delete);
     EXPECT_EQ(manager->repositories().size(), 1U);
     touch->key(Qt::Key_Up);
@@ -313,7 +313,7 @@ TEST_F(Keyboard, goesOnToTheListWhenTheSearchIsCancelled)
     touch->key(Qt::Key_F, Qt::ControlModifier);
     ASSERT_TRUE(reaches(QStringLiteral("Search")));
     touch->key(Qt::Key_Escape);
-    EXPECT_EQ(table().focusedRow(), -1);
+    EXPECT_EQ(table().rowFocus()->row(), -1);
     touch->key(Qt::Key_Down);
     touch->key(Qt::Key_Return);
     EXPECT_TRUE(reaches(QStringLiteral("Section 1")));
@@ -327,7 +327,7 @@ TEST_F(Keyboard, marksTheFirstResultByReturnInTheSearchField)
     ASSERT_TRUE(reaches(QStringLiteral("Search")));
     touch->type(QStringLiteral("Package"));
     touch->key(Qt::Key_Return);
-    EXPECT_EQ(table().focusedRow(), 0);
+    EXPECT_EQ(table().rowFocus()->row(), 0);
     touch->key(Qt::Key_Return);
     EXPECT_TRUE(reaches(QStringLiteral("Package 001")));
 }
@@ -352,7 +352,7 @@ TEST_F(Keyboard, showsThatTheListHasTheFocusBeforeAnyOfItsRowsHas)
     touch->key(Qt::Key_Tab);
     ASSERT_TRUE(tabTo(touch->itemFor(&table())));
     ASSERT_TRUE(touch->settle());
-    EXPECT_EQ(table().focusedRow(), -1);
+    EXPECT_EQ(table().rowFocus()->row(), -1);
     EXPECT_NE(touch->picture(), unmarked);
     const QPoint edge(195, touch->quickWindow().height() - 49 - 3);
     EXPECT_NE(touch->picture().pixelColor(edge), unmarked.pixelColor(edge));

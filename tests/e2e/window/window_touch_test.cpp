@@ -235,7 +235,7 @@ TEST_F(Finger, shutsAnOpenRowWithATapAnywhereInTheList)
     ASSERT_TRUE(touch->swipeOpen({ 0, 0 }));
     ASSERT_TRUE(touch->settle());
     ASSERT_TRUE(touch->tapRow({ 0, 1 }));
-    EXPECT_EQ(table().openRow(), -1);
+    EXPECT_EQ(table().openRow()->row(), -1);
     EXPECT_EQ(installer->queue().size(), 2U);
 }
 

@@ -320,7 +320,8 @@ bool TouchDriver::swipeOpen(const kit::IndexPath& row)
     if (middle.x() < 0)
         return false;
     drag(middle + QPointF(60, 0), middle - QPointF(60, 0));
-    return waitUntil([&] { return table().openSection() == row.section && table().openRow() == row.row; }, 2000);
+    return waitUntil(
+        [&] { return table().openRow()->section() == row.section && table().openRow()->row() == row.row; }, 2000);
 }
 
 // MARK: other hands

@@ -9,9 +9,8 @@
 ScreenTest::ScreenTest()
 {
     CatalogWorld world;
-    auto ownedStore = std::make_unique<MemoryStore>();
-    store = ownedStore.get();
-    world.store = std::move(ownedStore);
+    store->stored = { { QStringLiteral("http://127.0.0.1/first"), QStringLiteral("First"), true } };
+    world.store = std::make_unique<MemorySourceStore>(store);
     auto ownedNetwork = std::make_unique<ScriptedNetwork>();
     network = ownedNetwork.get();
     world.network = std::move(ownedNetwork);
@@ -21,7 +20,7 @@ ScreenTest::ScreenTest()
 
     InstallerSurroundings surroundings;
     surroundings.temporaryDirectory = directory.filePath(QStringLiteral("archives"));
-    surroundings.urlOpener = std::make_unique<RecordingOpener>(openedURLs);
+    surroundings.urlOpener = std::make_unique<RecordingOpener>(opener);
     installer = std::make_unique<PackageInstaller>(std::move(surroundings));
 }
 

@@ -2,6 +2,8 @@
 
 #include "actions/PackageInstaller.h"
 #include "catalog/RepoManager.h"
+#include "tests/support/MemorySourceStore.h"
+#include "tests/support/RecordingOpener.h"
 #include "tests/ui/screens/ScriptedNetwork.h"
 #include "ui/kit/alert/AlertController.h"
 #include "ui/kit/navigation/NavigationController.h"
@@ -14,39 +16,6 @@
 #include <functional>
 #include <memory>
 #include <vector>
-
-// A source list that is kept in memory and counts what is written to it.
-class MemoryStore : public SourceStore
-{
-public:
-    std::optional<std::vector<StoredSource>> sources() const override { return m_sources; }
-    bool setSources(const std::vector<StoredSource>& sources) override
-    {
-        m_sources = sources;
-        ++m_writes;
-        return true;
-    }
-    int writes() const { return m_writes; }
-
-private:
-    std::vector<StoredSource> m_sources{ { QStringLiteral("http://127.0.0.1/first"), QStringLiteral("First"), true } };
-    int m_writes = 0;
-};
-
-// Has a handler for every URL, and only writes down what it is asked to open.
-class RecordingOpener : public URLOpener
-{
-public:
-    explicit RecordingOpener(QStringList& opened)
-        : m_opened(opened)
-    {
-    }
-    bool canOpenURL(const QString& /*url*/) override { return true; }
-    void openURL(const QString& url) override { m_opened.append(url); }
-
-private:
-    QStringList& m_opened;
-};
 
 // Stands where the window does and keeps every alert that a screen presents.
 class AlertRecorder : public QObject, public kit::AlertPresenter
@@ -99,10 +68,10 @@ protected:
     // Lets every task run that is posted by now.
     static void turnLoop();
 
-    MemoryStore* store = nullptr;
+    std::shared_ptr<StoreRecord> store = std::make_shared<StoreRecord>();
     ScriptedNetwork* network = nullptr;
     QTemporaryDir directory;
-    QStringList openedURLs;
+    OpenerRecord opener;
     std::unique_ptr<RepoManager> manager;
     std::unique_ptr<PackageInstaller> installer;
     AlertRecorder window;

@@ -38,7 +38,7 @@ FocusScope {
         NumberAnimation on opacity {
             from: 0
             to: 1
-            duration: Motion.duration(200)
+            duration: Motion.duration(Motion.Shift)
         }
     }
     MouseArea {
@@ -92,7 +92,7 @@ FocusScope {
             running: !root.alert.sheet
             from: 0.85
             to: 1
-            duration: Motion.duration(200)
+            duration: Motion.duration(Motion.Shift)
             easing.type: Easing.OutBack
         }
 
@@ -127,40 +127,29 @@ FocusScope {
                 width: texts.width
                 spacing: 8
 
-                Text {
+                KitText {
                     id: heading
 
                     width: parent.width
                     visible: text.length > 0
                     horizontalAlignment: Text.AlignHCenter
                     text: KitLook.shown(root.alert.title.slice(0, 500))
-                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     maximumLineCount: 3
-                    elide: Text.ElideRight
-                    font.family: KitLook.fontFamily
-                    font.pixelSize: KitLook.fontSize(17)
-                    font.bold: true
+                    font: KitLook.font(17, Font.Bold)
                     color: KitLook.panelText
-                    style: Text.Sunken
-                    styleColor: KitLook.textShadow
-                    renderType: Text.NativeRendering
                 }
-                Text {
+                KitText {
                     id: message
 
                     width: parent.width
                     visible: text.length > 0
                     horizontalAlignment: Text.AlignHCenter
                     text: KitLook.shownSentence(root.alert.message.slice(0, 2000))
-                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
-                    font.family: KitLook.fontFamily
-                    font.pixelSize: KitLook.fontSize(14)
+                    elide: Text.ElideNone
+                    font: KitLook.font(14, Font.Normal)
                     color: KitLook.panelText
-                    style: Text.Sunken
-                    styleColor: KitLook.textShadow
-                    renderType: Text.NativeRendering
                 }
                 Repeater {
                     id: fields
@@ -173,21 +162,20 @@ FocusScope {
                         required property int index
 
                         width: contents.width
-                        height: KitLook.grown(34)
-                        radius: 6
+                        height: KitLook.grown(Metrics.FieldHeight)
+                        radius: Metrics.CornerRadius
                         upper: KitLook.field
                         lower: KitLook.field
                         edge: KitLook.edge
 
-                        Text {
+                        KitText {
                             anchors.fill: input
                             visible: input.text.length === 0 && input.preeditText.length === 0
                             verticalAlignment: Text.AlignVCenter
                             text: box.modelData.placeholder
                             color: KitLook.fieldPlaceholder
                             font: input.font
-                            elide: Text.ElideRight
-                            renderType: Text.NativeRendering
+                            sunken: false
                         }
                         TextInput {
                             id: input
@@ -199,8 +187,7 @@ FocusScope {
                             focus: box.index === 0
                             activeFocusOnTab: true
                             verticalAlignment: Text.AlignVCenter
-                            font.family: KitLook.fontFamily
-                            font.pixelSize: KitLook.fontSize(15)
+                            font: KitLook.font(15, Font.Normal)
                             color: KitLook.fieldText
                             selectByMouse: true
                             selectionColor: KitLook.focus

@@ -11,7 +11,7 @@ FocusScope {
     required property NavigationBar bar
     property double titleShift: 0
     readonly property NavigationItem item: page.navigationItem
-    readonly property double barHeight: 44
+    readonly property double barHeight: Metrics.NavigationBarHeight
     // The title keeps to the middle while there is room for it there, then to the space between the buttons.
     readonly property double leftEdge: leftItems.width + 8
     readonly property double rightEdge: rightItem.visible ? rightItem.width + 8 : 8
@@ -38,7 +38,7 @@ FocusScope {
             glyph: GlyphImages.back
             title: KitLook.shown(root.page.backTitle.slice(0, 500))
             maximumTitleWidth: Math.max(60, root.width - ownTitle.advanceWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
-            accessibleName: KitLook.backTitle
+            spokenName: KitLook.backTitle
             onPressed: root.back()
         }
         BarButton {
@@ -50,7 +50,7 @@ FocusScope {
             item: root.item.leftItem
         }
     }
-    Text {
+    KitText {
         id: titleText
 
         readonly property double middle: (root.width - width) / 2
@@ -59,16 +59,10 @@ FocusScope {
         width: Math.min(implicitWidth, root.width - root.leftEdge - root.rightEdge)
         height: root.barHeight
         text: KitLook.shown(root.item.title.slice(0, 500))
-        textFormat: Text.PlainText
         font: root.bar.titleFont
-        fontSizeMode: KitLook.enlargesTexts ? Text.HorizontalFit : Text.FixedSize
-        minimumPixelSize: root.bar.standardTitleSize
+        standardSize: root.bar.standardTitleSize
         color: root.bar.titleColor
-        elide: Text.ElideRight
         verticalAlignment: Text.AlignVCenter
-        style: Text.Sunken
-        styleColor: KitLook.textShadow
-        renderType: Text.NativeRendering
 
         Accessible.role: Accessible.Heading
         Accessible.name: text
@@ -85,7 +79,7 @@ FocusScope {
     SearchField {
         y: root.barHeight
         width: root.width
-        height: 52
+        height: Metrics.SearchBarHeight
         visible: root.item.searchController !== null
         searchBar: root.item.searchController ? root.item.searchController.searchBar : null
         tint: root.bar.tint
@@ -93,9 +87,9 @@ FocusScope {
             const table = root.page.view as KitTable;
             if (!table)
                 return;
-            table.takeKeyboard();
-            table.moveFocus(rows);
+            table.rowFocus.takeKeyboard();
+            table.rowFocus.moveBy(rows);
         }
-        onCancelled: root.page.view.takeKeyboard()
+        onCancelled: (root.page.view as KitTable).rowFocus.takeKeyboard()
     }
 }

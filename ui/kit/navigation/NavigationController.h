@@ -2,6 +2,7 @@
 
 #include "ui/kit/navigation/BarAppearance.h"
 #include "ui/kit/navigation/ViewController.h"
+#include "ui/kit/paint/Metrics.h"
 
 #include <QVariantAnimation>
 
@@ -27,8 +28,8 @@ class NavigationBar : public QObject
     Q_PROPERTY(int standardTitleSize READ standardTitleSize NOTIFY barChanged)
 
 public:
-    static constexpr double Height = 44;
-    static constexpr double SearchHeight = 52;
+    static constexpr double Height = Metrics::NavigationBarHeight;
+    static constexpr double SearchHeight = Metrics::SearchBarHeight;
 
     using QObject::QObject;
 

@@ -21,7 +21,7 @@ FocusScope {
         x: 10
         y: 8
         width: root.width - 20 - (cancel.visible ? cancel.width : 0)
-        height: 34
+        height: Metrics.FieldHeight
         radius: height / 2
         upper: KitLook.field
         lower: KitLook.field
@@ -29,7 +29,7 @@ FocusScope {
 
         Behavior on width {
             NumberAnimation {
-                duration: Motion.duration(200)
+                duration: Motion.duration(Motion.Shift)
                 easing.type: Easing.OutCubic
             }
         }
@@ -42,15 +42,14 @@ FocusScope {
             image: GlyphImages.search
             tint: KitLook.fieldPlaceholder
         }
-        Text {
+        KitText {
             anchors.fill: input
             verticalAlignment: Text.AlignVCenter
             visible: input.text.length === 0 && input.preeditText.length === 0
             text: root.searchBar ? root.searchBar.placeholder : ""
             color: KitLook.fieldPlaceholder
             font: input.font
-            elide: Text.ElideRight
-            renderType: Text.NativeRendering
+            sunken: false
         }
         TextInput {
             id: input
@@ -62,8 +61,7 @@ FocusScope {
             clip: true
             activeFocusOnTab: true
             verticalAlignment: Text.AlignVCenter
-            font.family: KitLook.fontFamily
-            font.pixelSize: KitLook.barFontSize(15)
+            font: KitLook.barFont(15, Font.Normal)
             color: KitLook.fieldText
             selectionColor: root.searchBar ? root.searchBar.tint : KitLook.focus
             selectByMouse: true
@@ -117,42 +115,28 @@ FocusScope {
             }
         }
     }
-    Text {
+    Pressable {
         id: cancel
 
         anchors.right: parent.right
         anchors.rightMargin: 4
         y: 8
-        width: implicitWidth + 16
-        height: 34
+        width: cancelTitle.implicitWidth + 16
+        height: Metrics.FieldHeight
         visible: root.searchBar !== null && root.searchBar.active
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-        text: KitLook.cancelTitle
-        color: root.tint
-        opacity: cancelArea.pressed ? 0.5 : 1
-        font.family: KitLook.fontFamily
-        font.pixelSize: KitLook.barFontSize(15)
-        style: Text.Sunken
-        styleColor: KitLook.textShadow
-        activeFocusOnTab: true
-        renderType: Text.NativeRendering
+        spokenName: KitLook.cancelTitle
+        onPressed: root.searchBar.cancel()
 
-        Accessible.role: Accessible.Button
-        Accessible.name: text
-        Accessible.onPressAction: if (enabled)
-        root.searchBar.cancel()
-        Keys.onReturnPressed: root.searchBar.cancel()
-        Keys.onSpacePressed: root.searchBar.cancel()
-
-        FocusRing {
-            control: cancel
-        }
-        PressArea {
-            id: cancelArea
+        KitText {
+            id: cancelTitle
 
             anchors.fill: parent
-            onTapped: root.searchBar.cancel()
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            text: KitLook.cancelTitle
+            font: KitLook.barFont(15, Font.Normal)
+            color: root.tint
+            opacity: cancel.down ? 0.5 : 1
         }
     }
     Connections {

@@ -2,6 +2,7 @@
 
 #include "ui/kit/navigation/BarAppearance.h"
 #include "ui/kit/navigation/ViewController.h"
+#include "ui/kit/paint/Metrics.h"
 
 #include <vector>
 
@@ -24,7 +25,7 @@ class TabBar : public QObject
     Q_PROPERTY(int standardTitleSize READ standardTitleSize NOTIFY barChanged)
 
 public:
-    static constexpr double Height = 49;
+    static constexpr double Height = Metrics::TabBarHeight;
 
     using QObject::QObject;
 

@@ -9,7 +9,7 @@ FocusScope {
 
     required property TabBarController controller
     readonly property TabBar bar: controller.tabBar
-    readonly property double barHeight: 49
+    readonly property double barHeight: Metrics.TabBarHeight
 
     focus: true
 

@@ -13,11 +13,6 @@ int Animations::duration(int milliseconds)
     return s_enabled ? milliseconds : 0;
 }
 
-bool Animations::areEnabled()
-{
-    return s_enabled;
-}
-
 void Animations::setEnabled(bool enabled)
 {
     s_enabled = enabled;

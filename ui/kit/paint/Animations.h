@@ -8,7 +8,6 @@ constexpr int Fade = 250;
 
 // 0 while animations are off, as for a person who asked for reduced motion.
 int duration(int milliseconds);
-bool areEnabled();
 void setEnabled(bool enabled);
 
 } // namespace kit::Animations

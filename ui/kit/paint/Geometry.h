@@ -26,4 +26,7 @@ struct IndexPath
     }
 };
 
+// Stands for none.
+inline constexpr IndexPath NoRow{ -1, -1 };
+
 } // namespace kit

@@ -4,6 +4,7 @@
 #include "ui/kit/paint/WritingDirection.h"
 
 #include <QColor>
+#include <QFont>
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
@@ -38,9 +39,9 @@ class KitLook : public QObject
     Q_PROPERTY(QColor focus MEMBER m_focus CONSTANT)
     Q_PROPERTY(QColor knobTop MEMBER m_knobTop CONSTANT)
     Q_PROPERTY(QColor knobBottom MEMBER m_knobBottom CONSTANT)
+    Q_PROPERTY(QColor switchOn MEMBER m_switchOn CONSTANT)
     Q_PROPERTY(QColor switchOff MEMBER m_switchOff CONSTANT)
     Q_PROPERTY(bool enlargesTexts READ enlargesTexts CONSTANT)
-    Q_PROPERTY(QString fontFamily MEMBER m_fontFamily CONSTANT)
     Q_PROPERTY(QString deleteTitle MEMBER m_deleteTitle CONSTANT)
     Q_PROPERTY(QString cancelTitle MEMBER m_cancelTitle CONSTANT)
     Q_PROPERTY(QString clearTitle MEMBER m_clearTitle CONSTANT)
@@ -50,13 +51,15 @@ public:
     // The text scale, for what tells its own sizes.
     bool enlargesTexts() const { return TextScale::value() > 1; }
     Q_INVOKABLE double grown(double height) const { return TextScale::grown(height); }
-    Q_INVOKABLE int fontSize(int size) const { return TextScale::fontSize(size); }
-    Q_INVOKABLE int barFontSize(int size) const { return TextScale::barFontSize(size); }
+    Q_INVOKABLE QFont font(int size, int weight) const { return fontOf(TextScale::fontSize(size), weight); }
+    Q_INVOKABLE QFont barFont(int size, int weight) const { return fontOf(TextScale::barFontSize(size), weight); }
     // And for texts of screens that no label shows.
     Q_INVOKABLE QString shown(const QString& text) const { return WritingDirection::shown(text); }
     Q_INVOKABLE QString shownSentence(const QString& text) const { return WritingDirection::shownSentence(text); }
 
 private:
+    static QFont fontOf(int pixelSize, int weight);
+
     QColor m_shade{ 0, 0, 0, 110 };
     QColor m_lightShade{ 0, 0, 0, 60 };
     QColor m_panelTop{ 66, 92, 130 };
@@ -78,8 +81,8 @@ private:
     QColor m_focus{ 236, 129, 17 };
     QColor m_knobTop{ 255, 255, 255 };
     QColor m_knobBottom{ 216, 222, 230 };
+    QColor m_switchOn = QColor::fromRgbF(0.19F, 0.35F, 0.57F);
     QColor m_switchOff{ 176, 186, 198 };
-    QString m_fontFamily = QStringLiteral("Inter");
     QString m_deleteTitle = QStringLiteral("Delete");
     QString m_cancelTitle = QStringLiteral("Cancel");
     QString m_clearTitle = QStringLiteral("Clear text");

@@ -15,6 +15,15 @@ class Motion : public QObject
     QML_SINGLETON
 
 public:
+    // In milliseconds.
+    enum Duration {
+        Flip = 150, // of a switch
+        Shift = 200, // of what comes, goes or makes room
+        Fade = Animations::Fade,
+        Linger = 700, // of what shows only for a moment
+    };
+    Q_ENUM(Duration)
+
     Q_INVOKABLE static int duration(int milliseconds) { return Animations::duration(milliseconds); }
 };
 

@@ -9,8 +9,8 @@ Item {
 
     required property TableViewCell view
     readonly property KitTable table: view.superview as KitTable
-    readonly property bool open: table.openSection === view.section && table.openRow === view.row && !view.hidden
-    readonly property bool focusedHere: table.keyboardHere && KeyboardFocus.shown && table.focusedSection === view.section && table.focusedRow === view.row
+    readonly property bool open: table.openRow.section === view.section && table.openRow.row === view.row && !view.hidden
+    readonly property bool focusedHere: table.rowFocus.keyboardHere && KeyboardFocus.shown && table.rowFocus.section === view.section && table.rowFocus.row === view.row
     readonly property double deleteWidth: 88
 
     x: view.frame.x
@@ -30,14 +30,14 @@ Item {
         root.table.tapRow(root.view.section, root.view.row)
     // What a swipe does.
     Accessible.onScrollLeftAction: if (enabled)
-        root.table.openRowForDeletion(root.view.section, root.view.row)
+        root.table.openRow.open(root.view.section, root.view.row)
     Accessible.onScrollRightAction: if (enabled)
-        root.table.closeOpenRow()
+        root.table.openRow.close()
 
     Behavior on y {
         enabled: root.table.sliding
         NumberAnimation {
-            duration: Motion.duration(250)
+            duration: Motion.duration(Motion.Fade)
             easing.type: Easing.OutCubic
         }
     }
@@ -52,7 +52,7 @@ Item {
         Behavior on x {
             enabled: !swipe.active && !root.table.sliding
             NumberAnimation {
-                duration: Motion.duration(200)
+                duration: Motion.duration(Motion.Shift)
                 easing.type: Easing.OutCubic
             }
         }
@@ -72,7 +72,7 @@ Item {
             Behavior on opacity {
                 enabled: root.view.fadesSelection
                 NumberAnimation {
-                    duration: Motion.duration(250)
+                    duration: Motion.duration(Motion.Fade)
                 }
             }
         }
@@ -108,7 +108,7 @@ Item {
             lower: "transparent"
             edge: KitLook.focus
             edgeWidth: 2
-            radius: 6
+            radius: Metrics.CornerRadius
         }
     }
     Rectangle {
@@ -134,21 +134,17 @@ Item {
         Accessible.name: KitLook.deleteTitle
         Accessible.ignored: !root.open
         Accessible.onPressAction: if (enabled)
-        root.table.deleteTapped(root.view.section, root.view.row)
+        root.table.openRow.deleteRow(root.view.section, root.view.row)
 
-        Text {
+        KitText {
             anchors.centerIn: parent
             text: KitLook.deleteTitle
             color: KitLook.panelText
-            font.family: KitLook.fontFamily
-            font.bold: true
-            font.pixelSize: KitLook.barFontSize(15)
-            style: Text.Sunken
-            styleColor: KitLook.textShadow
+            font: KitLook.barFont(15, Font.Bold)
         }
         PressArea {
             anchors.fill: parent
-            onTapped: root.table.deleteTapped(root.view.section, root.view.row)
+            onTapped: root.table.openRow.deleteRow(root.view.section, root.view.row)
         }
     }
 
@@ -157,7 +153,7 @@ Item {
         onPressedChanged: root.table.pressRow(root.view.section, root.view.row, pressed)
         onTapped: {
             KeyboardFocus.shown = false;
-            root.table.takeKeyboard();
+            root.table.rowFocus.takeKeyboard();
             root.table.tapRow(root.view.section, root.view.row);
         }
     }
@@ -170,14 +166,14 @@ Item {
         yAxis.enabled: false
         // Not from the handler of the swipe that leads back.
         grabPermissions: PointerHandler.CanTakeOverFromItems | PointerHandler.ApprovesTakeOverByAnything
-        enabled: !root.view.hidden && root.table.canDeleteRow(root.view.section, root.view.row)
+        enabled: !root.view.hidden && root.table.openRow.canDelete(root.view.section, root.view.row)
         onActiveChanged: {
             if (active)
                 startX = root.open ? -root.deleteWidth : 0;
             else if (startX + activeTranslation.x < -root.deleteWidth / 2)
-                root.table.openRowForDeletion(root.view.section, root.view.row);
+                root.table.openRow.open(root.view.section, root.view.row);
             else
-                root.table.openRowForDeletion(-1, -1);
+                root.table.openRow.open(-1, -1);
         }
     }
 }

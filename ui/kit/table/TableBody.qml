@@ -21,7 +21,7 @@ FocusScope {
     activeFocusOnTab: true
     focus: true
 
-    onActiveFocusChanged: view.keyboardHere = activeFocus
+    onActiveFocusChanged: view.rowFocus.keyboardHere = activeFocus
 
     Accessible.role: Accessible.List
     Accessible.focusable: true
@@ -38,17 +38,17 @@ FocusScope {
         event.accepted = true;
         KeyboardFocus.shown = true;
         if (event.key in steps)
-            root.view.moveFocus(steps[event.key]);
+            root.view.rowFocus.moveBy(steps[event.key]);
         else if (event.key === Qt.Key_Home)
-            root.view.focusFirstRow();
+            root.view.rowFocus.moveToFirst();
         else if (event.key === Qt.Key_End)
-            root.view.focusLastRow();
+            root.view.rowFocus.moveToLast();
         else if (event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp)
-            root.view.moveFocusByPage(event.key === Qt.Key_PageDown ? 1 : -1);
+            root.view.rowFocus.moveByPage(event.key === Qt.Key_PageDown ? 1 : -1);
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
-            root.view.activateFocusedRow();
+            root.view.rowFocus.activate();
         else if (event.key === Qt.Key_Delete)
-            root.view.deleteFocusedRow();
+            root.view.rowFocus.deleteRow();
         else
             event.accepted = false;
     }
@@ -78,7 +78,7 @@ FocusScope {
         maximumFlickVelocity: 8000
 
         onContentYChanged: root.view.setContentOffset(contentY)
-        onMovementStarted: root.view.closeOpenRow()
+        onMovementStarted: root.view.openRow.close()
         onDraggingChanged: {
             if (dragging)
                 root.forceActiveFocus();
@@ -106,7 +106,7 @@ FocusScope {
     FocusRing {
         control: root
         anchors.margins: 2
-        visible: root.Window.activeFocusItem === root && KeyboardFocus.shown && root.view.focusedRow < 0
+        visible: root.Window.activeFocusItem === root && KeyboardFocus.shown && root.view.rowFocus.row < 0
     }
     ScrollIndicator {
         id: indicator
@@ -119,7 +119,7 @@ FocusScope {
 
         target: flick
         property: "contentY"
-        duration: Motion.duration(250)
+        duration: Motion.duration(Motion.Fade)
         easing.type: Easing.OutCubic
         onFinished: if (!root.refresh || !root.refresh.refreshing)
             flick.topMargin = 0
@@ -130,15 +130,18 @@ FocusScope {
                 flick.contentY = root.view.contentOffset;
         }
 
+        target: root.view
+    }
+    Connections {
         function onKeyboardWanted() {
             root.forceActiveFocus();
         }
 
-        function onScrolledByKeyboard() {
+        function onScrolled() {
             indicator.flash();
         }
 
-        target: root.view
+        target: root.view.rowFocus
     }
     Connections {
         function onRefreshingChanged() {

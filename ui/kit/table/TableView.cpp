@@ -10,6 +10,10 @@ namespace kit {
 TableView::TableView(QObject* parent)
     : View({}, parent)
     , m_delegate(&TableViewDelegate::none())
+    , m_rows(*this)
+    , m_headers(*this)
+    , m_openRow(*this)
+    , m_rowFocus(*this)
 {
     m_slide.setSingleShot(true);
     connect(&m_slide, &QTimer::timeout, this, &TableView::slidingChanged);
@@ -73,22 +77,21 @@ void TableView::setRefreshControl(RefreshControl* control)
 void TableView::reloadData()
 {
     m_loaded = true;
-    setOpenRow(NoRow);
+    m_openRow.close();
     m_selectedRow = NoRow;
-    retireAllCells();
+    m_rows.giveUpAll();
     rebuildLayout(askRowCounts());
-    remakeHeaders();
-    if (!hasRow(m_focusedRow))
-        setFocusedRow(NoRow);
+    m_headers.remake();
+    m_rowFocus.holdWithinTable();
     showChangedLayout();
 }
 
 // The content's new height is told last: who hears of it may scroll at once.
 void TableView::showChangedLayout()
 {
-    placeHeaders();
+    m_headers.place();
     holdContentOffset();
-    updateVisibleRows();
+    showVisibleRows();
     Q_EMIT contentHeightChanged();
 }
 
@@ -119,30 +122,6 @@ void TableView::rebuildLayout(const std::vector<int>& rowCounts)
     m_layout = TableLayout(heights);
 }
 
-void TableView::remakeHeaders()
-{
-    for (const auto& [section, header] : m_headers) {
-        m_headerModel.remove(header);
-        header->removeFromSuperview();
-        header->deleteLater();
-    }
-    m_headers.clear();
-    for (int section = 0; section < m_layout.sectionCount(); ++section) {
-        View* header = m_delegate->viewForHeaderInSection(section);
-        if (!header)
-            continue;
-        addSubview(header);
-        m_headers[section] = header;
-        m_headerModel.append(header);
-    }
-}
-
-void TableView::placeHeaders()
-{
-    for (const auto& [section, header] : m_headers)
-        header->setFrame({ 0, m_layout.headerTop(section, m_contentOffset), width(), m_layout.headerHeight(section) });
-}
-
 void TableView::layoutSubviews()
 {
     if (!m_loaded) {
@@ -150,7 +129,7 @@ void TableView::layoutSubviews()
             reloadData();
         return;
     }
-    remakeHeaders();
+    m_headers.remake();
     placeEverything();
 }
 
@@ -167,85 +146,14 @@ std::vector<int> TableView::shownRowCounts() const
 void TableView::placeEverything()
 {
     rebuildLayout(shownRowCounts());
-    for (const auto& [indexPath, cell] : m_visibleCells)
-        cell->setFrame(rectForRow(indexPath));
+    m_rows.place();
     showChangedLayout();
 }
 
-// MARK: cells
-
-TableViewCell* TableView::dequeueReusableCell(const QString& identifier, const QMetaObject& kind)
+void TableView::showVisibleRows()
 {
-    TableViewCell* const cell = m_reusableCells.take(identifier, kind);
-    if (cell)
-        cell->prepareForReuse();
-    return cell;
-}
-
-void TableView::updateVisibleRows()
-{
-    if (!m_loaded)
-        return;
-    const double top = m_contentOffset;
-    const double bottom = m_contentOffset + height();
-    retireRowsOutside(top, bottom);
-    for (int section = 0; section < m_layout.sectionCount(); ++section) {
-        const auto [first, end] = m_layout.rowsBetween(section, top, bottom);
-        for (int row = m_layout.rowWithHeight(section, first); row < end;
-             row = m_layout.rowWithHeight(section, row + 1))
-            if (!m_visibleCells.contains({ section, row }))
-                showRow({ section, row });
-    }
-    m_reusableCells.hideAll();
-}
-
-void TableView::retireRowsOutside(double top, double bottom)
-{
-    for (auto row = m_visibleCells.begin(); row != m_visibleCells.end();) {
-        const bool isSeen = m_layout.rowBottom(row->first) > top && m_layout.rowTop(row->first) < bottom;
-        if (!isSeen)
-            m_reusableCells.give(row->second);
-        row = isSeen ? std::next(row) : m_visibleCells.erase(row);
-    }
-}
-
-// A row for which the delegate has none gets an empty one.
-TableViewCell* TableView::askForCell(const IndexPath& indexPath)
-{
-    if (TableViewCell* cell = m_delegate->cellForRowAtIndexPath(indexPath))
-        return cell;
-    return dequeueCell<TableViewCell>(QString(), TableViewCell::Style::Default);
-}
-
-void TableView::showRow(const IndexPath& indexPath)
-{
-    TableViewCell* const cell = askForCell(indexPath);
-    m_visibleCells[indexPath] = cell;
-    cell->setIndexPath(indexPath);
-    placeCell(*cell, indexPath);
-    cell->setNeedsLayout();
-    cell->setHidden(false);
-    if (indexPath == m_selectedRow)
-        cell->setSelected(true, TableViewCell::Fade::Immediately);
-    if (cell->superview() == this)
-        return;
-    addSubview(cell);
-    m_cellModel.append(cell);
-}
-
-void TableView::placeCell(TableViewCell& cell, const IndexPath& indexPath)
-{
-    const int next = indexPath.section + 1;
-    const bool isLast = indexPath.row == m_layout.rowCount(indexPath.section) - 1;
-    cell.setFrame(rectForRow(indexPath));
-    cell.setMeetsHeader(isLast && next < m_layout.sectionCount() && m_headers.contains(next));
-}
-
-void TableView::retireAllCells()
-{
-    for (const auto& [indexPath, cell] : m_visibleCells)
-        m_reusableCells.give(cell);
-    m_visibleCells.clear();
+    if (m_loaded)
+        m_rows.show(m_contentOffset, m_contentOffset + height());
 }
 
 // MARK: rows
@@ -265,26 +173,6 @@ std::optional<IndexPath> TableView::indexPathForRowAtPoint(const QPointF& point)
     return m_layout.rowAt(point.y());
 }
 
-TableViewCell* TableView::cellForRow(const IndexPath& indexPath) const
-{
-    const auto found = m_visibleCells.find(indexPath);
-    return found == m_visibleCells.end() ? nullptr : found->second;
-}
-
-std::vector<IndexPath> TableView::indexPathsForVisibleRows() const
-{
-    std::vector<IndexPath> rows;
-    for (const auto& [indexPath, cell] : m_visibleCells)
-        rows.push_back(indexPath);
-    return rows;
-}
-
-View* TableView::headerView(int section) const
-{
-    const auto found = m_headers.find(section);
-    return found == m_headers.end() ? nullptr : found->second;
-}
-
 bool TableView::hasRow(const IndexPath& indexPath) const
 {
     return indexPath.row >= 0 && indexPath.row < m_layout.rowCount(indexPath.section);
@@ -302,8 +190,8 @@ void TableView::setContentOffset(double offset)
     if (offset == m_contentOffset)
         return;
     m_contentOffset = offset;
-    placeHeaders();
-    updateVisibleRows();
+    m_headers.place();
+    showVisibleRows();
     Q_EMIT contentOffsetChanged();
     Q_EMIT contentOriginChanged();
 }
@@ -323,20 +211,6 @@ void TableView::deselectRow(const IndexPath& indexPath, Animation animation)
         setSelected(indexPath, false, animation);
 }
 
-// The selection goes with its row, the focus passes to the row that takes its place, or else to the one before.
-void TableView::moveRowsAfterDeletion(const IndexPath& indexPath)
-{
-    if (m_selectedRow == indexPath)
-        m_selectedRow = NoRow;
-    else if (m_selectedRow.section == indexPath.section && m_selectedRow.row > indexPath.row)
-        --m_selectedRow.row;
-    if (m_focusedRow.section != indexPath.section || m_focusedRow.row < indexPath.row)
-        return;
-    const IndexPath before{ m_focusedRow.section, m_focusedRow.row - 1 };
-    if (m_focusedRow.row > indexPath.row || !hasRow(m_focusedRow))
-        setFocusedRow(before.row < 0 ? NoRow : before);
-}
-
 // The cells below keep their rows' content and take the place above; a new one comes in at the end.
 void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
 {
@@ -347,27 +221,30 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
     --expected[static_cast<std::size_t>(indexPath.section)];
     if (rowCounts != expected)
         return reloadData();
-    setOpenRow(NoRow);
-    if (animation == Animation::Animated) {
-        m_slide.start(Animations::duration(Animations::Fade));
-        Q_EMIT slidingChanged();
-    }
-    std::map<IndexPath, TableViewCell*> moved;
-    for (const auto& [old, cell] : m_visibleCells) {
-        const bool isBelow = old.section == indexPath.section && old.row > indexPath.row;
-        if (old == indexPath)
-            m_reusableCells.give(cell);
-        else
-            moved[isBelow ? IndexPath{ old.section, old.row - 1 } : old] = cell;
-    }
-    m_visibleCells = std::move(moved);
+    m_openRow.close();
+    if (animation == Animation::Animated)
+        slide();
+    m_rows.closeGap(indexPath);
     rebuildLayout(rowCounts);
-    moveRowsAfterDeletion(indexPath);
-    for (const auto& [now, cell] : m_visibleCells) {
-        cell->setIndexPath(now);
-        placeCell(*cell, now);
-    }
+    closeGapInSelection(indexPath);
+    m_rowFocus.closeGap(indexPath);
+    m_rows.placeMoved();
     showChangedLayout();
+}
+
+void TableView::slide()
+{
+    m_slide.start(Animations::duration(Animations::Fade));
+    Q_EMIT slidingChanged();
+}
+
+// The selection goes with its row.
+void TableView::closeGapInSelection(const IndexPath& deleted)
+{
+    if (m_selectedRow == deleted)
+        m_selectedRow = NoRow;
+    else if (m_selectedRow.section == deleted.section && m_selectedRow.row > deleted.row)
+        --m_selectedRow.row;
 }
 
 // MARK: what a person does
@@ -375,9 +252,7 @@ void TableView::deleteRow(const IndexPath& indexPath, Animation animation)
 void TableView::tapRow(int section, int row)
 {
     const IndexPath indexPath{ section, row };
-    if (m_openRow != NoRow)
-        return setOpenRow(NoRow);
-    if (!hasRow(indexPath))
+    if (m_openRow.close() || !hasRow(indexPath))
         return;
     if (m_selectedRow != NoRow)
         setSelected(m_selectedRow, false, Animation::None);
@@ -388,40 +263,17 @@ void TableView::tapRow(int section, int row)
 void TableView::pressRow(int section, int row, bool pressed)
 {
     if (TableViewCell* cell = cellForRow({ section, row }))
-        cell->setPressed(pressed && m_openRow == NoRow);
+        cell->setPressed(pressed && !m_openRow.isOpen());
 }
 
-bool TableView::canDeleteRow(int section, int row) const
+void TableView::scrollByPage(int direction)
 {
-    return hasRow({ section, row }) && m_delegate->canEditRowAtIndexPath({ section, row });
-}
-
-void TableView::openRowForDeletion(int section, int row)
-{
-    setOpenRow(canDeleteRow(section, row) ? IndexPath{ section, row } : NoRow);
-}
-
-bool TableView::closeOpenRow()
-{
-    const bool wasOpen = m_openRow != NoRow;
-    setOpenRow(NoRow);
-    return wasOpen;
-}
-
-void TableView::deleteTapped(int section, int row)
-{
-    if (!canDeleteRow(section, row))
+    const auto visible = indexPathsForVisibleRows();
+    if (visible.empty())
         return;
-    setOpenRow(NoRow);
-    m_delegate->commitEditingStyle(EditingStyle::Delete, { section, row });
-}
-
-void TableView::setOpenRow(const IndexPath& indexPath)
-{
-    if (m_openRow == indexPath)
-        return;
-    m_openRow = indexPath;
-    Q_EMIT openRowChanged();
+    const double page = height() - m_layout.headerHeight(visible.front().section);
+    const double end = std::max(0.0, contentHeight() - height());
+    setContentOffset(std::clamp(m_contentOffset + direction * page, 0.0, end));
 }
 
 } // namespace kit

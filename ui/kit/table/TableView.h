@@ -1,22 +1,24 @@
 #pragma once
 
-#include "ui/kit/table/CellPool.h"
+#include "ui/kit/table/OpenRow.h"
 #include "ui/kit/table/RefreshControl.h"
+#include "ui/kit/table/RowFocus.h"
+#include "ui/kit/table/SectionHeaders.h"
 #include "ui/kit/table/TableLayout.h"
 #include "ui/kit/table/TableViewCell.h"
 #include "ui/kit/table/TableViewDelegate.h"
+#include "ui/kit/table/VisibleRows.h"
 
 #include <QTimer>
 
 #include <functional>
-#include <map>
-#include <memory>
 #include <vector>
 
 namespace kit {
 
-// A table of sections and rows with a pinned section header. It keeps a cell for each visible row only, and gives the
-// cells of rows that left to those that come. Lives on the main thread.
+// A table of sections and rows with a pinned section header. It asks its delegate what there is to show and finds the
+// places; its parts keep the cells of the rows that are seen, the headers, the row that the keyboard acts on and the
+// row that stands open for deletion. Lives on the main thread.
 class TableView : public View
 {
     Q_OBJECT
@@ -30,11 +32,8 @@ class TableView : public View
     Q_PROPERTY(double contentOffset READ contentOffset NOTIFY contentOffsetChanged)
     Q_PROPERTY(QColor separatorTint READ separatorTint NOTIFY appearanceChanged)
     Q_PROPERTY(bool sliding READ isSliding NOTIFY slidingChanged)
-    Q_PROPERTY(bool keyboardHere MEMBER m_keyboardHere NOTIFY keyboardHereChanged)
-    Q_PROPERTY(int openSection READ openSection NOTIFY openRowChanged)
-    Q_PROPERTY(int openRow READ openRow NOTIFY openRowChanged)
-    Q_PROPERTY(int focusedSection READ focusedSection NOTIFY focusedRowChanged)
-    Q_PROPERTY(int focusedRow READ focusedRow NOTIFY focusedRowChanged)
+    Q_PROPERTY(kit::OpenRow* openRow READ openRow CONSTANT)
+    Q_PROPERTY(kit::RowFocus* rowFocus READ rowFocus CONSTANT)
 
 public:
     enum class Animation { None, Animated };
@@ -44,6 +43,7 @@ public:
 
     // Null stands for a table without rows. Anything else shows with the next reload.
     void setDelegate(TableViewDelegate* delegate);
+    TableViewDelegate& delegate() const { return *m_delegate; }
 
     double rowHeight() const { return m_rowHeight; }
     void setRowHeight(double height) { m_rowHeight = height; }
@@ -78,7 +78,10 @@ public:
     void reloadData();
     // A cell that stood for another row before, prepared for reuse, or null.
     TableViewCell* dequeueReusableCell(
-        const QString& identifier, const QMetaObject& kind = TableViewCell::staticMetaObject);
+        const QString& identifier, const QMetaObject& kind = TableViewCell::staticMetaObject)
+    {
+        return m_rows.dequeue(identifier, kind);
+    }
     // A reused cell of that class, or a new one made from the arguments and the identifier.
     template <typename Cell> Cell* dequeueCell(const QString& identifier, TableViewCell::Style style)
     {
@@ -93,13 +96,15 @@ public:
     // anew.
     void deleteRow(const IndexPath& indexPath, Animation animation);
 
+    bool hasRow(const IndexPath& indexPath) const;
+    const IndexPath& selectedRow() const { return m_selectedRow; }
     // In the table's content coordinates, in which the table header view begins at 0.
     QRectF rectForRow(const IndexPath& indexPath) const;
     std::optional<IndexPath> indexPathForRowAtPoint(const QPointF& point) const;
     // Null unless the row is visible.
-    TableViewCell* cellForRow(const IndexPath& indexPath) const;
-    std::vector<IndexPath> indexPathsForVisibleRows() const;
-    View* headerView(int section) const;
+    TableViewCell* cellForRow(const IndexPath& indexPath) const { return m_rows.cellFor(indexPath); }
+    std::vector<IndexPath> indexPathsForVisibleRows() const { return m_rows.indexPaths(); }
+    View* headerView(int section) const { return m_headers.headerOf(section); }
     double contentHeight() const { return m_layout.contentHeight(); }
     double contentOffset() const { return m_contentOffset; }
     // Where the content begins to be seen; below 0 while the table is pulled down.
@@ -113,93 +118,51 @@ public:
     // What a person does.
     Q_INVOKABLE void tapRow(int section, int row);
     Q_INVOKABLE void pressRow(int section, int row, bool pressed);
-    Q_INVOKABLE bool canDeleteRow(int section, int row) const;
-    // Opens the row's delete button and closes any other; a negative row closes all.
-    Q_INVOKABLE void openRowForDeletion(int section, int row);
-    // False if none was open.
-    Q_INVOKABLE bool closeOpenRow();
-    Q_INVOKABLE void deleteTapped(int section, int row);
-    // Keyboard: moves the focused row by a number of rows and scrolls it into view, acts on it, or takes the focus
-    // away.
-    Q_INVOKABLE void moveFocus(int rows);
-    Q_INVOKABLE void focusFirstRow();
-    Q_INVOKABLE void focusLastRow();
-    // Down by as many rows as are seen at once below the pinned header, or up (-1), and by one at least.
-    Q_INVOKABLE void moveFocusByPage(int direction);
-    // The same without any focus: shows what is next or (-1) what was before.
+    // Shows what is next or (-1) what was before, wherever the focus is.
     Q_INVOKABLE void scrollByPage(int direction);
-    Q_INVOKABLE void focusRow(int section, int row);
-    Q_INVOKABLE void activateFocusedRow();
-    Q_INVOKABLE void deleteFocusedRow();
-    Q_INVOKABLE void clearFocus();
-    // Asks for the window's keyboard focus.
-    Q_INVOKABLE void takeKeyboard() { Q_EMIT keyboardWanted(); }
+    OpenRow* openRow() { return &m_openRow; }
+    RowFocus* rowFocus() { return &m_rowFocus; }
 
     // While the rows below a deleted one move up to their new frames.
     bool isSliding() const { return m_slide.isActive(); }
-    ObjectListModel* cellModel() { return &m_cellModel; }
-    ObjectListModel* headerModel() { return &m_headerModel; }
+    ObjectListModel* cellModel() { return m_rows.model(); }
+    ObjectListModel* headerModel() { return m_headers.model(); }
     QColor separatorTint() const { return m_separatorColor.toQColor(); }
-    int openSection() const { return m_openRow.section; }
-    int openRow() const { return m_openRow.row; }
-    int focusedSection() const { return m_focusedRow.section; }
-    int focusedRow() const { return m_focusedRow.row; }
 
 Q_SIGNALS:
     void tableHeaderViewChanged();
     void refreshControlChanged();
     void contentHeightChanged();
     void contentOffsetChanged();
-    void openRowChanged();
-    void focusedRowChanged();
     void slidingChanged();
-    void keyboardHereChanged();
-    void keyboardWanted();
-    void scrolledByKeyboard();
 
 private:
     void rebuildLayout(const std::vector<int>& rowCounts);
     std::vector<int> askRowCounts() const;
     std::vector<int> shownRowCounts() const;
-    void moveRowsAfterDeletion(const IndexPath& indexPath);
     void placeEverything();
-    void remakeHeaders();
-    void placeHeaders();
-    void updateVisibleRows();
-    void retireRowsOutside(double top, double bottom);
-    void showRow(const IndexPath& indexPath);
-    TableViewCell* askForCell(const IndexPath& indexPath);
-    void placeCell(TableViewCell& cell, const IndexPath& indexPath);
-    void retireAllCells();
+    void showVisibleRows();
+    void slide();
+    void closeGapInSelection(const IndexPath& deleted);
     void adoptSubview(View*& slot, View* view, const std::function<void()>& letGo);
     void holdContentOffset();
     void showChangedLayout();
     void setSelected(const IndexPath& indexPath, bool selected, Animation animation);
-    void setOpenRow(const IndexPath& indexPath);
-    bool hasRow(const IndexPath& indexPath) const;
-    void setFocusedRow(const IndexPath& indexPath);
-    void scrollRowIntoView(const IndexPath& indexPath);
-
-    static constexpr IndexPath NoRow{ -1, -1 };
 
     TableViewDelegate* m_delegate;
     TableLayout m_layout;
-    std::map<IndexPath, TableViewCell*> m_visibleCells;
-    CellPool m_reusableCells;
-    std::map<int, View*> m_headers;
-    ObjectListModel m_cellModel;
-    ObjectListModel m_headerModel;
+    VisibleRows m_rows;
+    SectionHeaders m_headers;
+    OpenRow m_openRow;
+    RowFocus m_rowFocus;
     View* m_tableHeaderView = nullptr;
     View* m_tableFooterView = nullptr;
     RefreshControl* m_refreshControl = nullptr;
     Color m_separatorColor{ 0.6, 0.6, 0.6, 1, {} };
     EdgeInsets m_separatorInset;
     IndexPath m_selectedRow = NoRow;
-    IndexPath m_openRow = NoRow;
-    IndexPath m_focusedRow = NoRow;
     double m_contentOffset = 0;
     QTimer m_slide;
-    bool m_keyboardHere = false;
     bool m_loaded = false;
     double m_rowHeight = 44;
     double m_estimatedRowHeight = 44;

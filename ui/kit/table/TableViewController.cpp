@@ -15,6 +15,9 @@ View* TableViewController::loadView()
     if (auto* container = qobject_cast<ViewController*>(parent()); container && container->isViewLoaded())
         table->setFrame({ 0, 0, container->view()->width(), 0 });
     table->setDelegate(this);
+    table->setAccessibilityLabel(title());
+    connect(navigationItem(), &NavigationItem::itemChanged, table,
+        [this, table] { table->setAccessibilityLabel(title()); });
     return table;
 }
 

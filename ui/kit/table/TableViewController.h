@@ -19,8 +19,8 @@ public:
     const TableView* tableView() const { return static_cast<const TableView*>(loadedView()); }
 
     // No row stays open for deletion behind another screen.
-    void viewWillDisappear() override { tableView()->closeOpenRow(); }
-    bool closeWhatIsOpen() override { return tableView()->closeOpenRow(); }
+    void viewWillDisappear() override { tableView()->openRow()->close(); }
+    bool closeWhatIsOpen() override { return tableView()->openRow()->close(); }
 
 protected:
     View* loadView() override;

@@ -35,6 +35,11 @@ double TableViewDelegate::heightForRowAtIndexPath(const IndexPath& /*indexPath*/
     return -1;
 }
 
+QString TableViewDelegate::nameForRowAtIndexPath(const IndexPath& /*indexPath*/) const
+{
+    return {};
+}
+
 void TableViewDelegate::didSelectRowAtIndexPath(const IndexPath& /*indexPath*/) { }
 
 bool TableViewDelegate::canEditRowAtIndexPath(const IndexPath& /*indexPath*/) const

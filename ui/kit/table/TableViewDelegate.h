@@ -2,6 +2,8 @@
 
 #include "ui/kit/paint/Geometry.h"
 
+#include <QString>
+
 namespace kit {
 
 class TableViewCell;
@@ -27,6 +29,8 @@ public:
     // A negative height stands for the table's own setting.
     virtual double heightForHeaderInSection(int section) const;
     virtual double heightForRowAtIndexPath(const IndexPath& indexPath) const;
+    // By which a row is found that is not seen, when a person types its first letters; null where there is none.
+    virtual QString nameForRowAtIndexPath(const IndexPath& indexPath) const;
     virtual void didSelectRowAtIndexPath(const IndexPath& indexPath);
     virtual bool canEditRowAtIndexPath(const IndexPath& indexPath) const;
     virtual void commitEditingStyle(EditingStyle style, const IndexPath& indexPath);

@@ -13,5 +13,5 @@ RoundedBox {
     lower: "transparent"
     edge: KitLook.focus
     edgeWidth: 2
-    radius: 6
+    radius: Metrics.CornerRadius
 }

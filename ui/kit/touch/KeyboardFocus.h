@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QAccessible>
 #include <QObject>
+#include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 namespace kit {
@@ -12,6 +14,14 @@ class KeyboardFocus : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool shown MEMBER m_shown NOTIFY shownChanged)
+
+public:
+    // Tells a screen reader that an item has the focus which does not have the window's: a row of a table.
+    Q_INVOKABLE static void announce(QQuickItem* item)
+    {
+        QAccessibleEvent event(item, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
 
 Q_SIGNALS:
     void shownChanged();

@@ -4,6 +4,9 @@ import QtQuick
 MouseArea {
     id: root
 
+    // While a finger that began here is here, not while it has slipped off.
+    readonly property bool down: pressed && containsMouse
+
     signal tapped
 
     onClicked: root.tapped()

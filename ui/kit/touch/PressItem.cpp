@@ -1,6 +1,7 @@
 #include "ui/kit/touch/PressItem.h"
 
 #include <QAccessibleObject>
+#include <QKeyEvent>
 #include <QQuickWindow>
 
 #include <mutex>
@@ -25,16 +26,17 @@ public:
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
     int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
     QString text(QAccessible::Text kind) const override;
-    QAccessible::Role role() const override { return QAccessible::Button; }
+    QAccessible::Role role() const override { return item().spokenRole(); }
     QAccessible::State state() const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
 
-    QStringList actionNames() const override { return { pressAction(), setFocusAction() }; }
+    QStringList actionNames() const override;
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
 private:
     PressItem& item() const { return *static_cast<PressItem*>(object()); }
+    bool isSwitch() const { return role() == QAccessible::CheckBox; }
 };
 
 QRect PressInterface::rect() const
@@ -68,6 +70,10 @@ QAccessible::State PressInterface::state() const
     state.disabled = !item().isEnabled();
     state.focusable = item().activeFocusOnTab() && item().isEnabled();
     state.focused = item().hasActiveFocus();
+    state.checkable = isSwitch();
+    state.checked = item().isSpokenOn();
+    state.selectable = role() == QAccessible::PageTab;
+    state.selected = item().isSpokenSelected();
     state.invisible = !window() || !window()->isVisible() || !item().isVisible();
     state.offscreen = !inWindow.intersects(inScene.toRect());
     return state;
@@ -80,12 +86,20 @@ void* PressInterface::interface_cast(QAccessible::InterfaceType type)
     return QAccessibleObject::interface_cast(type);
 }
 
+QStringList PressInterface::actionNames() const
+{
+    QStringList names{ pressAction(), setFocusAction() };
+    if (isSwitch())
+        names.append(toggleAction());
+    return names;
+}
+
 void PressInterface::doAction(const QString& name)
 {
     if (!item().isEnabled())
         return;
-    if (name == pressAction())
-        Q_EMIT item().pressAsked();
+    if (name == pressAction() || name == toggleAction())
+        Q_EMIT item().pressed();
     else if (name == setFocusAction())
         item().forceActiveFocus();
 }
@@ -104,19 +118,35 @@ PressItem::PressItem(QQuickItem* parent)
     static std::once_flag installed;
     std::call_once(installed, [] { QAccessible::installFactory(makeInterface); });
     setFlag(ItemIsFocusScope);
-    connect(this, &QQuickItem::enabledChanged, this, &PressItem::tellEnabled);
+    QAccessible::State disabled;
+    disabled.disabled = true;
+    QAccessible::State checked;
+    checked.checked = true;
+    QAccessible::State selected;
+    selected.selected = true;
+    connect(this, &QQuickItem::enabledChanged, this, [this, disabled] { tellState(disabled); });
+    connect(this, &PressItem::spokenOnChanged, this, [this, checked] { tellState(checked); });
+    connect(this, &PressItem::spokenSelectedChanged, this, [this, selected] { tellState(selected); });
     connect(this, &PressItem::spokenNameChanged, this, [this] {
         QAccessibleEvent event(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&event);
     });
 }
 
-void PressItem::tellEnabled()
+void PressItem::tellState(const QAccessible::State& changed)
 {
-    QAccessible::State changed;
-    changed.disabled = true;
     QAccessibleStateChangeEvent event(this, changed);
     QAccessible::updateAccessibility(&event);
+}
+
+// One press of a key is one press, however long it is held.
+void PressItem::keyPressEvent(QKeyEvent* event)
+{
+    const bool presses
+        = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    event->setAccepted(presses);
+    if (presses && !event->isAutoRepeat())
+        Q_EMIT pressed();
 }
 
 } // namespace kit

@@ -21,7 +21,7 @@ Rectangle {
 
     // Shows for a moment where the content came to at once, as by a key. It comes and goes: not while nothing is to move.
     function flash() {
-        lingering.interval = Motion.duration(700);
+        lingering.interval = Motion.duration(Motion.Linger);
         if (lingering.interval > 0)
             lingering.restart();
     }
@@ -32,7 +32,7 @@ Rectangle {
 
     Behavior on opacity {
         NumberAnimation {
-            duration: Motion.duration(250)
+            duration: Motion.duration(Motion.Fade)
         }
     }
 }

@@ -1,9 +1,7 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import ui.kit
 
-PressItem {
+Pressable {
     id: root
 
     required property Button view
@@ -15,14 +13,9 @@ PressItem {
     visible: !view.hidden
     enabled: view.enabled
     opacity: view.enabled ? 1 : 0.5
-    activeFocusOnTab: true
-
-    Accessible.role: Accessible.Button
+    reachAbove: Math.max(0, (Metrics.TouchSize - height) / 2)
     spokenName: view.accessibilityLabel
-    onPressAsked: root.view.press()
-    Keys.onReturnPressed: root.view.press()
-    Keys.onEnterPressed: root.view.press()
-    Keys.onSpacePressed: root.view.press()
+    onPressed: root.view.press()
 
     ImageItem {
         anchors.fill: parent
@@ -30,24 +23,12 @@ PressItem {
     }
     Rectangle {
         anchors.fill: parent
-        radius: 6
+        radius: Metrics.CornerRadius
         color: KitLook.shade
         opacity: 0.6
-        visible: area.pressed && area.containsMouse
+        visible: root.down
     }
     LabelView {
         view: root.view.titleLabel
-    }
-    FocusRing {
-        control: root
-    }
-    PressArea {
-        id: area
-
-        // A finger needs 44 points.
-        anchors.fill: parent
-        anchors.topMargin: Math.min(0, (root.height - 44) / 2)
-        anchors.bottomMargin: anchors.topMargin
-        onTapped: root.view.press()
     }
 }

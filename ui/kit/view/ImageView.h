@@ -12,11 +12,12 @@ class ImageView : public View
     QML_UNCREATABLE("views are made in C++")
     Q_PROPERTY(kit::Image image READ image NOTIFY imageChanged)
     Q_PROPERTY(QColor tint READ tint NOTIFY imageChanged)
-    Q_PROPERTY(int mode READ mode NOTIFY imageChanged)
+    Q_PROPERTY(ContentMode contentMode READ contentMode NOTIFY imageChanged)
     Q_PROPERTY(double radius READ radius NOTIFY appearanceChanged)
 
 public:
     enum class ContentMode { ScaleToFill, AspectFit };
+    Q_ENUM(ContentMode)
 
     // As large as the image, at the origin.
     explicit ImageView(const Image& image = {}, QObject* parent = nullptr);
@@ -30,7 +31,6 @@ public:
     void setTintColor(const Color& color);
 
     QColor tint() const { return m_tintColor.toQColor(); }
-    int mode() const { return static_cast<int>(m_contentMode); }
     double radius() const { return clipsToBounds() ? cornerRadius() : 0; }
     QString component() const override { return QStringLiteral("PictureView"); }
 

@@ -25,12 +25,13 @@ class Label : public View
     Q_PROPERTY(bool enlarged READ isEnlarged CONSTANT)
     Q_PROPERTY(int smallestFontSize READ smallestFontSize NOTIFY labelChanged)
     Q_PROPERTY(bool adjustsFontSizeToFitWidth READ adjustsFontSizeToFitWidth NOTIFY labelChanged)
-    Q_PROPERTY(int shadowDirection READ shadowDirection NOTIFY labelChanged)
+    Q_PROPERTY(Shadow shadow READ shadow NOTIFY labelChanged)
     Q_PROPERTY(QColor shadowColor READ shadowQColor NOTIFY labelChanged)
 
 public:
     // Where a one-point shadow falls.
     enum class Shadow { None, Below, Above };
+    Q_ENUM(Shadow)
 
     explicit Label(const QRectF& frame = {}, QObject* parent = nullptr);
 
@@ -67,7 +68,6 @@ public:
     int smallestFontSize() const;
     QColor color() const { return m_textColor.toQColor(); }
     int alignment() const { return m_alignment; }
-    int shadowDirection() const { return m_shadow == Shadow::None ? 0 : (m_shadow == Shadow::Below ? 1 : -1); }
     QColor shadowQColor() const { return m_shadowColor.toQColor(); }
     QString component() const override { return QStringLiteral("LabelView"); }
 

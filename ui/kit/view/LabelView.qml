@@ -24,7 +24,7 @@ Text {
     maximumLineCount: view.numberOfLines > 0 ? view.numberOfLines : 100000
     fontSizeMode: view.adjustsFontSizeToFitWidth ? Text.HorizontalFit : view.enlarged ? Text.Fit : Text.FixedSize
     minimumPixelSize: view.smallestFontSize
-    style: view.shadowDirection > 0 ? Text.Raised : view.shadowDirection < 0 ? Text.Sunken : Text.Normal
+    style: view.shadow === Label.Below ? Text.Raised : view.shadow === Label.Above ? Text.Sunken : Text.Normal
     styleColor: view.shadowColor
     renderType: Text.NativeRendering
 

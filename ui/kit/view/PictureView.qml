@@ -13,7 +13,7 @@ ImageItem {
     visible: !view.hidden
     image: view.image
     tint: view.tint
-    mode: view.mode === 1 ? ImageItem.AspectFit : ImageItem.ScaleToFill
+    mode: view.contentMode === ImageView.AspectFit ? ImageItem.AspectFit : ImageItem.ScaleToFill
     radius: view.radius
 
     Accessible.role: Accessible.Graphic

@@ -1,37 +1,29 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import ui.kit
 
-FocusScope {
+Pressable {
     id: root
 
     required property Switch view
-    property color fill: view.on ? view.onTint : KitLook.switchOff
+    property color fill: view.on ? KitLook.switchOn : KitLook.switchOff
 
     x: view.frame.x
     y: view.frame.y
     width: view.frame.width
     height: view.frame.height
     visible: !view.hidden
-    activeFocusOnTab: true
-
-    Accessible.role: Accessible.CheckBox
-    Accessible.name: view.accessibilityLabel
-    Accessible.checkable: true
-    Accessible.checked: view.on
-    Accessible.focusable: true
-    Accessible.onPressAction: if (enabled)
-        root.view.toggle()
-    Accessible.onToggleAction: if (enabled)
-        root.view.toggle()
-    Keys.onReturnPressed: root.view.toggle()
-    Keys.onEnterPressed: root.view.toggle()
-    Keys.onSpacePressed: root.view.toggle()
+    ringMargin: -3
+    ringRadius: height / 2 + 3
+    reachAside: 6
+    reachAbove: 6
+    spokenRole: Accessible.CheckBox
+    spokenName: view.accessibilityLabel
+    spokenOn: view.on
+    onPressed: root.view.toggle()
 
     Behavior on fill {
         ColorAnimation {
-            duration: Motion.duration(150)
+            duration: Motion.duration(Motion.Flip)
         }
     }
     RoundedBox {
@@ -54,19 +46,9 @@ FocusScope {
 
         Behavior on x {
             NumberAnimation {
-                duration: Motion.duration(150)
+                duration: Motion.duration(Motion.Flip)
                 easing.type: Easing.OutCubic
             }
         }
-    }
-    FocusRing {
-        control: root
-        anchors.margins: -3
-        radius: root.height / 2 + 3
-    }
-    PressArea {
-        anchors.fill: parent
-        anchors.margins: -6
-        onTapped: root.view.toggle()
     }
 }

@@ -66,7 +66,7 @@ Window {
         onActivated: root.controller.search()
     }
     Repeater {
-        model: 5
+        model: root.controller.tabModel
         delegate: Item {
             id: tabKey
 

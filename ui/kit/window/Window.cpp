@@ -92,6 +92,12 @@ void Window::escape()
         shown->goBack();
 }
 
+ObjectListModel* Window::tabModel() const
+{
+    auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController);
+    return tabs ? tabs->tabModel() : nullptr;
+}
+
 void Window::selectTab(int index)
 {
     if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))

@@ -20,6 +20,7 @@ class Window : public QObject, public AlertPresenter
     QML_NAMED_ELEMENT(WindowController)
     QML_UNCREATABLE("made in C++")
     Q_PROPERTY(kit::ViewController* rootViewController READ rootViewController CONSTANT)
+    Q_PROPERTY(kit::ObjectListModel* tabModel READ tabModel CONSTANT)
     Q_PROPERTY(kit::AlertController* alert READ presentedAlert NOTIFY presentedAlertChanged)
 
 public:
@@ -29,6 +30,8 @@ public:
     // Takes ownership; set once.
     void setRootViewController(ViewController* controller);
     ViewController* rootViewController() const { return m_rootViewController; }
+    // Null unless the root screen is a bar of tabs.
+    ObjectListModel* tabModel() const;
     // Opens the window with the title: full screen on a phone, 390 by 844 points, or what the screen has room for,
     // elsewhere.
     void makeKeyAndVisible(const QString& title);
@@ -38,7 +41,7 @@ public:
     AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
     void presentAlert(AlertController* alert) override;
 
-    // The window's keys: Alt+Left, Escape, Ctrl+1 to 5, Ctrl+F.
+    // The window's keys: Alt+Left, Escape, Ctrl and a tab's number, Ctrl+F.
     Q_INVOKABLE void goBack();
     Q_INVOKABLE void escape();
     Q_INVOKABLE void selectTab(int index);

@@ -1,14 +1,12 @@
 #include "ui/screens/browse/CategoriesViewController.h"
 
 #include "ui/classic/ClassicUI.h"
-#include "ui/screens/shared/OpenScreen.h"
+#include "ui/screens/browse/OpenCategory.h"
+#include "ui/screens/shared/RowRecords.h"
 #include "ui/screens/shared/ScreenRows.h"
 
-#include <algorithm>
-
-CategoriesViewController::CategoriesViewController(RepoManager& manager, PackageInstaller& installer, QObject* parent)
-    : kit::TableViewController(parent)
-    , m_manager(manager)
+CategoriesViewController::CategoriesViewController(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
     , m_installer(installer)
 {
 }
@@ -29,13 +27,13 @@ void CategoriesViewController::viewWillAppear()
 
 int CategoriesViewController::numberOfRowsInSection(int) const
 {
-    return std::max(1, static_cast<int>(m_categories.size()));
+    return rowsOrEmptyRow(m_categories.size());
 }
 
 kit::TableViewCell* CategoriesViewController::cellForRowAtIndexPath(const kit::IndexPath& indexPath)
 {
-    if (!m_categories.empty())
-        return ScreenRows::categoryRow(*tableView(), *m_categories[static_cast<size_t>(indexPath.row)], indexPath.row);
+    if (const VeskCategoryPtr category = recordOfRow(m_categories, indexPath.row))
+        return ScreenRows::categoryRow(*tableView(), *category, indexPath.row);
     auto* cell = ScreenRows::emptyCategoryRow(*tableView(), QStringLiteral("Refresh Vesk to load categories"));
     cell->textLabel()->setTextColor(ClassicUI::veskSecondaryTextColor());
     return cell;
@@ -46,13 +44,8 @@ kit::View* CategoriesViewController::viewForHeaderInSection(int)
     return ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("All Categories"), tableView()->width());
 }
 
-double CategoriesViewController::heightForHeaderInSection(int) const
-{
-    return 25;
-}
-
 void CategoriesViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, kit::TableView::Animation::Animated);
-    openCategory(*this, m_categories, indexPath.row, m_manager, m_installer);
+    openCategory(*this, recordOfRow(m_categories, indexPath.row), m_manager, m_installer);
 }

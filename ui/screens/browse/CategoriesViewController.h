@@ -12,8 +12,7 @@ class CategoriesViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit CategoriesViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
+    CategoriesViewController(RepoManager& manager, PackageInstaller& installer);
 
     const std::vector<VeskCategoryPtr>& categories() const { return m_categories; }
 
@@ -23,7 +22,6 @@ public:
     int numberOfRowsInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
     kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 
 private:

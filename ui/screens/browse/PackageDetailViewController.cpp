@@ -91,7 +91,7 @@ kit::View* PackageDetailViewController::viewForHeaderInSection(int section)
 double PackageDetailViewController::heightForHeaderInSection(int section) const
 {
     // Not 0, which would ask the platform for its own height.
-    return section == Header ? 0.01 : 25;
+    return section == Header ? 0.01 : ClassicUI::sectionHeaderHeight;
 }
 
 double PackageDetailViewController::heightForRowAtIndexPath(const kit::IndexPath& indexPath) const

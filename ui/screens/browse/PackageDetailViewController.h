@@ -12,8 +12,7 @@ class PackageDetailViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit PackageDetailViewController(
-        const VeskPackagePtr& package, PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    PackageDetailViewController(const VeskPackagePtr& package, PackageInstaller& installer);
 
     const VeskPackagePtr& package() const { return m_package; }
 

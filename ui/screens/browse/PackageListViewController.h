@@ -1,35 +1,26 @@
 #pragma once
 
-#include "actions/PackageInstaller.h"
 #include "catalog/RepoManager.h"
-#include "ui/kit/table/TableViewController.h"
+#include "ui/screens/browse/PackageTableViewController.h"
 
-// The packages of one category, sorted by name.
-class PackageListViewController : public kit::TableViewController
+// The packages of one category, sorted by name. Its "Reload" reads the catalog anew and downloads nothing.
+class PackageListViewController : public PackageTableViewController
 {
     Q_OBJECT
 
 public:
-    explicit PackageListViewController(const QString& category, RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    PackageListViewController(const QString& category, RepoManager& manager, PackageInstaller& installer);
 
     const QString& category() const { return m_category; }
-    const PackageVector& packages() const { return m_packages; }
-    // Reads the catalog anew; downloads nothing.
-    void reloadData();
 
     void viewDidLoad() override;
-    void viewWillAppear() override;
 
-    int numberOfRowsInSection(int section) const override;
-    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
-    kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
-    void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
+protected:
+    PackageVector readPackages() override;
+    QString headerTitle() const override;
+    QString emptyText() const override { return QStringLiteral("No packages in this category"); }
 
 private:
     QString m_category;
     RepoManager& m_manager;
-    PackageInstaller& m_installer;
-    PackageVector m_packages;
 };

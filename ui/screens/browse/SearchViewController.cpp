@@ -1,10 +1,10 @@
 #include "ui/screens/browse/SearchViewController.h"
 
 #include "ui/classic/ClassicUI.h"
-#include "ui/screens/shared/OpenScreen.h"
+#include "ui/screens/browse/OpenCategory.h"
+#include "ui/screens/browse/OpenPackage.h"
+#include "ui/screens/shared/RowRecords.h"
 #include "ui/screens/shared/ScreenRows.h"
-
-#include <algorithm>
 
 SearchViewController::SearchViewController(RepoManager& manager, PackageInstaller& installer)
     : m_manager(manager)
@@ -37,18 +37,13 @@ int SearchViewController::numberOfRowsInSection(int /*section*/) const
 {
     if (isQuerying())
         return static_cast<int>(m_manager.filteredPackagesWithQuery(m_currentQuery).size());
-    return std::max(1, static_cast<int>(m_manager.categories().size()));
+    return rowsOrEmptyRow(m_manager.categories().size());
 }
 
 kit::View* SearchViewController::viewForHeaderInSection(int /*section*/)
 {
     const QString title = isQuerying() ? QStringLiteral("Search Results") : QStringLiteral("Browse Categories");
     return ClassicUI::sectionHeaderViewWithTitle(title, tableView()->width());
-}
-
-double SearchViewController::heightForHeaderInSection(int /*section*/) const
-{
-    return 25;
 }
 
 kit::TableViewCell* SearchViewController::cellForRowAtIndexPath(const kit::IndexPath& indexPath)
@@ -84,23 +79,19 @@ kit::TableViewCell* SearchViewController::goneRow(int row)
 
 VeskPackagePtr SearchViewController::resultAtRow(int row) const
 {
-    const PackageVector& results = m_manager.filteredPackagesWithQuery(m_currentQuery);
-    const auto index = static_cast<std::size_t>(row);
-    return index < results.size() ? results[index] : nullptr;
+    return recordOfRow(m_manager.filteredPackagesWithQuery(m_currentQuery), row);
 }
 
 VeskCategoryPtr SearchViewController::categoryAtRow(int row) const
 {
-    const std::vector<VeskCategoryPtr> categories = m_manager.categories();
-    const auto index = static_cast<std::size_t>(row);
-    return index < categories.size() ? categories[index] : nullptr;
+    return recordOfRow(m_manager.categories(), row);
 }
 
 void SearchViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, kit::TableView::Animation::Animated);
     if (isQuerying())
-        openPackage(*this, m_manager.filteredPackagesWithQuery(m_currentQuery), indexPath.row, m_installer);
+        openPackage(*this, resultAtRow(indexPath.row), m_installer);
     else
-        openCategory(*this, m_manager.categories(), indexPath.row, m_manager, m_installer);
+        openCategory(*this, categoryAtRow(indexPath.row), m_manager, m_installer);
 }

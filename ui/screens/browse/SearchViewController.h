@@ -12,8 +12,7 @@ class SearchViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit SearchViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    SearchViewController(RepoManager& manager, PackageInstaller& installer);
 
     void viewDidLoad() override;
 
@@ -23,7 +22,6 @@ public:
 
     int numberOfRowsInSection(int section) const override;
     kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 

@@ -2,8 +2,10 @@
 
 #include "ui/classic/ClassicUI.h"
 #include "ui/kit/alert/AlertController.h"
+#include "ui/screens/browse/OpenCategory.h"
+#include "ui/screens/browse/OpenPackage.h"
 #include "ui/screens/shared/CatalogRefresh.h"
-#include "ui/screens/shared/OpenScreen.h"
+#include "ui/screens/shared/RowRecords.h"
 #include "ui/screens/shared/ScreenRows.h"
 
 #include <algorithm>
@@ -58,9 +60,8 @@ kit::View* divider(double left, double width)
 
 } // namespace
 
-VeskHomeViewController::VeskHomeViewController(RepoManager& manager, PackageInstaller& installer, QObject* parent)
-    : kit::TableViewController(parent)
-    , m_manager(manager)
+VeskHomeViewController::VeskHomeViewController(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
     , m_installer(installer)
 {
 }
@@ -150,8 +151,7 @@ int VeskHomeViewController::numberOfSections() const
 
 int VeskHomeViewController::numberOfRowsInSection(int section) const
 {
-    const size_t records = section == Featured ? m_featured.size() : m_categories.size();
-    return std::max(1, static_cast<int>(records));
+    return rowsOrEmptyRow(section == Featured ? m_featured.size() : m_categories.size());
 }
 
 kit::TableViewCell* VeskHomeViewController::cellForRowAtIndexPath(const kit::IndexPath& indexPath)
@@ -163,8 +163,8 @@ kit::TableViewCell* VeskHomeViewController::cellForRowAtIndexPath(const kit::Ind
 
 kit::TableViewCell* VeskHomeViewController::featuredCell(int row)
 {
-    if (!m_featured.empty())
-        return ScreenRows::packageRow(*tableView(), *m_featured[static_cast<size_t>(row)], row);
+    if (const VeskPackagePtr package = recordOfRow(m_featured, row))
+        return ScreenRows::packageRow(*tableView(), *package, row);
     auto* cell = ScreenRows::emptyRow(*tableView(), QStringLiteral("No packages loaded. Tap Reload."));
     cell->textLabel()->setTextColor(ClassicUI::veskSecondaryTextColor());
     return cell;
@@ -172,8 +172,8 @@ kit::TableViewCell* VeskHomeViewController::featuredCell(int row)
 
 kit::TableViewCell* VeskHomeViewController::categoryCell(int row)
 {
-    if (!m_categories.empty())
-        return ScreenRows::categoryRow(*tableView(), *m_categories[static_cast<size_t>(row)], row);
+    if (const VeskCategoryPtr category = recordOfRow(m_categories, row))
+        return ScreenRows::categoryRow(*tableView(), *category, row);
     auto* cell = ScreenRows::emptyCategoryRow(*tableView(), QStringLiteral("No categories yet"));
     // At the left, beside what a reused cell still shows.
     cell->textLabel()->setTextAlignment(Qt::AlignLeft);
@@ -188,16 +188,11 @@ kit::View* VeskHomeViewController::viewForHeaderInSection(int section)
     return ClassicUI::sectionHeaderViewWithTitle(title, tableView()->width());
 }
 
-double VeskHomeViewController::heightForHeaderInSection(int) const
-{
-    return 25;
-}
-
 void VeskHomeViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, kit::TableView::Animation::Animated);
     if (indexPath.section == Featured)
-        openPackage(*this, m_featured, indexPath.row, m_installer);
+        openPackage(*this, recordOfRow(m_featured, indexPath.row), m_installer);
     else
-        openCategory(*this, m_categories, indexPath.row, m_manager, m_installer);
+        openCategory(*this, recordOfRow(m_categories, indexPath.row), m_manager, m_installer);
 }

@@ -13,8 +13,7 @@ class VeskHomeViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit VeskHomeViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
+    VeskHomeViewController(RepoManager& manager, PackageInstaller& installer);
 
     // At most eight packages.
     const PackageVector& featured() const { return m_featured; }
@@ -37,7 +36,6 @@ public:
     int numberOfRowsInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
     kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 
 private:

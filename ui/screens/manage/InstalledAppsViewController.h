@@ -1,32 +1,27 @@
 #pragma once
 
-#include "actions/PackageInstaller.h"
 #include "catalog/RepoManager.h"
-#include "ui/kit/table/TableViewController.h"
+#include "ui/screens/browse/PackageTableViewController.h"
+#include "ui/screens/manage/InstalledPackages.h"
 
 // The installed packages that the catalog knows, by name; a tap shows the package. Installed is what was found at the
-// last refresh. The list is fresh at every appearance.
-class InstalledAppsViewController : public kit::TableViewController
+// last refresh.
+class InstalledAppsViewController : public PackageTableViewController
 {
     Q_OBJECT
 
 public:
-    explicit InstalledAppsViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    InstalledAppsViewController(RepoManager& manager, PackageInstaller& installer);
 
     void viewDidLoad() override;
-    void viewWillAppear() override;
 
-    const PackageVector& installed() const { return m_installed; }
+    const PackageVector& installed() const { return packages(); }
 
-    int numberOfRowsInSection(int section) const override;
-    kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
-    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
-    void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
+protected:
+    PackageVector readPackages() override { return installedPackagesSortedByName(m_manager); }
+    QString headerTitle() const override { return QStringLiteral("Installed Packages"); }
+    QString emptyText() const override { return QStringLiteral("No installed packages found"); }
 
 private:
     RepoManager& m_manager;
-    PackageInstaller& m_installer;
-    PackageVector m_installed;
 };

@@ -7,6 +7,7 @@
 #include "ui/screens/manage/InstalledPackages.h"
 #include "ui/screens/manage/QueueViewController.h"
 #include "ui/screens/manage/SourcesViewController.h"
+#include "ui/screens/shared/RowRecords.h"
 #include "ui/screens/shared/ScreenRows.h"
 
 #include <array>
@@ -77,9 +78,7 @@ int ManageViewController::numberOfRowsInSection(int section) const
 {
     if (section == MenuSection)
         return 3;
-    if (section == SettingsSection || m_installed.empty())
-        return 1;
-    return static_cast<int>(m_installed.size());
+    return section == SettingsSection ? 1 : rowsOrEmptyRow(m_installed.size());
 }
 
 kit::View* ManageViewController::viewForHeaderInSection(int section)
@@ -87,18 +86,12 @@ kit::View* ManageViewController::viewForHeaderInSection(int section)
     return ClassicUI::sectionHeaderViewWithTitle(headerTitle(section), tableView()->width());
 }
 
-double ManageViewController::heightForHeaderInSection(int /*section*/) const
-{
-    return 25;
-}
-
 kit::TableViewCell* ManageViewController::cellForRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     if (indexPath.section != InstalledSection)
         return menuCell(indexPath);
-    if (m_installed.empty())
-        return emptyCell();
-    return ScreenRows::packageRow(*tableView(), *m_installed[static_cast<std::size_t>(indexPath.row)], indexPath.row);
+    const VeskPackagePtr package = recordOfRow(m_installed, indexPath.row);
+    return package ? ScreenRows::packageRow(*tableView(), *package, indexPath.row) : emptyCell();
 }
 
 kit::TableViewCell* ManageViewController::manageCell(int row)
@@ -171,9 +164,9 @@ void ManageViewController::showSettings()
 // Tells the version that the catalog offers, also where another one is installed.
 void ManageViewController::offerUninstall(int row)
 {
-    if (static_cast<std::size_t>(row) >= m_installed.size())
+    const VeskPackagePtr package = recordOfRow(m_installed, row);
+    if (!package)
         return;
-    const VeskPackagePtr package = m_installed[static_cast<std::size_t>(row)];
     auto* sheet = new kit::AlertController(package->name(),
         package->name() + u' ' + package->version() + QStringLiteral(" is installed."),
         kit::AlertController::Style::ActionSheet);

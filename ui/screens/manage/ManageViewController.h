@@ -11,8 +11,7 @@ class ManageViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit ManageViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    ManageViewController(RepoManager& manager, PackageInstaller& installer);
 
     void viewDidLoad() override;
     void viewWillAppear() override;
@@ -23,7 +22,6 @@ public:
     int numberOfSections() const override;
     int numberOfRowsInSection(int section) const override;
     kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 

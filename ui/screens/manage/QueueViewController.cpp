@@ -4,6 +4,7 @@
 #include "ui/classic/ClassicUI.h"
 #include "ui/kit/alert/AlertController.h"
 #include "ui/screens/shared/LaterTurn.h"
+#include "ui/screens/shared/RowRecords.h"
 #include "ui/screens/shared/ScreenRows.h"
 
 namespace {
@@ -101,7 +102,7 @@ void QueueViewController::reportRun()
 
 int QueueViewController::numberOfRowsInSection(int /*section*/) const
 {
-    return m_installer.queue().empty() ? 1 : static_cast<int>(m_installer.queue().size());
+    return rowsOrEmptyRow(m_installer.queue().size());
 }
 
 kit::View* QueueViewController::viewForHeaderInSection(int /*section*/)
@@ -132,8 +133,7 @@ kit::TableViewCell* QueueViewController::entryCell(const QueueEntry& entry, int 
 
 QueueEntryPtr QueueViewController::entryAtRow(int row) const
 {
-    const auto index = static_cast<std::size_t>(row);
-    return index < m_installer.queue().size() ? m_installer.queue()[index] : nullptr;
+    return recordOfRow(m_installer.queue(), row);
 }
 
 bool QueueViewController::canEditRowAtIndexPath(const kit::IndexPath& /*indexPath*/) const

@@ -14,7 +14,7 @@ class QueueViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit QueueViewController(PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    explicit QueueViewController(PackageInstaller& installer);
 
     void viewDidLoad() override;
     void viewWillAppear() override;

@@ -5,6 +5,7 @@
 #include "ui/kit/view/Button.h"
 #include "ui/kit/view/Switch.h"
 #include "ui/screens/shared/LaterTurn.h"
+#include "ui/screens/shared/RowRecords.h"
 
 #include <algorithm>
 
@@ -54,11 +55,6 @@ kit::View* SourcesViewController::viewForHeaderInSection(int section)
     return ClassicUI::sectionHeaderViewWithTitle(title, tableView()->width());
 }
 
-double SourcesViewController::heightForHeaderInSection(int /*section*/) const
-{
-    return 25;
-}
-
 kit::TableViewCell* SourcesViewController::cellForRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     auto* cell = tableView()->dequeueCell<kit::TableViewCell>(
@@ -89,10 +85,9 @@ void SourcesViewController::showAccessory(
 
 VeskRepositoryPtr SourcesViewController::sourceAt(const kit::IndexPath& indexPath) const
 {
-    const auto sources
-        = indexPath.section == ActiveSection ? m_manager.repositories() : RepoManager::defaultRepositories();
-    const auto row = static_cast<std::size_t>(indexPath.row);
-    return row < sources.size() ? sources[row] : nullptr;
+    return recordOfRow(
+        indexPath.section == ActiveSection ? m_manager.repositories() : RepoManager::defaultRepositories(),
+        indexPath.row);
 }
 
 // The same text to the letter: neither case nor a slash at the end is forgiven.

@@ -18,8 +18,7 @@ class SourcesViewController : public kit::TableViewController
     Q_OBJECT
 
 public:
-    explicit SourcesViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller());
+    SourcesViewController(RepoManager& manager, PackageInstaller& installer);
 
     void viewDidLoad() override;
     void viewWillAppear() override;
@@ -35,7 +34,6 @@ public:
     int numberOfSections() const override;
     int numberOfRowsInSection(int section) const override;
     kit::View* viewForHeaderInSection(int section) override;
-    double heightForHeaderInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
     bool canEditRowAtIndexPath(const kit::IndexPath& indexPath) const override;

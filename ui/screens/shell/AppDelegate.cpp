@@ -2,9 +2,13 @@
 
 #include "ui/screens/shell/RootViewController.h"
 
-AppDelegate::AppDelegate(RepoManager& manager, PackageInstaller& installer, QObject* parent)
-    : QObject(parent)
-    , m_manager(manager)
+AppDelegate::AppDelegate()
+    : AppDelegate(*RepoManager::sharedManager(), PackageInstaller::sharedInstaller())
+{
+}
+
+AppDelegate::AppDelegate(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
     , m_installer(installer)
 {
 }

@@ -15,8 +15,9 @@ class AppDelegate : public QObject
     Q_OBJECT
 
 public:
-    explicit AppDelegate(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
+    // Of the program's one catalog and one installer. Nothing else in the program names those two.
+    AppDelegate();
+    AppDelegate(RepoManager& manager, PackageInstaller& installer);
 
     // Opens the window; always true.
     bool didFinishLaunchingWithOptions();

@@ -18,9 +18,8 @@ kit::NavigationController* makeTab(kit::ViewController* screen, const QString& t
 
 } // namespace
 
-RootViewController::RootViewController(RepoManager& manager, PackageInstaller& installer, QObject* parent)
-    : kit::TabBarController(parent)
-    , m_manager(manager)
+RootViewController::RootViewController(RepoManager& manager, PackageInstaller& installer)
+    : m_manager(manager)
     , m_installer(installer)
 {
 }

@@ -11,8 +11,7 @@ class RootViewController : public kit::TabBarController
     Q_OBJECT
 
 public:
-    explicit RootViewController(RepoManager& manager = *RepoManager::sharedManager(),
-        PackageInstaller& installer = PackageInstaller::sharedInstaller(), QObject* parent = nullptr);
+    RootViewController(RepoManager& manager, PackageInstaller& installer);
 
     StatusBarStyle preferredStatusBarStyle() const { return StatusBarStyle::LightContent; }
     void viewDidLoad() override;

@@ -8,14 +8,6 @@
 
 namespace {
 
-class OtherCell : public kit::TableViewCell
-{
-    Q_OBJECT
-
-public:
-    using kit::TableViewCell::TableViewCell;
-};
-
 void deleteWhatIsToGo()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -29,102 +21,6 @@ TEST(TableView, asksForNothingBeforeItsFirstLayout)
     EXPECT_EQ(world.source.cellsAsked, 0);
     world.show();
     EXPECT_EQ(world.source.cellsAsked, 10);
-}
-
-TEST(TableView, makesCellsForTheVisibleRowsOnly)
-{
-    TableWorld world({ 1'000'000 });
-    world.show();
-    EXPECT_EQ(world.source.cells.size(), 10U);
-    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
-    EXPECT_EQ(world.table.contentHeight(), 60'000'000);
-    EXPECT_EQ(world.table.cellForRow({ 0, 10 }), nullptr);
-}
-
-TEST(TableView, neverMakesMoreThanOneCellBeyondTheVisibleOnes)
-{
-    TableWorld world({ 100'000 });
-    world.show();
-    for (int offset = 0; offset < 30'000; offset += 7)
-        world.table.setContentOffset(offset);
-    for (int offset = 30'000; offset > 0; offset -= 450)
-        world.table.setContentOffset(offset);
-    EXPECT_LE(world.source.cells.size(), 11U);
-}
-
-TEST(TableView, jumpsAnywhereWithTheCellsItHas)
-{
-    TableWorld world({ 1'000'000 });
-    world.show();
-    world.table.setContentOffset(500'000 * 60.0);
-    EXPECT_EQ(world.source.cells.size(), 10U);
-    EXPECT_EQ(world.textAt({ 0, 500'000 }), QStringLiteral("0.500000"));
-    EXPECT_EQ(world.table.cellForRow({ 0, 500'000 })->frame(), QRectF(0, 500'000 * 60.0, 320, 60));
-}
-
-TEST(TableView, preparesACellBeforeItServesAnotherRow)
-{
-    TableWorld world({ 100 });
-    world.show();
-    const CountingCell* first = world.cellAt({ 0, 0 });
-    EXPECT_EQ(first->reuses(), 0);
-    world.table.setContentOffset(60);
-    EXPECT_EQ(world.cellAt({ 0, 10 }), first);
-    EXPECT_EQ(first->reuses(), 1);
-    EXPECT_EQ(first->indexPath(), (kit::IndexPath{ 0, 10 }));
-    EXPECT_EQ(world.textAt({ 0, 10 }), QStringLiteral("0.10"));
-}
-
-TEST(TableView, reusesACellOnlyForItsIdentifier)
-{
-    TableWorld world({ 100 });
-    world.source.otherKindEvery = 4;
-    world.show();
-    for (int offset = 0; offset < 3'000; offset += 30)
-        world.table.setContentOffset(offset);
-    for (const kit::IndexPath& row : world.table.indexPathsForVisibleRows())
-        EXPECT_EQ(world.table.cellForRow(row)->reuseIdentifier(),
-            row.row % 4 == 0 ? QStringLiteral("OtherCell") : QStringLiteral("Cell"));
-    EXPECT_EQ(world.table.dequeueReusableCell(QStringLiteral("UnknownCell")), nullptr);
-}
-
-TEST(TableView, keepsCellsOfAnotherClassForThoseWhoAskForThem)
-{
-    TableWorld world({ 1 });
-    world.show();
-    const QString name = QStringLiteral("Cell");
-    world.table.reloadData();
-    world.source.rows = { 0 };
-    world.table.reloadData();
-    auto* const other = world.table.dequeueCell<OtherCell>(name, kit::TableViewCell::Style::Default);
-    ASSERT_NE(other, nullptr);
-    EXPECT_EQ(world.source.cells.count(other), 0U)
-        << "a cell of another class is no " << other->metaObject()->className();
-    kit::TableViewCell* const plain = world.table.dequeueReusableCell(name);
-    EXPECT_EQ(world.source.cells.count(plain), 1U) << "it waits for the next who asks";
-    delete other;
-}
-
-TEST(TableView, makesNoCellsForRowsWithoutAHeight)
-{
-    TableWorld world({ 1'000'000 });
-    world.source.heightEvery = 250'000;
-    world.show();
-    EXPECT_EQ(world.table.indexPathsForVisibleRows(),
-        (std::vector<kit::IndexPath>{ { 0, 0 }, { 0, 250'000 }, { 0, 500'000 }, { 0, 750'000 } }));
-    EXPECT_EQ(world.source.cellsAsked, 4);
-}
-
-TEST(TableView, showsEmptyRowsWhereItsDelegateHasNoCells)
-{
-    TableWorld world({ 100 });
-    world.source.withoutCells = true;
-    world.show();
-    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 10U);
-    EXPECT_TRUE(world.textAt({ 0, 0 }).isEmpty());
-    for (double offset = 0; offset < 5'000; offset += 70)
-        world.table.setContentOffset(offset);
-    EXPECT_LE(world.table.cellModel()->rowCount(), 11);
 }
 
 TEST(TableView, isEmptyOnceItsDelegateIsGone)
@@ -141,46 +37,12 @@ TEST(TableView, isEmptyOnceItsDelegateIsGone)
     world.table.setFrame({ 0, 0, 400, 300 });
     world.table.reloadData();
     world.table.tapRow(0, 0);
-    world.table.openRowForDeletion(0, 0);
-    world.table.deleteTapped(0, 0);
+    world.table.openRow()->open(0, 0);
+    world.table.openRow()->deleteRow(0, 0);
     world.table.deleteRow({ 0, 0 }, kit::TableView::Animation::None);
     world.table.setDelegate(&world.source);
     world.table.reloadData();
     EXPECT_EQ(world.textAt({ 0, 0 }), QStringLiteral("0.0"));
-}
-
-TEST(TableView, hidesCellsThatNoRowUses)
-{
-    TableWorld world({ 20 });
-    world.show();
-    world.source.rows = { 3 };
-    world.table.reloadData();
-    int shown = 0;
-    for (const kit::TableViewCell* cell : world.source.cells)
-        shown += cell->isHidden() ? 0 : 1;
-    EXPECT_EQ(shown, 3);
-}
-
-TEST(TableView, putsTheVisibleCellsUpForReuseBeforeItReloads)
-{
-    TableWorld world({ 100 });
-    world.show();
-    const CountingCell* first = world.cellAt({ 0, 0 });
-    world.table.reloadData();
-    EXPECT_EQ(world.source.cells.size(), 10U);
-    EXPECT_EQ(world.source.cellsAsked, 20);
-    EXPECT_EQ(first->reuses(), 1);
-}
-
-TEST(TableView, givesADequeuedCellItsSeparatorInsetOnce)
-{
-    kit::TableView table;
-    table.setSeparatorInset({ 0, 15, 0, 0 });
-    const std::unique_ptr<kit::TableViewCell> cell(
-        table.dequeueCell<kit::TableViewCell>(QStringLiteral("Cell"), kit::TableViewCell::Style::Value1));
-    EXPECT_EQ(cell->separatorInset(), (kit::EdgeInsets{ 0, 15, 0, 0 }));
-    EXPECT_EQ(cell->style(), kit::TableViewCell::Style::Value1);
-    EXPECT_EQ(cell->reuseIdentifier(), QStringLiteral("Cell"));
 }
 
 TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
@@ -272,49 +134,6 @@ TEST(TableView, findsTheRowAtAPointOfAScrolledTableInContentCoordinates)
         (kit::IndexPath{ 0, 12 }));
 }
 
-TEST(TableView, makesItsHeadersAnewWithTheNewWidth)
-{
-    TableWorld world({ 3, 3 });
-    world.source.withHeaders = true;
-    world.source.headerHeight = 25;
-    world.show();
-    ASSERT_EQ(world.source.headers.size(), 2U);
-    world.table.setFrame({ 0, 0, 500, 600 });
-    ASSERT_EQ(world.source.headers.size(), 4U);
-    EXPECT_EQ(world.table.headerView(1)->frame(), QRectF(0, 205, 500, 25));
-    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->width(), 500);
-    deleteWhatIsToGo();
-    EXPECT_TRUE(world.source.headers[0].isNull());
-    EXPECT_TRUE(world.source.headers[1].isNull());
-}
-
-TEST(TableView, keepsOnlyTheLastHeadersAmongItsSubviews)
-{
-    TableWorld world({ 3, 3 });
-    world.source.withHeaders = true;
-    world.source.headerHeight = 25;
-    world.show();
-    const auto before = world.table.subviews().size();
-    for (int reload = 0; reload < 20; ++reload)
-        world.table.reloadData();
-    EXPECT_EQ(world.table.subviews().size(), before);
-    EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
-}
-
-TEST(TableView, pinsItsHeaderWhileItScrolls)
-{
-    TableWorld world({ 20, 20 });
-    world.source.withHeaders = true;
-    world.source.headerHeight = 25;
-    world.show();
-    world.table.setContentOffset(100);
-    EXPECT_EQ(world.table.headerView(0)->frame().top(), 100);
-    world.table.setContentOffset(1'210);
-    EXPECT_EQ(world.table.headerView(0)->frame().top(), 1'200);
-    EXPECT_EQ(world.table.headerView(1)->frame().top(), 1'225);
-    EXPECT_EQ(world.table.headerView(2), nullptr);
-}
-
 TEST(TableView, movesItsRowsWhenTheTableHeaderViewGrows)
 {
     TableWorld world({ 20 });
@@ -391,5 +210,3 @@ TEST(TableView, takesItsCellsAndHeadersAlong)
     EXPECT_TRUE(cell.isNull());
     EXPECT_TRUE(header.isNull());
 }
-
-#include "table_view_test.moc"

@@ -93,9 +93,9 @@ TEST(Label, tellsNullFromEmpty)
     kit::Label label;
     EXPECT_TRUE(label.text().isNull());
     QSignalSpy changed(&label, &kit::Label::labelChanged);
-    label.setText(QLatin1String(""));
+    label.setText(QStringLiteral(""));
     EXPECT_FALSE(label.text().isNull());
-    label.setText(QLatin1String(""));
+    label.setText(QStringLiteral(""));
     EXPECT_EQ(changed.count(), 1);
 }
 
@@ -115,9 +115,9 @@ TEST(Label, keepsAllOfATextButShowsNoMoreThanCouldBeSeen)
 TEST(Label, tellsWhereItsShadowFalls)
 {
     kit::Label label;
-    EXPECT_EQ(label.shadowDirection(), 0);
+    EXPECT_EQ(label.shadow(), kit::Label::Shadow::None);
     label.setShadow(kit::Label::Shadow::Below, kit::Color::black(0.42));
-    EXPECT_EQ(label.shadowDirection(), 1);
+    EXPECT_EQ(label.shadow(), kit::Label::Shadow::Below);
     label.setShadow(kit::Label::Shadow::Above, kit::Color::black(0.42));
-    EXPECT_EQ(label.shadowDirection(), -1);
+    EXPECT_EQ(label.shadow(), kit::Label::Shadow::Above);
 }

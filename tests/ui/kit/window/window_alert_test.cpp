@@ -27,7 +27,7 @@ TEST_F(KitWindowTest, asksForATextAndTakesItAtReturn)
     EXPECT_EQ(window->presentedAlert(), nullptr);
     grabbed();
     press(Qt::Key_Down);
-    EXPECT_EQ(one->tableView()->focusedRow(), 0) << "the table has the keyboard again";
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), 0) << "the table has the keyboard again";
 }
 
 TEST_F(KitWindowTest, holdsBackTouchesAndKeysBehindAnAlert)
@@ -43,7 +43,7 @@ TEST_F(KitWindowTest, holdsBackTouchesAndKeysBehindAnAlert)
     EXPECT_FALSE(stack(0)->canGoBack());
     EXPECT_EQ(one->reloads, 0);
     EXPECT_EQ(tabs->selectedIndex(), 0);
-    EXPECT_EQ(one->tableView()->focusedRow(), -1);
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), -1);
     press(Qt::Key_Escape);
     EXPECT_EQ(window->presentedAlert(), nullptr);
     grabbed();
@@ -100,7 +100,7 @@ TEST_F(KitWindowTest, showsTheFocusFromTheFirstTabAfterATouch)
     EXPECT_EQ(focusedItemName(), QStringLiteral("Cancel"));
     const auto items = quick()->activeFocusItem()->childItems();
     EXPECT_TRUE(std::any_of(items.begin(), items.end(), [](const QQuickItem* item) {
-        return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String("FocusRing"))
+        return QLatin1String(item->metaObject()->className()).startsWith(QStringLiteral("FocusRing"))
             && item->isVisible();
     }));
 }

@@ -75,7 +75,7 @@ TEST_F(SwipeTest, comesBackWhenTheFingerDoes)
     EXPECT_FALSE(stack(0)->isTransitioning());
     grabbed();
     press(Qt::Key_Down);
-    EXPECT_EQ(page->tableView()->focusedRow(), 0) << "the page has the keyboard again";
+    EXPECT_EQ(page->tableView()->rowFocus()->row(), 0) << "the page has the keyboard again";
     begin({ 5, 400 });
     moveTo({ 350, 400 });
     end();
@@ -127,18 +127,18 @@ TEST_F(SwipeTest, leavesASwipeInTheMiddleToTheRow)
     begin({ 250, y });
     moveTo({ 120, y });
     end();
-    EXPECT_EQ(page->tableView()->openRow(), 3);
+    EXPECT_EQ(page->tableView()->openRow()->row(), 3);
     begin({ 120, y });
     moveTo({ 300, y });
     EXPECT_FALSE(stack(0)->isSwipingBack());
     end();
-    EXPECT_EQ(page->tableView()->openRow(), -1);
+    EXPECT_EQ(page->tableView()->openRow()->row(), -1);
     EXPECT_EQ(stack(0)->topViewController(), page);
 }
 
 TEST_F(SwipeTest, closesTheOpenRowOfThePageThatItDrawsAside)
 {
-    page->tableView()->openRowForDeletion(0, 3);
+    page->tableView()->openRow()->open(0, 3);
     const QRectF row = page->tableView()->rectForRow({ 0, 3 });
     const int y = static_cast<int>(stack(0)->barHeight() + row.center().y());
     begin({ 5, y });
@@ -147,7 +147,7 @@ TEST_F(SwipeTest, closesTheOpenRowOfThePageThatItDrawsAside)
     moveTo({ 30, y });
     end();
     EXPECT_EQ(stack(0)->topViewController(), page);
-    EXPECT_EQ(page->tableView()->openRow(), -1);
+    EXPECT_EQ(page->tableView()->openRow()->row(), -1);
 }
 
 TEST_F(SwipeTest, endsWhenAnAlertComesInBetween)

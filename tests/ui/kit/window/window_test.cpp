@@ -97,7 +97,7 @@ TEST_F(KitWindowTest, choosesARowByKeysAlone)
 {
     press(Qt::Key_Down);
     press(Qt::Key_Down);
-    EXPECT_EQ(one->tableView()->focusedRow(), 1);
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), 1);
     grabbed();
     press(Qt::Key_Return);
     EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.1"));
@@ -166,12 +166,12 @@ TEST_F(KitWindowTest, opensARowByASwipeAndDeletesIt)
     for (int x = 0; x <= 120; x += 10)
         QTest::mouseMove(quick(), start - QPoint(x, 0));
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start - QPoint(120, 0));
-    ASSERT_EQ(one->tableView()->openRow(), 3);
+    ASSERT_EQ(one->tableView()->openRow()->row(), 3);
     const QPointF deleteButton(390 - 20, middleOf({ 0, 3 }).y());
     ASSERT_TRUE(waitUntil([&] {
         if (one->firstSectionRows == 5)
             tap(deleteButton);
-        return one->firstSectionRows == 4 || one->tableView()->openRow() < 0;
+        return one->firstSectionRows == 4 || one->tableView()->openRow()->row() < 0;
     }));
     EXPECT_EQ(one->firstSectionRows, 4);
     grabbed();
@@ -183,9 +183,9 @@ TEST_F(KitWindowTest, closesAnOpenRowByEscapeBeforeItGoesBack)
     tap(middleOf({ 0, 3 }));
     grabbed();
     kit::TableView& table = *static_cast<ListScreen*>(stack(0)->topViewController())->tableView();
-    table.openRowForDeletion(0, 1);
+    table.openRow()->open(0, 1);
     press(Qt::Key_Escape);
-    EXPECT_EQ(table.openRow(), -1);
+    EXPECT_EQ(table.openRow()->row(), -1);
     ASSERT_TRUE(stack(0)->canGoBack());
     press(Qt::Key_Escape);
     EXPECT_FALSE(stack(0)->canGoBack());
@@ -194,15 +194,15 @@ TEST_F(KitWindowTest, closesAnOpenRowByEscapeBeforeItGoesBack)
 TEST_F(KitWindowTest, leavesNoRowOpenBehindAnotherScreen)
 {
     grabbed();
-    one->tableView()->openRowForDeletion(0, 1);
+    one->tableView()->openRow()->open(0, 1);
     press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(one->tableView()->openRow(), -1);
+    EXPECT_EQ(one->tableView()->openRow()->row(), -1);
 }
 
 TEST_F(KitWindowTest, closesAnOpenRowWhenATrackpadScrolls)
 {
     grabbed();
-    one->tableView()->openRowForDeletion(0, 1);
+    one->tableView()->openRow()->open(0, 1);
     const QPointF place(200, 300);
     for (const int step : { -30, -50 }) {
         QWheelEvent scroll(place, quick()->mapToGlobal(place), QPoint(0, step), QPoint(0, step * 8), Qt::NoButton,
@@ -210,7 +210,7 @@ TEST_F(KitWindowTest, closesAnOpenRowWhenATrackpadScrolls)
         QGuiApplication::sendEvent(quick(), &scroll);
     }
     EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() > 0; }));
-    EXPECT_EQ(one->tableView()->openRow(), -1);
+    EXPECT_EQ(one->tableView()->openRow()->row(), -1);
 }
 
 TEST_F(KitWindowTest, makesRoomForTheSpinnerWhileItRefreshes)
@@ -268,7 +268,7 @@ TEST_F(KitWindowTest, showsWhichPartIsSeenWhileAKeyOrAWheelScrolls)
 {
     kit::Animations::setEnabled(true);
     grabbed();
-    QQuickItem* const indicator = itemDrawnBy(QLatin1String("ScrollIndicator"));
+    QQuickItem* const indicator = itemDrawnBy(QStringLiteral("ScrollIndicator"));
     ASSERT_NE(indicator, nullptr);
     EXPECT_FALSE(indicator->isVisible());
     press(Qt::Key_Down);
@@ -288,11 +288,11 @@ TEST_F(KitWindowTest, showsWhichPartIsSeenWhileAKeyOrAWheelScrolls)
 TEST_F(KitWindowTest, goesToTheEndsOfATableByKeys)
 {
     press(Qt::Key_End);
-    EXPECT_EQ(one->tableView()->focusedSection(), 1);
-    EXPECT_EQ(one->tableView()->focusedRow(), 39);
+    EXPECT_EQ(one->tableView()->rowFocus()->section(), 1);
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), 39);
     press(Qt::Key_Home);
-    EXPECT_EQ(one->tableView()->focusedSection(), 0);
-    EXPECT_EQ(one->tableView()->focusedRow(), 0);
+    EXPECT_EQ(one->tableView()->rowFocus()->section(), 0);
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), 0);
     EXPECT_EQ(one->tableView()->contentOffset(), 0);
 }
 

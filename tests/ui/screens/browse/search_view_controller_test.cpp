@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr auto EmptyText = "Refresh Vesk before searching";
+const QString EmptyText = QStringLiteral("Refresh Vesk before searching");
 
 class SearchScreen : public ScreenTest
 {
@@ -64,7 +64,7 @@ TEST_F(SearchScreen, showsOneCentredRowWhenTheCatalogIsEmpty)
     show();
     EXPECT_EQ(headerText(0), QStringLiteral("BROWSE CATEGORIES"));
     EXPECT_EQ(table()->layout().rowCount(0), 1);
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     EXPECT_EQ(cell(0, 0)->reuseIdentifier(), QStringLiteral("CategoryCell"));
     EXPECT_EQ(cell(0, 0)->textLabel()->textAlignment(), Qt::AlignHCenter);
     EXPECT_EQ(cell(0, 0)->accessoryType(), kit::TableViewCell::AccessoryType::None);
@@ -88,7 +88,7 @@ TEST_F(SearchScreen, reusesACategoryCellForTheEmptyRowWithoutItsCountAndBack)
     manager->setPackages({});
     type(QStringLiteral("x"));
     type(QString());
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     EXPECT_TRUE(detail(0, 0).isEmpty());
     EXPECT_TRUE(cell(0, 0)->imageView()->image().isNull());
     manager->setPackages(filled);
@@ -157,7 +157,7 @@ TEST_F(SearchScreen, returnsToTheCategoriesWhenTheFieldIsCleared)
     fillCatalog();
     show();
     type(QStringLiteral("alarm"));
-    type(QLatin1String(""));
+    type(QStringLiteral(""));
     EXPECT_EQ(headerText(0), QStringLiteral("BROWSE CATEGORIES"));
     EXPECT_EQ(texts(0), QStringList({ QStringLiteral("Themes"), QStringLiteral("Utilities") }));
 }
@@ -179,7 +179,7 @@ TEST_F(SearchScreen, reloadsOnlyWhenItsQueryChanges)
     show();
     fillCatalog();
     appearAgain();
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     type(QStringLiteral("alarm"));
     EXPECT_EQ(texts(0), QStringList(QStringLiteral("Alarm")));
 }

@@ -318,7 +318,7 @@ TEST_F(HomeScreen, addsTheDefaultSourcesWhenThereAreNone)
     manager->setRepositories({});
     show();
     EXPECT_EQ(manager->repositories().size(), 4U);
-    EXPECT_EQ(store->sources()->size(), 4U);
+    EXPECT_EQ(store->stored->size(), 4U);
 }
 
 TEST_F(HomeScreen, startsNoRefreshWhenThereArePackages)

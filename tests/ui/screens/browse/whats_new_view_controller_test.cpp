@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr auto EmptyText = "No changes available. Tap Reload.";
+const QString EmptyText = QStringLiteral("No changes available. Tap Reload.");
 
 class WhatsNewScreen : public ScreenTest
 {
@@ -57,7 +57,7 @@ TEST_F(WhatsNewScreen, showsOneCentredRowWhenTheCatalogIsEmpty)
     EXPECT_EQ(table()->layout().rowCount(0), 1);
     EXPECT_EQ(table()->layout().headerHeight(0), 25);
     EXPECT_EQ(headerText(0), QStringLiteral("RECENT UPDATES"));
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     EXPECT_EQ(cell(0, 0)->reuseIdentifier(), QStringLiteral("EmptyCell"));
     EXPECT_EQ(cell(0, 0)->style(), kit::TableViewCell::Style::Default);
     EXPECT_EQ(cell(0, 0)->textLabel()->textAlignment(), Qt::AlignHCenter);
@@ -127,7 +127,7 @@ TEST_F(WhatsNewScreen, readsTheCatalogAtEveryAppearanceAndNotInBetween)
     show();
     addPackage(QStringLiteral("Late"));
     table()->setContentOffset(1);
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     appearAgain();
     EXPECT_EQ(texts(0), QStringList(QStringLiteral("Late")));
 }
@@ -172,7 +172,7 @@ TEST_F(WhatsNewScreen, endsAFailedRefreshLikeAnyOtherAndShowsNoError)
     auto* screen = show();
     refresh(screen);
     EXPECT_FALSE(isRefreshing(screen));
-    EXPECT_EQ(texts(0), QStringList(QLatin1String(EmptyText)));
+    EXPECT_EQ(texts(0), QStringList(EmptyText));
     EXPECT_FALSE(manager->errorMessage().isEmpty());
     EXPECT_TRUE(window.alerts().isEmpty());
 }

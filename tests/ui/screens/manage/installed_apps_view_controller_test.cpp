@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr auto EmptyText = "No installed packages found";
+const QString EmptyText = QStringLiteral("No installed packages found");
 
 class InstalledAppsScreen : public ScreenTest
 {
@@ -40,7 +40,7 @@ TEST_F(InstalledAppsScreen, showsOneCentredRowInTheDefaultColourWhenTheCatalogIs
 {
     show();
     EXPECT_EQ(table()->layout().rowCount(0), 1);
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     EXPECT_EQ(cell(0, 0)->reuseIdentifier(), QStringLiteral("EmptyCell"));
     EXPECT_EQ(cell(0, 0)->style(), kit::TableViewCell::Style::Default);
     EXPECT_EQ(cell(0, 0)->textLabel()->textAlignment(), Qt::AlignHCenter);
@@ -93,7 +93,7 @@ TEST_F(InstalledAppsScreen, isBuiltAnewAtEveryAppearanceAndNotInBetween)
     show();
     addInstalled(QStringLiteral("Late"));
     table()->setContentOffset(1);
-    EXPECT_EQ(text(0, 0), QLatin1String(EmptyText));
+    EXPECT_EQ(text(0, 0), EmptyText);
     appearAgain();
     EXPECT_EQ(texts(0), QStringList(QStringLiteral("Late")));
 }

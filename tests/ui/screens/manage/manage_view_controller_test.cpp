@@ -12,7 +12,7 @@ namespace {
 constexpr int Menu = 0;
 constexpr int Settings = 1;
 constexpr int Installed = 2;
-constexpr auto EmptyText = "No installed packages found";
+const QString EmptyText = QStringLiteral("No installed packages found");
 
 class ManageScreen : public ScreenTest
 {
@@ -48,7 +48,7 @@ protected:
     {
         const kit::TableViewCell* row = cell(Installed, 0);
         EXPECT_EQ(row->reuseIdentifier(), QStringLiteral("ManageCell"));
-        EXPECT_EQ(row->textLabel()->text(), QLatin1String(EmptyText));
+        EXPECT_EQ(row->textLabel()->text(), EmptyText);
         EXPECT_EQ(row->textLabel()->textAlignment(), Qt::AlignHCenter);
         EXPECT_EQ(row->textLabel()->textColor(), ClassicUI::veskSecondaryTextColor());
         EXPECT_TRUE(row->detailTextLabel()->text().isEmpty());

@@ -68,7 +68,7 @@ TEST_F(QueueScreen, showsOneCentredRowThatCannotBeSwipedWhenTheQueueIsEmpty)
     EXPECT_EQ(cell(0, 0)->style(), kit::TableViewCell::Style::Default);
     EXPECT_EQ(cell(0, 0)->textLabel()->textAlignment(), Qt::AlignHCenter);
     EXPECT_EQ(cell(0, 0)->accessoryType(), kit::TableViewCell::AccessoryType::None);
-    EXPECT_FALSE(table()->canDeleteRow(0, 0));
+    EXPECT_FALSE(table()->openRow()->canDelete(0, 0));
 }
 
 TEST_F(QueueScreen, showsAnEntrysNameActionAndStatus)
@@ -158,12 +158,12 @@ TEST_F(QueueScreen, deletesTheSwipedEntryWhateverItsStatus)
     enqueue(QStringLiteral("Three"));
     show();
     for (int row = 0; row < 3; ++row)
-        EXPECT_TRUE(table()->canDeleteRow(0, row));
-    table()->deleteTapped(0, 1);
+        EXPECT_TRUE(table()->openRow()->canDelete(0, row));
+    table()->openRow()->deleteRow(0, 1);
     EXPECT_EQ(texts(0), QStringList({ QStringLiteral("One"), QStringLiteral("Three") }));
     EXPECT_EQ(installer->queue().size(), 2U);
-    table()->deleteTapped(0, 0);
-    table()->deleteTapped(0, 0);
+    table()->openRow()->deleteRow(0, 0);
+    table()->openRow()->deleteRow(0, 0);
     EXPECT_TRUE(installer->queue().empty());
     EXPECT_EQ(text(0, 0), QStringLiteral("Nothing queued"));
 }
@@ -245,7 +245,7 @@ TEST_F(QueueScreen, showsReadyAndCountsNothingAfterARunInWhichEveryDownloadFaile
     EXPECT_EQ(detail(0, 0), withBullet("Install", "Ready"));
     EXPECT_EQ(detail(0, 1), withBullet("Upgrade", "Ready"));
     EXPECT_EQ(cell(0, 0)->detailTextLabel()->textColor(), ClassicUI::veskSecondaryTextColor());
-    EXPECT_EQ(openedURLs.size(), 2);
+    EXPECT_EQ(opener.openedURLs().size(), 2);
 }
 
 TEST_F(QueueScreen, doesNotShowTheProgressOfARun)

@@ -159,13 +159,13 @@ TEST_F(SourcesScreen, storesASwitchedSourceAtOnceWithoutReloading)
 {
     show();
     kit::Switch* control = switchOf(1);
-    const int writes = store->writes();
+    const int writes = store->writes;
     control->toggle();
     EXPECT_FALSE(manager->repositories()[1]->enabled());
     EXPECT_TRUE(manager->repositories()[0]->enabled());
     EXPECT_TRUE(manager->repositories()[2]->enabled());
-    EXPECT_EQ(store->writes(), writes + 1);
-    EXPECT_FALSE(store->sources()->at(1).enabled);
+    EXPECT_EQ(store->writes, writes + 1);
+    EXPECT_FALSE(store->stored->at(1).enabled);
     EXPECT_EQ(switchOf(1), control);
     control->toggle();
     EXPECT_TRUE(manager->repositories()[1]->enabled());
@@ -189,7 +189,7 @@ TEST_F(SourcesScreen, findsASwitchsRowAfterTheRowAboveWasDeleted)
 {
     show();
     kit::Switch* control = switchOf(1);
-    table()->deleteTapped(Active, 0);
+    table()->openRow()->deleteRow(Active, 0);
     control->toggle();
     EXPECT_FALSE(manager->repositories()[0]->enabled());
     EXPECT_EQ(manager->repositories()[0]->name(), QStringLiteral("two"));
@@ -201,9 +201,9 @@ TEST_F(SourcesScreen, ignoresASwitchOutsideTheUsersSources)
     auto* screen = show();
     auto* control = new kit::Switch;
     cell(Available, 0)->setAccessoryView(control);
-    const int writes = store->writes();
+    const int writes = store->writes;
     screen->toggleSource(control);
-    EXPECT_EQ(store->writes(), writes);
+    EXPECT_EQ(store->writes, writes);
     EXPECT_TRUE(manager->repositories()[0]->enabled());
 }
 
@@ -212,9 +212,9 @@ TEST_F(SourcesScreen, ignoresASwitchThatStandsOnNoRow)
     auto* screen = show();
     kit::Switch stray;
     stray.setFrame({ 0, 100000, 51, 31 });
-    const int writes = store->writes();
+    const int writes = store->writes;
     screen->toggleSource(&stray);
-    EXPECT_EQ(store->writes(), writes);
+    EXPECT_EQ(store->writes, writes);
 }
 
 // MARK: adding
@@ -229,7 +229,7 @@ TEST_F(SourcesScreen, asksForAURLWithAFieldMadeForIt)
     EXPECT_EQ(lastAlert()->message(), QStringLiteral("Enter an APT repository URL."));
     ASSERT_EQ(lastAlert()->textFields().size(), 1);
     const kit::AlertTextField* field = lastAlert()->textFields().first();
-    EXPECT_TRUE(field->placeholder().startsWith(QLatin1String("https://")));
+    EXPECT_TRUE(field->placeholder().startsWith(QStringLiteral("https://")));
     EXPECT_TRUE(field->text().isEmpty());
     EXPECT_EQ(field->inputHints(),
         static_cast<int>(Qt::ImhUrlCharactersOnly | Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText));
@@ -254,11 +254,11 @@ TEST_F(SourcesScreen, addsNothingWhenTheAlertIsCancelled)
 TEST_F(SourcesScreen, doesNothingWithAnEmptyText)
 {
     show();
-    const int writes = store->writes();
-    addByAlert(QLatin1String(""));
+    const int writes = store->writes;
+    addByAlert(QStringLiteral(""));
     EXPECT_TRUE(addBarButton()->isEnabled());
     EXPECT_EQ(manager->repositories().size(), 3U);
-    EXPECT_EQ(store->writes(), writes);
+    EXPECT_EQ(store->writes, writes);
     EXPECT_EQ(window.alerts().size(), 1);
 }
 
@@ -311,13 +311,13 @@ TEST_F(SourcesScreen, refusesBlanksAloneWithoutAWord)
 TEST_F(SourcesScreen, changesNothingWhenTheSourceIsThereAlready)
 {
     show();
-    const int writes = store->writes();
+    const int writes = store->writes;
     addByAlert(QStringLiteral("http://127.0.0.1/two"));
     EXPECT_FALSE(addBarButton()->isEnabled());
     turnLoop();
     EXPECT_TRUE(addBarButton()->isEnabled());
     EXPECT_EQ(manager->repositories().size(), 3U);
-    EXPECT_EQ(store->writes(), writes);
+    EXPECT_EQ(store->writes, writes);
     EXPECT_TRUE(network->requestedURLs().isEmpty());
 }
 
@@ -350,7 +350,7 @@ TEST_F(SourcesScreen, turnsTheCheckmarkBackIntoAButtonAtTheReloadAfterTheRemoval
     const QByteArray added = defaultURL(1).toLatin1();
     setSources({ "http://127.0.0.1/one", added.constData() });
     show();
-    table()->deleteTapped(Active, 1);
+    table()->openRow()->deleteRow(Active, 1);
     EXPECT_EQ(cell(Available, 1)->accessoryType(), kit::TableViewCell::AccessoryType::Checkmark);
     appearAgain();
     EXPECT_NE(addButtonOf(1), nullptr);
@@ -419,11 +419,11 @@ TEST_F(SourcesScreen, removesASwipedSourceByDeletingItsRowAlone)
     kit::TableViewCell* const first = cell(Active, 0);
     kit::TableViewCell* const third = cell(Active, 2);
     kit::TableViewCell* const available = cell(Available, 0);
-    ASSERT_TRUE(table()->canDeleteRow(Active, 1));
-    table()->deleteTapped(Active, 1);
+    ASSERT_TRUE(table()->openRow()->canDelete(Active, 1));
+    table()->openRow()->deleteRow(Active, 1);
     EXPECT_EQ(sourceURLs(),
         QStringList({ QStringLiteral("http://127.0.0.1/one"), QStringLiteral("http://127.0.0.1/three") }));
-    EXPECT_EQ(store->sources()->size(), 2U);
+    EXPECT_EQ(store->stored->size(), 2U);
     EXPECT_TRUE(manager->packages().empty());
     EXPECT_EQ(table()->layout().rowCount(Active), 2);
     EXPECT_EQ(cell(Active, 0), first);
@@ -438,7 +438,7 @@ TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
     addByAlert(QStringLiteral("http://127.0.0.1/four"));
     ASSERT_EQ(manager->repositories().size(), 4U);
     ASSERT_EQ(table()->layout().rowCount(Active), 3);
-    table()->deleteTapped(Active, 1);
+    table()->openRow()->deleteRow(Active, 1);
     EXPECT_FALSE(sourceURLs().contains(QStringLiteral("http://127.0.0.1/two")));
     // The table now knows of the new one, too.
     ASSERT_EQ(table()->layout().rowCount(Active), 3);
@@ -450,7 +450,7 @@ TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
 TEST_F(SourcesScreen, offersNoDeleteOnAvailableSources)
 {
     auto* screen = show();
-    EXPECT_FALSE(table()->canDeleteRow(Available, 0));
+    EXPECT_FALSE(table()->openRow()->canDelete(Available, 0));
     screen->commitEditingStyle(kit::EditingStyle::Delete, { Available, 0 });
     EXPECT_EQ(manager->repositories().size(), 3U);
     EXPECT_EQ(table()->layout().rowCount(Available), 4);
@@ -459,10 +459,10 @@ TEST_F(SourcesScreen, offersNoDeleteOnAvailableSources)
 TEST_F(SourcesScreen, ignoresTheDeletionOfARowThatIsNotThere)
 {
     auto* screen = show();
-    const int writes = store->writes();
+    const int writes = store->writes;
     screen->commitEditingStyle(kit::EditingStyle::Delete, { Active, 3 });
     EXPECT_EQ(manager->repositories().size(), 3U);
-    EXPECT_EQ(store->writes(), writes);
+    EXPECT_EQ(store->writes, writes);
 }
 
 // MARK: taps and appearances
@@ -472,7 +472,7 @@ TEST_F(SourcesScreen, handsATappedSourceToAnotherPackageManager)
     show();
     table()->tapRow(Active, 1);
     EXPECT_FALSE(cell(Active, 1)->isSelected());
-    EXPECT_EQ(openedURLs, QStringList(QStringLiteral("sileo://source/http://127.0.0.1/two")));
+    EXPECT_EQ(opener.openedURLs(), QStringList(QStringLiteral("sileo://source/http://127.0.0.1/two")));
     EXPECT_EQ(stackSize(), 1U);
 }
 
@@ -481,7 +481,7 @@ TEST_F(SourcesScreen, onlyDeselectsATappedAvailableSource)
     show();
     table()->tapRow(Available, 0);
     EXPECT_FALSE(cell(Available, 0)->isSelected());
-    EXPECT_TRUE(openedURLs.isEmpty());
+    EXPECT_TRUE(opener.openedURLs().isEmpty());
     EXPECT_EQ(manager->repositories().size(), 3U);
 }
 
@@ -490,7 +490,7 @@ TEST_F(SourcesScreen, ignoresATapOnASourceThatIsGone)
     show();
     setSources({ "http://127.0.0.1/one" });
     table()->tapRow(Active, 2);
-    EXPECT_TRUE(openedURLs.isEmpty());
+    EXPECT_TRUE(opener.openedURLs().isEmpty());
 }
 
 TEST_F(SourcesScreen, readsTheSourcesAtEveryAppearance)

@@ -11,6 +11,7 @@ struct StoreRecord
     int writes = 0;
 };
 
+// Keeps the list in memory; the record outlives it.
 class MemorySourceStore : public SourceStore
 {
 public:

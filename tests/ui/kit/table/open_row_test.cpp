@@ -1,0 +1,70 @@
+#include "tests/ui/kit/table/TableWorld.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+TEST(OpenRow, opensOnlyRowsThatCanBeDeleted)
+{
+    TableWorld world({ 3 });
+    world.show();
+    world.table.openRow()->open(0, 1);
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+    world.source.editable = true;
+    world.table.openRow()->open(0, 1);
+    EXPECT_EQ(world.table.openRow()->section(), 0);
+    EXPECT_EQ(world.table.openRow()->row(), 1);
+    EXPECT_FALSE(world.table.openRow()->canDelete(0, 3));
+}
+
+TEST(OpenRow, closesAtATapWithoutSelecting)
+{
+    TableWorld world({ 3 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRow()->open(0, 1);
+    world.table.pressRow(0, 2, true);
+    EXPECT_FALSE(world.table.cellForRow({ 0, 2 })->isHighlighted());
+    world.table.tapRow(0, 2);
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+    EXPECT_TRUE(world.source.selected.empty());
+    world.table.tapRow(0, 2);
+    EXPECT_EQ(world.source.selected.size(), 1U);
+}
+
+TEST(OpenRow, givesWayToTheNext)
+{
+    TableWorld world({ 3 });
+    world.source.editable = true;
+    world.show();
+    QSignalSpy changed(world.table.openRow(), &kit::OpenRow::changed);
+    world.table.openRow()->open(0, 1);
+    world.table.openRow()->open(0, 2);
+    EXPECT_EQ(world.table.openRow()->row(), 2);
+    EXPECT_TRUE(world.table.openRow()->close());
+    EXPECT_FALSE(world.table.openRow()->close());
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+    EXPECT_EQ(changed.count(), 3);
+}
+
+TEST(OpenRow, closesWhenItsDeletionIsAskedForAndAtAReload)
+{
+    TableWorld world({ 3 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRow()->open(0, 1);
+    world.table.openRow()->deleteRow(0, 1);
+    EXPECT_EQ(world.source.deleted, (std::vector<kit::IndexPath>{ { 0, 1 } }));
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+    world.table.openRow()->open(0, 1);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+}
+
+TEST(OpenRow, asksForNoDeletionOfARowThatCannotBeDeleted)
+{
+    TableWorld world({ 3 });
+    world.show();
+    world.table.openRow()->deleteRow(0, 1);
+    EXPECT_TRUE(world.source.deleted.empty());
+}

@@ -1,0 +1,195 @@
+#include "tests/ui/kit/table/TableWorld.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+TEST(RowFocus, beginsAtTheFirstVisibleRowOrTheLast)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(600);
+    world.table.rowFocus()->moveBy(1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 10);
+    world.table.rowFocus()->clear();
+    EXPECT_EQ(world.table.rowFocus()->row(), -1);
+    world.table.rowFocus()->moveBy(-1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 19);
+}
+
+TEST(RowFocus, movesAcrossSections)
+{
+    TableWorld world({ 1, 0, 2 });
+    world.show();
+    world.table.rowFocus()->moveBy(1);
+    world.table.rowFocus()->moveBy(1);
+    EXPECT_EQ(world.table.rowFocus()->section(), 2);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0);
+    world.table.rowFocus()->moveBy(-1);
+    EXPECT_EQ(world.table.rowFocus()->section(), 0);
+}
+
+TEST(RowFocus, scrollsTheRowIntoViewBelowThePinnedHeader)
+{
+    TableWorld world({ 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.rowFocus()->moveTo(0, 50);
+    EXPECT_EQ(world.table.contentOffset(), 25 + 51 * 60 - 600);
+    world.table.rowFocus()->moveTo(0, 20);
+    EXPECT_EQ(world.table.contentOffset(), 20 * 60);
+    world.table.rowFocus()->moveTo(0, 21);
+    EXPECT_EQ(world.table.contentOffset(), 20 * 60);
+}
+
+TEST(RowFocus, showsTheTableHeaderViewWithTheFirstRow)
+{
+    TableWorld world({ 100 });
+    world.table.setTableHeaderView(new kit::View({ 0, 0, 320, 185 }));
+    world.show();
+    world.table.rowFocus()->moveTo(0, 50);
+    world.table.rowFocus()->moveBy(-0x3fffffff);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    world.table.rowFocus()->moveBy(0x3fffffff);
+    EXPECT_EQ(world.table.rowFocus()->row(), 99);
+    EXPECT_EQ(world.table.contentOffset(), world.table.contentHeight() - 600);
+}
+
+TEST(RowFocus, showsTheHeaderOfASectionWithoutRowsWithTheFirstRow)
+{
+    TableWorld world({ 0, 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.rowFocus()->moveTo(1, 50);
+    world.table.rowFocus()->moveBy(-0x3fffffff);
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(RowFocus, movesByAPageOfWhatIsSeenWhateverTheRowsHeights)
+{
+    TableWorld world({ 100, 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 60;
+    world.source.rowHeight = 90;
+    world.show();
+    world.table.rowFocus()->moveTo(0, 10);
+    world.table.rowFocus()->moveByPage(1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 15) << "six rows of 90 points fill the 540 below the header";
+    world.table.rowFocus()->moveByPage(-1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 10);
+    world.table.rowFocus()->moveTo(0, 98);
+    world.table.rowFocus()->moveByPage(1);
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2) << "the second header takes room too";
+}
+
+TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
+{
+    TableWorld world({ 3 });
+    world.source.rowHeight = 2'000;
+    world.show();
+    world.table.rowFocus()->moveByPage(1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0) << "the first key goes to what is seen";
+    world.table.rowFocus()->moveByPage(1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 1);
+    world.table.rowFocus()->moveByPage(1);
+    world.table.rowFocus()->moveByPage(1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
+TEST(RowFocus, doesWithTheRowWhatATapOrADeletionDoes)
+{
+    TableWorld world({ 5 });
+    world.source.editable = true;
+    world.show();
+    world.table.rowFocus()->activate();
+    world.table.rowFocus()->deleteRow();
+    EXPECT_TRUE(world.source.selected.empty());
+    EXPECT_TRUE(world.source.deleted.empty());
+    world.table.rowFocus()->moveTo(0, 3);
+    world.table.rowFocus()->activate();
+    world.table.rowFocus()->deleteRow();
+    EXPECT_EQ(world.source.selected, (std::vector<kit::IndexPath>{ { 0, 3 } }));
+    EXPECT_EQ(world.source.deleted, (std::vector<kit::IndexPath>{ { 0, 3 } }));
+}
+
+TEST(RowFocus, staysOverAReloadOnlyWhileItsRowIsThere)
+{
+    TableWorld world({ 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 3);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.rowFocus()->row(), 3);
+    world.source.rows = { 2 };
+    world.table.reloadData();
+    EXPECT_EQ(world.table.rowFocus()->row(), -1);
+}
+
+TEST(RowFocus, stepsToTheRowBeforeWhenTheLastIsDeleted)
+{
+    TableWorld world({ 3, 2 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 2);
+    world.source.rows = { 2, 2 };
+    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->section(), 0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 1);
+}
+
+TEST(RowFocus, staysOnItsRowWhenOneAboveIsDeleted)
+{
+    TableWorld world({ 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 3);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
+TEST(RowFocus, goesToEitherEndFromAnywhere)
+{
+    TableWorld world({ 0, 50, 50 });
+    world.show();
+    QSignalSpy scrolled(world.table.rowFocus(), &kit::RowFocus::scrolled);
+    world.table.rowFocus()->moveToLast();
+    EXPECT_EQ(world.table.rowFocus()->section(), 2) << "also when no row had the focus";
+    EXPECT_EQ(world.table.rowFocus()->row(), 49);
+    EXPECT_EQ(world.table.contentOffset(), world.table.contentHeight() - 600);
+    EXPECT_EQ(scrolled.count(), 1);
+    world.table.rowFocus()->clear();
+    world.table.rowFocus()->moveToFirst();
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    EXPECT_EQ(scrolled.count(), 2);
+    world.table.rowFocus()->moveBy(1);
+    EXPECT_EQ(scrolled.count(), 2) << "the next row was seen already";
+}
+
+TEST(RowFocus, closesTheOpenRowThatItScrollsAwayFrom)
+{
+    TableWorld world({ 100 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRow()->open(0, 1);
+    world.table.rowFocus()->moveTo(0, 2);
+    EXPECT_EQ(world.table.openRow()->row(), 1);
+    world.table.rowFocus()->moveToLast();
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+}
+
+TEST(RowFocus, goesNowhereInAnEmptyTable)
+{
+    TableWorld world({});
+    world.show();
+    world.table.rowFocus()->moveBy(1);
+    world.table.rowFocus()->moveByPage(1);
+    world.table.rowFocus()->moveToFirst();
+    world.table.rowFocus()->moveToLast();
+    world.table.rowFocus()->moveTo(0, 0);
+    EXPECT_EQ(world.table.rowFocus()->row(), -1);
+}

@@ -1,0 +1,58 @@
+#include "tests/ui/kit/table/TableWorld.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void deleteWhatIsToGo()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+TEST(SectionHeaders, makesItsHeadersAnewWithTheNewWidth)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    ASSERT_EQ(world.source.headers.size(), 2U);
+    world.table.setFrame({ 0, 0, 500, 600 });
+    ASSERT_EQ(world.source.headers.size(), 4U);
+    EXPECT_EQ(world.table.headerView(1)->frame(), QRectF(0, 205, 500, 25));
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 })->width(), 500);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(world.source.headers[0].isNull());
+    EXPECT_TRUE(world.source.headers[1].isNull());
+}
+
+TEST(SectionHeaders, keepsOnlyTheLastHeadersAmongItsSubviews)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    const auto before = world.table.subviews().size();
+    for (int reload = 0; reload < 20; ++reload)
+        world.table.reloadData();
+    EXPECT_EQ(world.table.subviews().size(), before);
+    EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
+}
+
+TEST(SectionHeaders, pinsItsHeaderWhileItScrolls)
+{
+    TableWorld world({ 20, 20 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.setContentOffset(100);
+    EXPECT_EQ(world.table.headerView(0)->frame().top(), 100);
+    world.table.setContentOffset(1'210);
+    EXPECT_EQ(world.table.headerView(0)->frame().top(), 1'200);
+    EXPECT_EQ(world.table.headerView(1)->frame().top(), 1'225);
+    EXPECT_EQ(world.table.headerView(2), nullptr);
+}

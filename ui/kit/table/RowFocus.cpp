@@ -1,0 +1,146 @@
+#include "ui/kit/table/RowFocus.h"
+
+#include "ui/kit/table/TableView.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace kit {
+
+void RowFocus::moveBy(int rows)
+{
+    const auto visible = m_table.indexPathsForVisibleRows();
+    if (visible.empty())
+        return;
+    const auto target = m_focused == NoRow ? std::optional(rows < 0 ? visible.back() : visible.front())
+                                           : m_table.layout().rowAfter(m_focused, rows);
+    if (target)
+        moveTo(target->section, target->row);
+}
+
+void RowFocus::moveByPage(int direction)
+{
+    if (!m_table.hasRow(m_focused))
+        return moveBy(direction);
+    const double page = m_table.height() - m_table.layout().headerHeight(m_focused.section);
+    const IndexPath target = m_table.layout().rowOnePageFrom(m_focused, direction, page);
+    moveTo(target.section, target.row);
+}
+
+void RowFocus::moveToFirst()
+{
+    if (const auto first = m_table.layout().rowAfter({ 0, 0 }, 0))
+        moveTo(first->section, first->row);
+}
+
+void RowFocus::moveToLast()
+{
+    if (const auto last = m_table.layout().rowAfter({ 0, 0 }, std::numeric_limits<int>::max()))
+        moveTo(last->section, last->row);
+}
+
+void RowFocus::moveTo(int section, int row)
+{
+    if (!m_table.hasRow({ section, row }))
+        return;
+    const double before = m_table.contentOffset();
+    setFocused({ section, row });
+    scrollIntoView({ section, row });
+    tellScroll(before);
+}
+
+void RowFocus::reveal(int section, int row)
+{
+    const double before = m_table.contentOffset();
+    for (const int neighbour : { -1, 1, 0 })
+        if (const auto shown = m_table.layout().rowAfter({ section, row }, neighbour))
+            scrollIntoView(*shown);
+    tellScroll(before);
+}
+
+void RowFocus::tellScroll(double before)
+{
+    if (m_table.contentOffset() == before)
+        return;
+    m_table.openRow()->close();
+    Q_EMIT scrolled();
+}
+
+// Rows off the screen have a name only where the delegate tells it.
+QString RowFocus::nameOf(const IndexPath& indexPath) const
+{
+    const QString told = m_table.delegate().nameForRowAtIndexPath(indexPath);
+    const TableViewCell* const cell = told.isNull() ? m_table.cellForRow(indexPath) : nullptr;
+    return cell ? cell->textLabel()->text() : told;
+}
+
+void RowFocus::type(const QString& letters)
+{
+    constexpr qint64 InOneGo = 1000;
+    if (!m_sinceTyped.isValid() || m_sinceTyped.elapsed() > InOneGo)
+        m_typed.clear();
+    m_sinceTyped.start();
+    m_typed += letters;
+    auto row = m_table.layout().rowAfter({ 0, 0 }, 0);
+    while (row && !nameOf(*row).startsWith(m_typed, Qt::CaseInsensitive)) {
+        const auto next = m_table.layout().rowAfter(*row, 1);
+        row = next == row ? std::nullopt : next;
+    }
+    if (row)
+        moveTo(row->section, row->row);
+}
+
+void RowFocus::scrollIntoView(const IndexPath& indexPath)
+{
+    const QRectF rect = m_table.rectForRow(indexPath);
+    const double pinned = m_table.layout().headerHeight(indexPath.section);
+    // What stands above the first row, also the header of a section without rows, shows with it.
+    if (m_table.layout().rowAfter({ 0, 0 }, 0) == indexPath)
+        m_table.setContentOffset(std::min(m_table.contentOffset(), 0.0));
+    if (rect.top() - pinned < m_table.contentOffset())
+        m_table.setContentOffset(std::max(0.0, rect.top() - pinned));
+    else if (rect.bottom() > m_table.contentOffset() + m_table.height())
+        m_table.setContentOffset(rect.bottom() - m_table.height());
+}
+
+void RowFocus::activate()
+{
+    if (m_table.hasRow(m_focused))
+        m_table.tapRow(m_focused.section, m_focused.row);
+}
+
+void RowFocus::deleteRow()
+{
+    if (m_table.hasRow(m_focused))
+        m_table.openRow()->deleteRow(m_focused.section, m_focused.row);
+}
+
+void RowFocus::clear()
+{
+    setFocused(NoRow);
+}
+
+void RowFocus::holdWithinTable()
+{
+    if (!m_table.hasRow(m_focused))
+        clear();
+}
+
+void RowFocus::closeGap(const IndexPath& deleted)
+{
+    if (m_focused.section != deleted.section || m_focused.row < deleted.row)
+        return;
+    const IndexPath before{ m_focused.section, m_focused.row - 1 };
+    if (m_focused.row > deleted.row || !m_table.hasRow(m_focused))
+        setFocused(before.row < 0 ? NoRow : before);
+}
+
+void RowFocus::setFocused(const IndexPath& indexPath)
+{
+    if (m_focused == indexPath)
+        return;
+    m_focused = indexPath;
+    Q_EMIT changed();
+}
+
+} // namespace kit

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ui/kit/view/ObjectListModel.h"
+#include "ui/kit/view/View.h"
+
+#include <map>
+
+namespace kit {
+
+class TableView;
+
+// The header views of a table's sections, as its delegate makes them. Lives as long as its table, which owns the views.
+class SectionHeaders
+{
+public:
+    explicit SectionHeaders(TableView& table)
+        : m_table(table)
+    {
+    }
+
+    ObjectListModel* model() { return &m_model; }
+    // Null for a section without one.
+    View* headerOf(int section) const;
+    // Asks for all of them anew and gives up those before.
+    void remake();
+    // Where the table is scrolled to decides which of them is pinned.
+    void place();
+
+private:
+    void dropAll();
+
+    TableView& m_table;
+    std::map<int, View*> m_headers;
+    ObjectListModel m_model;
+};
+
+} // namespace kit

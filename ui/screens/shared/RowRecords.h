@@ -1,0 +1,22 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+// A section of records has a row for each of them; one without records may have a single row that says so.
+
+// That row counted too.
+inline int rowsOrEmptyRow(std::size_t records)
+{
+    return std::max(1, static_cast<int>(records));
+}
+
+// The record of a row, null beyond the last one.
+template <typename Record>
+std::shared_ptr<Record> recordOfRow(const std::vector<std::shared_ptr<Record>>& records, int row)
+{
+    const auto index = static_cast<std::size_t>(row);
+    return row >= 0 && index < records.size() ? records[index] : nullptr;
+}
