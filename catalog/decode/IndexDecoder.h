@@ -44,5 +44,3 @@ struct DecoderTools
     // Called on a worker when a decoder that waits can go on although no bytes have come.
     std::function<void()> resume;
 };
-
-std::unique_ptr<IndexDecoder> makeDecoder(Compression compression, const DecoderTools& tools);

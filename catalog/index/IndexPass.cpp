@@ -1,5 +1,7 @@
 #include "catalog/index/IndexPass.h"
 
+#include "catalog/decode/DecoderKinds.h"
+
 #include <utility>
 
 namespace {

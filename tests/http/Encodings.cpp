@@ -1,4 +1,4 @@
-#include "Encodings.h"
+#include "tests/http/Encodings.h"
 
 #include <zlib.h>
 

@@ -1,4 +1,4 @@
-#include "Fault.h"
+#include "tests/http/Fault.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ScriptedServer.h"
-#include "Ways.h"
+#include "tests/http/ScriptedServer.h"
+#include "tests/http/Ways.h"
 
 #include <optional>
 #include <ostream>

@@ -1,4 +1,4 @@
-#include "Http2Frames.h"
+#include "tests/http/Http2Frames.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ScriptedServer.h"
+#include "tests/http/ScriptedServer.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "ScriptedServer.h"
+#include "tests/http/ScriptedServer.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ServerConnection.h"
-#include "TlsIdentity.h"
+#include "tests/http/ServerConnection.h"
+#include "tests/http/TlsIdentity.h"
 
 #include <functional>
 #include <list>

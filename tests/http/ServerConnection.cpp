@@ -1,4 +1,4 @@
-#include "ServerConnection.h"
+#include "tests/http/ServerConnection.h"
 
 #include <openssl/ssl.h>
 

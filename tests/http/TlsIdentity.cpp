@@ -1,4 +1,4 @@
-#include "TlsIdentity.h"
+#include "tests/http/TlsIdentity.h"
 
 #include <openssl/evp.h>
 #include <openssl/pem.h>

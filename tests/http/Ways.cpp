@@ -1,4 +1,4 @@
-#include "Ways.h"
+#include "tests/http/Ways.h"
 
 #include "http/Fetch.h"
 

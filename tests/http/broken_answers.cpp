@@ -1,6 +1,6 @@
 // Answers that break off, lie or make no sense.
-#include "Encodings.h"
-#include "Fault.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Fault.h"
 
 using http::Failure;
 

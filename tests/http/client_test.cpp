@@ -1,10 +1,10 @@
 // Many requests at once, and how they end when somebody wants them to.
 #include "http/Fetch.h"
 
-#include "Encodings.h"
-#include "Gate.h"
-#include "ScriptedServer.h"
-#include "Ways.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Gate.h"
+#include "tests/http/ScriptedServer.h"
+#include "tests/http/Ways.h"
 
 #include <gtest/gtest.h>
 

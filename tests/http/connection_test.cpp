@@ -1,9 +1,9 @@
 // What connections cost, whom they reach, and what they leave behind in the process.
-#include "Encodings.h"
-#include "Gate.h"
-#include "Http2Frames.h"
-#include "ScriptedServer.h"
-#include "Ways.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Gate.h"
+#include "tests/http/Http2Frames.h"
+#include "tests/http/ScriptedServer.h"
+#include "tests/http/Ways.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>

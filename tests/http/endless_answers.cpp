@@ -1,6 +1,6 @@
 // Answers that have no end, or take too long to come to it.
-#include "Encodings.h"
-#include "Fault.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Fault.h"
 
 using http::Failure;
 

@@ -1,6 +1,6 @@
 // Every fault of a server in every way this program asks, by its outcome.
-#include "Encodings.h"
-#include "Fault.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Fault.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "http/Client.h"
 #include "http/Fetch.h"
 
-#include "Ways.h"
+#include "tests/http/Ways.h"
 
 #include <arpa/inet.h>
 #include <gtest/gtest.h>

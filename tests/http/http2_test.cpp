@@ -1,7 +1,7 @@
 // HTTP/2 behaves as HTTP/1.1 does, whatever breaks.
-#include "Encodings.h"
-#include "Http2Frames.h"
-#include "Ways.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Http2Frames.h"
+#include "tests/http/Ways.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "http/Pace.h"
 
-#include "Ways.h"
+#include "tests/http/Ways.h"
 
 #include <gtest/gtest.h>
 

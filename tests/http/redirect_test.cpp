@@ -1,7 +1,7 @@
 // Where answers may lead on to.
-#include "Encodings.h"
-#include "ScriptedServer.h"
-#include "Ways.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/ScriptedServer.h"
+#include "tests/http/Ways.h"
 
 #include <gtest/gtest.h>
 

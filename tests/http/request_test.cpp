@@ -1,7 +1,7 @@
 // The request as it is on the wire, to the byte.
-#include "Encodings.h"
-#include "ScriptedServer.h"
-#include "Ways.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/ScriptedServer.h"
+#include "tests/http/Ways.h"
 
 #include <gtest/gtest.h>
 

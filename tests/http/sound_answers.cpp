@@ -1,6 +1,6 @@
 // Answers that are whole, and how lax a client has to be with them.
-#include "Encodings.h"
-#include "Fault.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/Fault.h"
 
 using http::Failure;
 

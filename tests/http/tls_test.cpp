@@ -1,7 +1,7 @@
 // Whom a secure connection trusts, and what it is good for.
-#include "Encodings.h"
-#include "ScriptedServer.h"
-#include "Ways.h"
+#include "tests/http/Encodings.h"
+#include "tests/http/ScriptedServer.h"
+#include "tests/http/Ways.h"
 
 #include <gtest/gtest.h>
 

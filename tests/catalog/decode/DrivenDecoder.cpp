@@ -1,5 +1,6 @@
 #include "tests/catalog/decode/DrivenDecoder.h"
 
+#include "catalog/decode/DecoderKinds.h"
 #include "catalog/text/TextDecoding.h"
 
 #include <algorithm>

@@ -97,8 +97,7 @@ TEST(IndexLimitsOfReading, cutAFieldOf64KibibytesBetweenTwoCharacters)
 {
     constexpr qsizetype size = IndexLimits::fieldSize;
     const auto descOf = [](const QByteArray& value) {
-        const PackageVector packages
-            = read("Package: a\nDescription: " + value, Compression::None, {}).packages;
+        const PackageVector packages = read("Package: a\nDescription: " + value, Compression::None, {}).packages;
         return packages.empty() ? QByteArray("(none)") : packages[0]->desc().toUtf8();
     };
     const QByteArray fits = QByteArray(size - 2, 'x') + "\xc3\xa9";

@@ -1,4 +1,4 @@
-#include "catalog/decode/IndexDecoder.h"
+#include "catalog/decode/DecoderKinds.h"
 
 #include "catalog/decode/Bzip2Decoder.h"
 #include "catalog/decode/GzipDecoder.h"
