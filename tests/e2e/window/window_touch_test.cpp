@@ -132,6 +132,21 @@ TEST_F(Finger, goesOnScrollingAfterAFlick)
     EXPECT_EQ(touch->stack().viewControllers().size(), 1U);
 }
 
+TEST_F(Finger, opensNothingByATouchThatStopsTheList)
+{
+    addPackages(60);
+    open();
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Changes")));
+    touch->flick(LowInTheList, LowInTheList - QPointF(0, 300));
+    ASSERT_TRUE(touch->waitUntil([&] { return table().contentOffset() > 400; }));
+    touch->tap(LowInTheList);
+    ASSERT_TRUE(touch->settle());
+    EXPECT_EQ(touch->title(), QStringLiteral("Changes"));
+    touch->tap(LowInTheList);
+    ASSERT_TRUE(touch->settle());
+    EXPECT_EQ(touch->stack().viewControllers().size(), 2U);
+}
+
 TEST_F(Finger, pinsTheHeaderUntilTheNextOnePushesItUp)
 {
     addPackageInEachOfManySections();

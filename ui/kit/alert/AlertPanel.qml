@@ -14,16 +14,9 @@ FocusScope {
     readonly property bool beside: alert.sheet && large
     readonly property bool sideBySide: !alert.sheet && alert.actions.length === 2
 
-    function showFocus(event) {
-        KeyboardFocus.shown = true;
-        event.accepted = false;
-    }
-
     Accessible.role: Accessible.Dialog
     Accessible.name: heading.text
     Accessible.description: message.text
-    Keys.onTabPressed: event => root.showFocus(event)
-    Keys.onBacktabPressed: event => root.showFocus(event)
     Keys.onUpPressed: texts.scroll(-40)
     Keys.onDownPressed: texts.scroll(40)
     Keys.onEscapePressed: root.alert.cancel()
@@ -201,8 +194,6 @@ FocusScope {
                             onTextChanged: box.modelData.text = text
                             Component.onCompleted: if (box.index === 0)
                                 forceActiveFocus()
-                            Keys.onTabPressed: event => root.showFocus(event)
-                            Keys.onBacktabPressed: event => root.showFocus(event)
                         }
                     }
                 }

@@ -20,7 +20,8 @@ Pressable {
         root.item.press()
 
     Shortcut {
-        sequence: root.item ? root.item.shortcut : ""
+        sequences: root.item && root.item.shortcut.length > 0 ? root.item.shortcut.split("; ") : []
+        autoRepeat: false
         enabled: root.visible && root.enabled
         onActivated: root.pressed()
     }

@@ -11,6 +11,8 @@ FocusScope {
     required property NavigationBar bar
     property double titleShift: 0
     readonly property NavigationItem item: page.navigationItem
+    // A screen with a search field shows what it found in a table.
+    readonly property KitTable table: page.view as KitTable
     readonly property double barHeight: Metrics.NavigationBarHeight
     // The title keeps to the middle while there is room for it there, then to the space between the buttons.
     readonly property double leftEdge: leftItems.width + 8
@@ -39,6 +41,7 @@ FocusScope {
             title: KitLook.shown(root.page.backTitle.slice(0, 500))
             maximumTitleWidth: Math.max(60, root.width - ownTitle.advanceWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
             spokenName: KitLook.backTitle
+            takesOneOfTwo: true
             onPressed: root.back()
         }
         BarButton {
@@ -84,12 +87,9 @@ FocusScope {
         searchBar: root.item.searchController ? root.item.searchController.searchBar : null
         tint: root.bar.tint
         onLeftForResults: rows => {
-            const table = root.page.view as KitTable;
-            if (!table)
-                return;
-            table.rowFocus.takeKeyboard();
-            table.rowFocus.moveBy(rows);
+            root.table.rowFocus.takeKeyboard();
+            root.table.rowFocus.moveBy(rows);
         }
-        onCancelled: (root.page.view as KitTable).rowFocus.takeKeyboard()
+        onCancelled: root.table.rowFocus.takeKeyboard()
     }
 }

@@ -38,7 +38,7 @@ public:
     bool isEnabled() const { return m_enabled; }
     void setEnabled(bool enabled);
 
-    // The keys that press the item while its screen shows, such as "F5"; set once, before the screen shows.
+    // The keys that press the item while its screen shows, such as "F5; Ctrl+R"; set once, before the screen shows.
     const QString& shortcut() const { return m_shortcut; }
     void setShortcut(const QString& keys) { m_shortcut = keys; }
 

@@ -38,12 +38,9 @@ FocusScope {
             onBack: root.controller.goBack()
         }
     }
-    Rectangle {
-        readonly property double hairline: 1 / Screen.devicePixelRatio
-
-        y: root.height - hairline
+    Hairline {
+        y: root.height - height
         width: root.width
-        height: hairline
         color: root.bar.shadowColor
     }
 }

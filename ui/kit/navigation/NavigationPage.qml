@@ -91,4 +91,11 @@ FocusScope {
         height: root.controller.barHeight
         controller: root.controller
     }
+    // Nothing is pressed while it moves: a second touch meant for the screen that leaves would fall on the one that comes.
+    MouseArea {
+        anchors.fill: parent
+        visible: root.controller.leavingViewController !== null
+        acceptedButtons: Qt.AllButtons
+        onWheel: wheel => wheel.accepted = true
+    }
 }

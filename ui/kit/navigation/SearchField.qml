@@ -82,11 +82,6 @@ FocusScope {
                 root.searchBar.text = text
             onActiveFocusChanged: if (root.searchBar && activeFocus)
                 root.searchBar.active = true
-            Keys.onPressed: event => {
-                if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
-                    KeyboardFocus.shown = true;
-                event.accepted = false;
-            }
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
             Keys.onEscapePressed: root.searchBar.cancel()
             Keys.onDownPressed: root.leftForResults(1)
@@ -105,6 +100,7 @@ FocusScope {
             image: GlyphImages.clear
             tint: KitLook.fieldPlaceholder
             visible: input.text.length > 0
+            opacity: clearArea.down ? 0.5 : 1
 
             Accessible.role: Accessible.Button
             Accessible.name: KitLook.clearTitle
@@ -112,6 +108,8 @@ FocusScope {
                 input.clear()
 
             PressArea {
+                id: clearArea
+
                 anchors.fill: parent
                 anchors.margins: -10
                 onTapped: {

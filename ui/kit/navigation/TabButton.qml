@@ -20,6 +20,7 @@ Pressable {
         height: 26
         mode: ImageItem.AspectFit
         image: root.item.image
+        opacity: root.down ? 0.5 : 1
         tint: root.selected ? root.bar.selectedIconColor : root.bar.iconColor
     }
     KitText {
@@ -31,5 +32,6 @@ Pressable {
         standardSize: root.bar.standardTitleSize
         color: root.selected ? root.bar.selectedTitleColor : root.bar.titleColor
         sunken: false
+        opacity: root.down ? 0.5 : 1
     }
 }

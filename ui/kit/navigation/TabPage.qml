@@ -52,9 +52,8 @@ FocusScope {
             anchors.fill: parent
             image: root.bar.backgroundImage
         }
-        Rectangle {
+        Hairline {
             width: parent.width
-            height: 1 / Screen.devicePixelRatio
             color: root.bar.shadowColor
         }
         Row {

@@ -10,15 +10,17 @@ Item {
     required property TableViewCell view
     readonly property KitTable table: view.superview as KitTable
     readonly property bool open: table.openRow.section === view.section && table.openRow.row === view.row && !view.hidden
-    readonly property bool focusedHere: table.rowFocus.keyboardHere && KeyboardFocus.shown && table.rowFocus.section === view.section && table.rowFocus.row === view.row
+    readonly property bool focusedHere: table.rowFocus.keyboardHere && KeyboardFocus.shown && table.rowFocus.section === view.section && table.rowFocus.row === view.row && !view.hidden
     readonly property double deleteWidth: 88
+    // A swipe that goes so far deletes at once.
+    readonly property double wholeSwipe: width * 0.6
 
     x: view.frame.x
     y: view.frame.y
     width: view.frame.width
     height: view.frame.height
     visible: !view.hidden
-    clip: swipe.active || content.x !== 0
+    clip: swipe.carries || content.x !== 0
 
     Accessible.role: Accessible.ListItem
     Accessible.name: view.textLabel.shownText
@@ -34,6 +36,9 @@ Item {
     Accessible.onScrollRightAction: if (enabled)
         root.table.openRow.close()
 
+    onFocusedHereChanged: if (focusedHere)
+        KeyboardFocus.announce(root)
+
     Behavior on y {
         enabled: root.table.sliding
         NumberAnimation {
@@ -42,15 +47,25 @@ Item {
         }
     }
 
+    PressArea {
+        anchors.fill: parent
+        enabled: !root.view.hidden
+        onDownChanged: root.table.pressRow(root.view.section, root.view.row, down)
+        onTapped: {
+            KeyboardFocus.shown = false;
+            root.table.rowFocus.takeKeyboard();
+            root.table.tapRow(root.view.section, root.view.row);
+        }
+    }
     Item {
         id: content
 
         width: root.width
         height: root.height
-        x: swipe.active ? Math.min(0, Math.max(-root.deleteWidth * 1.5, swipe.startX + swipe.activeTranslation.x)) : root.open ? -root.deleteWidth : 0
+        x: swipe.carries ? Math.min(0, Math.max(-root.width, swipe.startX + swipe.activeTranslation.x)) : root.open ? -root.deleteWidth : 0
 
         Behavior on x {
-            enabled: !swipe.active && !root.table.sliding
+            enabled: !swipe.carries && !root.table.sliding
             NumberAnimation {
                 duration: Motion.duration(Motion.Shift)
                 easing.type: Easing.OutCubic
@@ -87,17 +102,14 @@ Item {
         }
         ViewSlot {
             view: root.view.accessory
+            // A touch on an open row only closes it.
+            enabled: !root.open
         }
-        Rectangle {
-            id: separator
-
-            readonly property double hairline: 1 / Screen.devicePixelRatio
-
+        Hairline {
             visible: !root.view.meetsHeader
             x: root.view.separatorLeft
-            y: root.height - hairline
+            y: root.height - height
             width: root.width - root.view.separatorLeft - root.view.separatorRight
-            height: hairline
             color: root.table.separatorTint
         }
         RoundedBox {
@@ -134,46 +146,51 @@ Item {
         Accessible.name: KitLook.deleteTitle
         Accessible.ignored: !root.open
         Accessible.onPressAction: if (enabled)
-        root.table.openRow.deleteRow(root.view.section, root.view.row)
+            root.table.openRow.deleteRow(root.view.section, root.view.row)
 
         KitText {
             anchors.centerIn: parent
             text: KitLook.deleteTitle
             color: KitLook.panelText
             font: KitLook.barFont(15, Font.Bold)
+            opacity: deleteArea.down ? 0.5 : 1
         }
         PressArea {
+            id: deleteArea
+
             anchors.fill: parent
             onTapped: root.table.openRow.deleteRow(root.view.section, root.view.row)
         }
     }
 
-    TapHandler {
-        enabled: !root.view.hidden
-        onPressedChanged: root.table.pressRow(root.view.section, root.view.row, pressed)
-        onTapped: {
-            KeyboardFocus.shown = false;
-            root.table.rowFocus.takeKeyboard();
-            root.table.tapRow(root.view.section, root.view.row);
-        }
-    }
     DragHandler {
         id: swipe
 
         property double startX: 0
+        // From its beginning until it is decided what comes of it.
+        property bool carries: false
+
+        function end(x) {
+            const openRow = root.table.openRow;
+            if (x < -root.deleteWidth / 2)
+                openRow.open(root.view.section, root.view.row);
+            else
+                openRow.close();
+            if (x < -root.wholeSwipe)
+                openRow.deleteRow(root.view.section, root.view.row);
+        }
 
         target: null
         yAxis.enabled: false
-        // Not from the handler of the swipe that leads back.
+        // Not from the handler of the swipe that leads back, nor from that of a switch.
         grabPermissions: PointerHandler.CanTakeOverFromItems | PointerHandler.ApprovesTakeOverByAnything
         enabled: !root.view.hidden && root.table.openRow.canDelete(root.view.section, root.view.row)
         onActiveChanged: {
             if (active)
                 startX = root.open ? -root.deleteWidth : 0;
-            else if (startX + activeTranslation.x < -root.deleteWidth / 2)
-                root.table.openRow.open(root.view.section, root.view.row);
-            else
-                root.table.openRow.open(-1, -1);
+            else if (carries)
+                end(startX + activeTranslation.x);
+            carries = active;
         }
     }
 }

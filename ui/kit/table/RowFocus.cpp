@@ -111,8 +111,11 @@ void RowFocus::activate()
 
 void RowFocus::deleteRow()
 {
-    if (m_table.hasRow(m_focused))
-        m_table.openRow()->deleteRow(m_focused.section, m_focused.row);
+    OpenRow& open = *m_table.openRow();
+    if (m_focused == IndexPath{ open.section(), open.row() })
+        open.deleteRow(m_focused.section, m_focused.row);
+    else
+        open.open(m_focused.section, m_focused.row);
 }
 
 void RowFocus::clear()

@@ -3,13 +3,16 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import ui.kit
 
-// A table: its cells and headers where C++ put them, scrolled, pulled and driven by keys.
-FocusScope {
+// A table: its cells and headers where C++ put them, scrolled, pulled and driven by keys. The keyboard is here or in a
+// control of a row, never in both.
+Item {
     id: root
 
     required property KitTable view
     readonly property RefreshControl refresh: view.refreshControl
     readonly property double refreshRoom: 60
+    // So far beyond the place where the content rests, a pull refreshes.
+    readonly property double pullDistance: refreshRoom * 1.4
 
     x: view.frame.x
     y: view.frame.y
@@ -24,33 +27,50 @@ FocusScope {
     onActiveFocusChanged: view.rowFocus.keyboardHere = activeFocus
 
     Accessible.role: Accessible.List
+    Accessible.name: view.accessibilityLabel
     Accessible.focusable: true
     Accessible.onScrollDownAction: if (enabled)
         root.view.scrollByPage(1)
     Accessible.onScrollUpAction: if (enabled)
         root.view.scrollByPage(-1)
 
-    Keys.onPressed: event => {
-        const steps = {
-            [Qt.Key_Down]: 1,
-            [Qt.Key_Up]: -1
+    // True for a key that moves the focused row, from wherever in the table the keyboard is.
+    function move(key) {
+        const focus = root.view.rowFocus;
+        const moves = {
+            [Qt.Key_Down]: () => focus.moveBy(1),
+            [Qt.Key_Up]: () => focus.moveBy(-1),
+            [Qt.Key_Home]: () => focus.moveToFirst(),
+            [Qt.Key_End]: () => focus.moveToLast(),
+            [Qt.Key_PageDown]: () => focus.moveByPage(1),
+            [Qt.Key_PageUp]: () => focus.moveByPage(-1)
         };
-        event.accepted = true;
-        KeyboardFocus.shown = true;
-        if (event.key in steps)
-            root.view.rowFocus.moveBy(steps[event.key]);
-        else if (event.key === Qt.Key_Home)
-            root.view.rowFocus.moveToFirst();
-        else if (event.key === Qt.Key_End)
-            root.view.rowFocus.moveToLast();
-        else if (event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp)
-            root.view.rowFocus.moveByPage(event.key === Qt.Key_PageDown ? 1 : -1);
-        else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
+        if (!(key in moves))
+            return false;
+        root.forceActiveFocus();
+        moves[key]();
+        return true;
+    }
+
+    // True for a key that does something with the focused row.
+    function act(event) {
+        if (!root.activeFocus || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
+            return false;
+        if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
             root.view.rowFocus.activate();
         else if (event.key === Qt.Key_Delete)
             root.view.rowFocus.deleteRow();
+        else if (event.text.length > 0 && event.text > " " && event.text !== "\x7f")
+            root.view.rowFocus.type(event.text);
         else
-            event.accepted = false;
+            return false;
+        return true;
+    }
+
+    Keys.onPressed: event => {
+        event.accepted = root.move(event.key) || root.act(event);
+        if (event.accepted)
+            KeyboardFocus.shown = true;
     }
 
     ViewFill {
@@ -63,10 +83,13 @@ FocusScope {
         visible: root.refresh !== null && flick.contentY < -12
         tint: root.refresh ? root.refresh.tint : "transparent"
         running: root.refresh !== null && root.refresh.refreshing
-        fraction: Math.min(1, -flick.contentY / (root.refreshRoom * 1.4))
+        fraction: Math.min(1, -flick.contentY / root.pullDistance)
     }
-    Flickable {
+    Scroller {
         id: flick
+
+        // Once in a stroke of the finger.
+        property bool pulled: false
 
         anchors.fill: parent
         clip: true
@@ -76,14 +99,22 @@ FocusScope {
         boundsBehavior: Flickable.DragAndOvershootBounds
         flickDeceleration: 1500
         maximumFlickVelocity: 8000
+        carried: settle.running
 
-        onContentYChanged: root.view.setContentOffset(contentY)
+        onContentYChanged: {
+            root.view.setContentOffset(contentY);
+            if (dragging && !pulled && root.refresh && contentY < -topMargin - root.pullDistance) {
+                pulled = true;
+                root.refresh.pull();
+            }
+        }
         onMovementStarted: root.view.openRow.close()
         onDraggingChanged: {
             if (dragging)
                 root.forceActiveFocus();
-            else if (root.refresh && contentY < -root.refreshRoom * 1.4)
-                root.refresh.pull();
+            else if (root.refresh)
+                root.showRefreshing();
+            pulled = false;
         }
 
         Item {
@@ -94,6 +125,8 @@ FocusScope {
                 view: root.view.tableHeaderView
             }
             SubviewsItem {
+                id: cells
+
                 model: root.view.cellModel
             }
             SubviewsItem {
@@ -102,11 +135,18 @@ FocusScope {
             }
         }
     }
+    // While a row stands open, a press anywhere else only closes it.
+    PressGuard {
+        id: guard
+
+        active: root.view.openRow.row >= 0 && root.visible && root.enabled
+        onPressedElsewhere: root.view.openRow.close()
+    }
     // Before any row or control of a row has the focus, the whole table has it.
     FocusRing {
         control: root
         anchors.margins: 2
-        visible: root.Window.activeFocusItem === root && KeyboardFocus.shown && root.view.rowFocus.row < 0
+        visible: root.activeFocus && KeyboardFocus.shown && root.view.rowFocus.row < 0
     }
     ScrollIndicator {
         id: indicator
@@ -144,22 +184,62 @@ FocusScope {
         target: root.view.rowFocus
     }
     Connections {
+        function onChanged() {
+            guard.spared = root.openCell();
+        }
+
+        target: root.view.openRow
+    }
+    Connections {
+        // A control of a row that the keyboard goes to comes into view.
+        function onActiveFocusItemChanged() {
+            const cell = KeyboardFocus.shown ? root.cellAround(root.Window.activeFocusItem) : null;
+            if (cell)
+                root.view.rowFocus.reveal(cell.view.section, cell.view.row);
+        }
+
+        target: root.Window.window
+    }
+    Connections {
         function onRefreshingChanged() {
-            root.showRefreshing();
+            if (!flick.dragging)
+                root.showRefreshing();
         }
 
         target: root.refresh
     }
 
-    // The room for the spinner is there at once; only the content moves.
+    function openCell() {
+        const openRow = root.view.openRow;
+        for (const slot of cells.children) {
+            const cell = slot.children[0] as CellView;
+            if (cell && !cell.view.hidden && cell.view.section === openRow.section && cell.view.row === openRow.row)
+                return cell;
+        }
+        return null;
+    }
+
+    // Null also for a control of another table.
+    function cellAround(control) {
+        for (let around = control; around && around !== root; around = around.parent) {
+            const cell = around as CellView;
+            if (cell && cell.table === root.view)
+                return cell;
+        }
+        return null;
+    }
+
+    // The room for the spinner is there at once; only the content moves. Under a finger neither changes.
     function showRefreshing() {
-        const begins = root.refresh.refreshing;
-        if (begins)
+        const isRefreshing = root.refresh.refreshing;
+        if (isRefreshing === (flick.topMargin > 0))
+            return;
+        if (isRefreshing)
             flick.topMargin = root.refreshRoom;
-        if (begins ? flick.contentY <= 0 : flick.contentY < 0) {
-            settle.to = begins ? -root.refreshRoom : 0;
+        if (isRefreshing ? flick.contentY <= 0 : flick.contentY < 0) {
+            settle.to = isRefreshing ? -root.refreshRoom : 0;
             settle.restart();
-        } else if (!begins) {
+        } else if (!isRefreshing) {
             flick.topMargin = 0;
         }
     }

@@ -133,6 +133,15 @@ PressItem::PressItem(QQuickItem* parent)
     });
 }
 
+void PressItem::setKeepsFinger(bool keeps)
+{
+    if (keepsFinger() == keeps)
+        return;
+    setKeepMouseGrab(keeps);
+    setKeepTouchGrab(keeps);
+    Q_EMIT keepsFingerChanged();
+}
+
 void PressItem::tellState(const QAccessible::State& changed)
 {
     QAccessibleStateChangeEvent event(this, changed);

@@ -18,6 +18,8 @@ class PressItem : public QQuickItem
     // On, of what can be on and off; selected, of what one of several is.
     Q_PROPERTY(bool spokenOn MEMBER m_spokenOn NOTIFY spokenOnChanged)
     Q_PROPERTY(bool spokenSelected MEMBER m_spokenSelected NOTIFY spokenSelectedChanged)
+    // Holds on to a finger or the mouse that it has, against all that would scroll.
+    Q_PROPERTY(bool keepsFinger READ keepsFinger WRITE setKeepsFinger NOTIFY keepsFingerChanged)
 
 public:
     explicit PressItem(QQuickItem* parent = nullptr);
@@ -27,6 +29,8 @@ public:
     QAccessible::Role spokenRole() const { return static_cast<QAccessible::Role>(m_spokenRole); }
     bool isSpokenOn() const { return m_spokenOn; }
     bool isSpokenSelected() const { return m_spokenSelected; }
+    bool keepsFinger() const { return keepTouchGrab(); }
+    void setKeepsFinger(bool keeps);
 
 Q_SIGNALS:
     void spokenRoleChanged();
@@ -34,6 +38,7 @@ Q_SIGNALS:
     void spokenDescriptionChanged();
     void spokenOnChanged();
     void spokenSelectedChanged();
+    void keepsFingerChanged();
     // By a screen reader not while the item is disabled.
     void pressed();
 

@@ -7,6 +7,7 @@ PressItem {
     id: root
 
     readonly property alias down: area.down
+    property alias takesOneOfTwo: area.takesOneOfTwo
     property double ringMargin: 0
     property double ringRadius: Metrics.CornerRadius
     // How much further than the control a touch reaches, at its sides and above and below.

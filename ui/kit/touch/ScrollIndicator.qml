@@ -1,7 +1,7 @@
 import QtQuick
 import ui.kit
 
-// A thin bar that shows, while the content moves, which part of it is seen.
+// A thin bar that shows, while the content moves, which part of it is seen. It can be taken hold of as long as it shows.
 Rectangle {
     id: root
 
@@ -17,7 +17,7 @@ Rectangle {
     radius: 2
     color: KitLook.shade
     visible: share < 1 && opacity > 0
-    opacity: flickable.moving || lingering.running ? 1 : 0
+    opacity: flickable.moving || lingering.running || grip.pressed ? 1 : 0
 
     // Shows for a moment where the content came to at once, as by a key. It comes and goes: not while nothing is to move.
     function flash() {
@@ -28,6 +28,29 @@ Rectangle {
 
     Timer {
         id: lingering
+    }
+    MouseArea {
+        id: grip
+
+        // Where in the bar it is held.
+        property double held: 0
+
+        anchors.fill: parent
+        anchors.leftMargin: -12
+        anchors.rightMargin: -3
+        anchors.topMargin: -8
+        anchors.bottomMargin: -8
+        preventStealing: true
+        onPressed: mouse => {
+            root.flickable.cancelFlick();
+            held = grip.mapToItem(root, 0, mouse.y).y;
+        }
+        onPositionChanged: mouse => {
+            const way = root.flickable.height - 6 - root.height;
+            const place = grip.mapToItem(root.flickable, 0, mouse.y).y - held - 3;
+            root.flickable.contentY = Math.max(0, Math.min(1, place / way)) * (root.flickable.contentHeight - root.flickable.height);
+        }
+        onReleased: root.flash()
     }
 
     Behavior on opacity {

@@ -19,11 +19,6 @@ Window {
         focus: panel.item === null
         enabled: panel.item === null
 
-        Keys.onPressed: event => {
-            if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
-                KeyboardFocus.shown = true;
-            event.accepted = false;
-        }
         onWidthChanged: root.controller.resize(width, height)
         onHeightChanged: root.controller.resize(width, height)
 
@@ -32,6 +27,13 @@ Window {
             focus: true
             controller: root.controller.rootViewController
         }
+        TapHandler {
+            acceptedButtons: Qt.BackButton
+            onTapped: root.controller.goBack()
+        }
+    }
+    TabOrder {
+        onMoving: KeyboardFocus.shown = true
     }
     Loader {
         id: panel
@@ -53,16 +55,19 @@ Window {
     Shortcut {
         sequence: "Alt+Left"
         enabled: panel.item === null
+        autoRepeat: false
         onActivated: root.controller.goBack()
     }
     Shortcut {
         sequence: "Escape"
         enabled: panel.item === null
+        autoRepeat: false
         onActivated: root.controller.escape()
     }
     Shortcut {
         sequence: "Ctrl+F"
         enabled: panel.item === null
+        autoRepeat: false
         onActivated: root.controller.search()
     }
     Repeater {
@@ -75,6 +80,7 @@ Window {
             Shortcut {
                 sequence: "Ctrl+" + (tabKey.index + 1)
                 enabled: panel.item === null
+                autoRepeat: false
                 onActivated: root.controller.selectTab(tabKey.index)
             }
         }

@@ -61,11 +61,20 @@ void Window::makeKeyAndVisible(const QString& title)
             { QStringLiteral("width"), size.width() }, { QStringLiteral("height"), size.height() } });
     m_quickWindow = qobject_cast<QQuickWindow*>(object);
     m_rootViewController->beginAppearance();
+    // Maximised, a phone's shell keeps its own bars in sight.
     if (fillsScreen)
-        m_quickWindow->showFullScreen();
+        m_quickWindow->showMaximized();
     else
-        m_quickWindow->show();
+        showWithFrameWithin(screen.availableSize());
     m_rootViewController->endAppearance();
+}
+
+// The frame is known only once the window has one.
+void Window::showWithFrameWithin(const QSize& room)
+{
+    m_quickWindow->show();
+    const QMargins frame = m_quickWindow->frameMargins();
+    m_quickWindow->resize(m_quickWindow->size().boundedTo(room.shrunkBy(frame)));
 }
 
 void Window::resize(double width, double height)

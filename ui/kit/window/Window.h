@@ -4,7 +4,7 @@
 #include "ui/kit/navigation/ViewController.h"
 
 #include <QList>
-#include <QSizeF>
+#include <QSize>
 
 #include <memory>
 
@@ -32,7 +32,7 @@ public:
     ViewController* rootViewController() const { return m_rootViewController; }
     // Null unless the root screen is a bar of tabs.
     ObjectListModel* tabModel() const;
-    // Opens the window with the title: full screen on a phone, 390 by 844 points, or what the screen has room for,
+    // Opens the window with the title: maximised on a phone, 390 by 844 points, or what the screen has room for,
     // elsewhere.
     void makeKeyAndVisible(const QString& title);
     // Null until the window is open.
@@ -53,6 +53,7 @@ Q_SIGNALS:
     void presentedAlertChanged();
 
 private:
+    void showWithFrameWithin(const QSize& room);
     // That of the selected tab; null if there is none.
     NavigationController* stack() const;
 

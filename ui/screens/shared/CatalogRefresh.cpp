@@ -18,7 +18,7 @@ void endRefresh(kit::TableViewController& screen, const std::function<void()>& r
 kit::BarButtonItem* reloadButton(const std::function<void()>& action)
 {
     auto* button = new kit::BarButtonItem(QStringLiteral("Reload"), kit::BarButtonItem::Style::Plain, action);
-    button->setShortcut(QStringLiteral("F5"));
+    button->setShortcut(QStringLiteral("F5; Ctrl+R"));
     return button;
 }
 

@@ -39,6 +39,7 @@ public:
     double headerHeight = 0;
     bool withHeaders = false;
     bool editable = false;
+    bool tellsNames = false;
     // Rows whose number this divides have a cell of another kind; 0 for none.
     int otherKindEvery = 0;
 
@@ -79,6 +80,10 @@ public:
         if (heightEvery > 0 && indexPath.row % heightEvery != 0)
             return 0;
         return indexPath.row == 0 && firstRowHeight >= 0 ? firstRowHeight : rowHeight;
+    }
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override
+    {
+        return tellsNames ? textOf(indexPath) : QString();
     }
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override { selected.push_back(indexPath); }
     bool canEditRowAtIndexPath(const kit::IndexPath& /*indexPath*/) const override { return editable; }

@@ -101,7 +101,7 @@ TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
     EXPECT_EQ(world.table.rowFocus()->row(), 2);
 }
 
-TEST(RowFocus, doesWithTheRowWhatATapOrADeletionDoes)
+TEST(RowFocus, doesWithTheRowWhatATapDoesAndDeletesItAtTheSecondCommand)
 {
     TableWorld world({ 5 });
     world.source.editable = true;
@@ -112,8 +112,11 @@ TEST(RowFocus, doesWithTheRowWhatATapOrADeletionDoes)
     EXPECT_TRUE(world.source.deleted.empty());
     world.table.rowFocus()->moveTo(0, 3);
     world.table.rowFocus()->activate();
-    world.table.rowFocus()->deleteRow();
     EXPECT_EQ(world.source.selected, (std::vector<kit::IndexPath>{ { 0, 3 } }));
+    world.table.rowFocus()->deleteRow();
+    EXPECT_TRUE(world.source.deleted.empty());
+    EXPECT_EQ(world.table.openRow()->row(), 3);
+    world.table.rowFocus()->deleteRow();
     EXPECT_EQ(world.source.deleted, (std::vector<kit::IndexPath>{ { 0, 3 } }));
 }
 
@@ -191,5 +194,41 @@ TEST(RowFocus, goesNowhereInAnEmptyTable)
     world.table.rowFocus()->moveToFirst();
     world.table.rowFocus()->moveToLast();
     world.table.rowFocus()->moveTo(0, 0);
+    EXPECT_EQ(world.table.rowFocus()->row(), -1);
+}
+
+TEST(RowFocus, findsARowByTheLettersItsNameBeginsWith)
+{
+    TableWorld world({ 5, 200 });
+    world.show();
+    world.table.rowFocus()->type(QStringLiteral("0"));
+    world.table.rowFocus()->type(QStringLiteral(".3"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 3);
+    world.table.rowFocus()->type(QStringLiteral("9"));
+    EXPECT_EQ(world.table.rowFocus()->row(), 3) << "no name begins like that";
+}
+
+TEST(RowFocus, findsARowOffTheScreenByTheNameItsDelegateTells)
+{
+    TableWorld world({ 5, 200 });
+    world.source.tellsNames = true;
+    world.show();
+    const int askedBefore = world.source.cellsAsked;
+    world.table.rowFocus()->type(QStringLiteral("1.15"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 15);
+    EXPECT_GT(world.table.contentOffset(), 0);
+    EXPECT_LE(world.source.cellsAsked, askedBefore + 11) << "for those that came into view";
+}
+
+TEST(RowFocus, revealsARowTogetherWithItsNeighbours)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.rowFocus()->reveal(0, 9);
+    EXPECT_EQ(world.table.contentOffset(), 60) << "the tenth row is the last of ten that are seen";
+    world.table.rowFocus()->reveal(0, 1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
     EXPECT_EQ(world.table.rowFocus()->row(), -1);
 }

@@ -46,7 +46,7 @@ void ListScreen::viewDidLoad()
     table.setRefreshControl(control);
     auto* reload
         = new kit::BarButtonItem(QStringLiteral("Reload"), kit::BarButtonItem::Style::Plain, [this] { ++reloads; });
-    reload->setShortcut(QStringLiteral("F5"));
+    reload->setShortcut(QStringLiteral("F5; Ctrl+R"));
     navigationItem()->setRightBarButtonItem(reload);
     navigationItem()->setLeftBarButtonItem(
         new kit::BarButtonItem(kit::Image::systemNamed(QStringLiteral("info.circle")), QStringLiteral("About"), {}));

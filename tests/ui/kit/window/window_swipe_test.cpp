@@ -1,13 +1,10 @@
 // The swipe from the left edge in a real window, among the table's own touches.
-#include "tests/ui/kit/window/KitWindowTest.h"
-
-#include <QSignalSpy>
-#include <QTest>
+#include "tests/ui/kit/window/FingerTest.h"
 
 namespace {
 
 // A screen of a tab's stack, pushed, with a finger that goes over it.
-class SwipeTest : public KitWindowTest
+class SwipeTest : public FingerTest
 {
 protected:
     SwipeTest()
@@ -16,32 +13,7 @@ protected:
         stack(0)->pushViewController(page, kit::NavigationController::Animation::None);
         grabbed();
     }
-    void begin(const QPoint& point)
-    {
-        place = point;
-        QTest::touchEvent(quick(), device).press(0, place, quick());
-    }
-    void moveTo(const QPoint& point)
-    {
-        constexpr int Steps = 8;
-        const QPoint from = place;
-        for (int step = 1; step <= Steps; ++step) {
-            place = from + (point - from) * step / Steps;
-            QTest::touchEvent(quick(), device).move(0, place, quick());
-            drawFrame();
-        }
-    }
-    // A finger's moves are told with the next frame.
-    void drawFrame()
-    {
-        QSignalSpy drawn(quick(), &QQuickWindow::frameSwapped);
-        quick()->update();
-        EXPECT_TRUE(drawn.wait());
-    }
-    void end() { QTest::touchEvent(quick(), device).release(0, place, quick()); }
 
-    QPointingDevice* device = QTest::createTouchDevice();
-    QPoint place;
     ListScreen* page;
 };
 
@@ -176,4 +148,16 @@ TEST_F(SwipeTest, endsWhenTheTabChangesUnderTheFinger)
     EXPECT_EQ(tabs->selectedIndex(), 1);
     EXPECT_EQ(stack(0)->topViewController(), page);
     EXPECT_FALSE(stack(0)->isTransitioning());
+}
+
+TEST_F(SwipeTest, beginsWithinTwentyFourPointsOfTheEdgeAndNotBeyond)
+{
+    begin({ 25, 500 });
+    moveTo({ 225, 500 });
+    EXPECT_FALSE(stack(0)->isSwipingBack());
+    end();
+    begin({ 23, 500 });
+    moveTo({ 223, 500 });
+    EXPECT_TRUE(stack(0)->isSwipingBack());
+    end();
 }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "tests/ui/kit/window/KitWindowTest.h"
+
+#include <QPointingDevice>
+#include <QTest>
+
+// The window with one finger that touches it.
+class FingerTest : public KitWindowTest
+{
+protected:
+    void begin(const QPoint& point);
+    // In small steps, each of which is drawn: a finger's moves are told with the next frame.
+    void moveTo(const QPoint& point, int steps = 8);
+    void end();
+    // Pressed and let go.
+    void touch(const QPoint& point);
+    void drawFrame();
+
+    QPointingDevice* device = QTest::createTouchDevice();
+    QPoint place;
+};

@@ -1,0 +1,231 @@
+// What keys and a screen reader do with a table and the controls around it.
+#include "tests/ui/kit/window/KitWindowTest.h"
+
+#include <QTest>
+
+namespace {
+
+QStringList s_focused; // the names that a screen reader was told have the focus
+QStringList s_disabled; // and those of what became disabled or enabled
+
+void keepEvents(QAccessibleEvent* event)
+{
+    if (event->type() == QAccessible::Focus && event->accessibleInterface())
+        s_focused.append(event->accessibleInterface()->text(QAccessible::Name));
+    if (event->type() == QAccessible::StateChanged && event->accessibleInterface()
+        && static_cast<QAccessibleStateChangeEvent*>(event)->changedStates().disabled)
+        s_disabled.append(event->accessibleInterface()->text(QAccessible::Name));
+}
+
+class Keys : public KitWindowTest
+{
+protected:
+    Keys() { grabbed(); }
+
+    kit::TableView& table() const { return *one->tableView(); }
+    // The names of the controls that Tab or Shift+Tab goes to, one after the other.
+    QStringList tabbed(int times, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QStringList names;
+        for (int time = 0; time < times; ++time) {
+            press(modifiers ? Qt::Key_Backtab : Qt::Key_Tab, modifiers);
+            names.append(focusedItemName());
+        }
+        return names;
+    }
+    bool tabTo(const QString& name)
+    {
+        constexpr int MostControls = 20;
+        for (int step = 0; step < MostControls && focusedItemName() != name; ++step)
+            press(Qt::Key_Tab);
+        return focusedItemName() == name;
+    }
+};
+
+} // namespace
+
+TEST_F(Keys, goRoundByTabInTheOrderInWhichTheControlsAreSeen)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("About")));
+    const QStringList round{ QStringLiteral("Reload"), QStringLiteral("One"), QString(), QStringLiteral("Press"),
+        QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("About") };
+    EXPECT_EQ(tabbed(7), round) << "the bar, the list, the controls of its rows, the tabs";
+    const QStringList back{ QStringLiteral("Two"), QStringLiteral("One"), QStringLiteral("Press"), QString(),
+        QStringLiteral("One"), QStringLiteral("Reload"), QStringLiteral("About") };
+    EXPECT_EQ(tabbed(7, Qt::ShiftModifier), back);
+}
+
+TEST_F(Keys, goRoundInThatOrderAlsoAfterTheRowsWereUsedForOthers)
+{
+    press(Qt::Key_End);
+    grabbed();
+    press(Qt::Key_Home);
+    grabbed();
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    EXPECT_EQ(tabbed(3), (QStringList{ QStringLiteral("One"), QString(), QStringLiteral("Press") }));
+}
+
+TEST_F(Keys, actWithSpaceOnWhatHasTheRingAlone)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Press")));
+    press(Qt::Key_Space);
+    EXPECT_EQ(one->buttonPresses, 1);
+    press(Qt::Key_Down);
+    EXPECT_EQ(table().rowFocus()->row(), 0);
+    EXPECT_EQ(focusedItemName(), QStringLiteral("One")) << "the button gave the keyboard up";
+    press(Qt::Key_Space);
+    EXPECT_EQ(one->buttonPresses, 1);
+    EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.0"));
+}
+
+TEST_F(Keys, showTheRowsRingOnlyWhileTheKeyboardIsInTheList)
+{
+    press(Qt::Key_Down);
+    EXPECT_TRUE(accessible(QStringLiteral("Row 0.0"))->state().focused);
+    ASSERT_TRUE(tabTo(QStringLiteral("Press")));
+    EXPECT_FALSE(accessible(QStringLiteral("Row 0.0"))->state().focused);
+}
+
+TEST_F(Keys, pressOnceHoweverLongTheyAreHeld)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Press")));
+    for (int repeat = 0; repeat < 5; ++repeat) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), repeat > 0);
+        QCoreApplication::sendEvent(quick(), &event);
+    }
+    EXPECT_EQ(one->buttonPresses, 1);
+}
+
+TEST_F(Keys, showTheDeleteButtonByTheFirstDeleteAndPressItByTheSecond)
+{
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(table().openRow()->row(), 1);
+    EXPECT_EQ(one->firstSectionRows, 5);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(one->firstSectionRows, 4);
+    EXPECT_EQ(table().openRow()->row(), -1);
+}
+
+TEST_F(Keys, reloadByF5AndByControlR)
+{
+    press(Qt::Key_F5);
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(one->reloads, 2);
+}
+
+TEST_F(Keys, reloadOnlyThePageThatShows)
+{
+    press(Qt::Key_2, Qt::ControlModifier);
+    grabbed();
+    press(Qt::Key_F5);
+    EXPECT_EQ(one->reloads, 0);
+    EXPECT_EQ(two->reloads, 1);
+    press(Qt::Key_1, Qt::ControlModifier);
+    grabbed();
+    press(Qt::Key_F5);
+    EXPECT_EQ(one->reloads, 1);
+    EXPECT_EQ(two->reloads, 1);
+}
+
+TEST_F(Keys, goToTheFirstRowWhoseNameBeginsWithTheLettersTyped)
+{
+    type(QStringLiteral("row 0.3"));
+    EXPECT_EQ(table().rowFocus()->row(), 3);
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(Keys, tellAScreenReaderEachRowTheyMoveTo)
+{
+    s_focused.clear();
+    const auto before = QAccessible::installUpdateHandler(keepEvents);
+    QAccessible::setActive(true);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    QAccessible::installUpdateHandler(before);
+    EXPECT_EQ(s_focused, (QStringList{ QStringLiteral("Row 0.0"), QStringLiteral("Row 0.1") }));
+}
+
+TEST_F(Keys, findTheListUnderTheNameOfItsScreen)
+{
+    QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(itemDrawnBy(QLatin1String("TableBody")));
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("One"));
+    one->setTitle(QStringLiteral("Renamed"));
+    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("Renamed"));
+}
+
+TEST_F(Keys, showNoRingAfterATouch)
+{
+    tap(middleOf({ 0, 2 }));
+    grabbed();
+    press(Qt::Key_Escape);
+    const QImage untouched = grabbed();
+    press(Qt::Key_Down);
+    EXPECT_NE(grabbed(), untouched) << "now there is one";
+    tap(middleOf({ 0, 2 }));
+    grabbed();
+    press(Qt::Key_Escape);
+    EXPECT_EQ(grabbed(), untouched);
+}
+
+TEST_F(Keys, giveWayToTheMousesBackButton)
+{
+    tap(middleOf({ 0, 2 }));
+    ASSERT_TRUE(stack(0)->canGoBack());
+    grabbed();
+    QTest::mouseClick(quick(), Qt::BackButton, Qt::NoModifier, { 200, 400 });
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(Keys, goToTheListThatIsDragged)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Press")));
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, { 200, 500 });
+    for (int y = 500; y >= 400; y -= 10)
+        QTest::mouseMove(quick(), { 200, y });
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, { 200, 400 });
+    EXPECT_EQ(focusedItemName(), QStringLiteral("One"));
+}
+
+TEST_F(Keys, pressAPanelsButtonWithSpaceToo)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    int pressed = 0;
+    alert->addAction(QStringLiteral("First"), kit::AlertAction::Style::Default, [&] { pressed = 1; });
+    alert->addAction(QStringLiteral("Second"), kit::AlertAction::Style::Default, [&] { pressed = 2; });
+    one->present(alert);
+    grabbed();
+    ASSERT_TRUE(tabTo(QStringLiteral("Second")));
+    press(Qt::Key_Space);
+    EXPECT_EQ(pressed, 2);
+    EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(Keys, cancelTheSearchWithEnterToo)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    ASSERT_TRUE(tabTo(QStringLiteral("Cancel")));
+    press(Qt::Key_Enter);
+    EXPECT_FALSE(two->navigationItem()->searchController()->searchBar()->isActive());
+}
+
+TEST_F(Keys, findTheSearchFieldAsOneForSearching)
+{
+    press(Qt::Key_2, Qt::ControlModifier);
+    grabbed();
+    ASSERT_NE(accessible(QStringLiteral("Find")), nullptr);
+    EXPECT_TRUE(accessible(QStringLiteral("Find"))->state().searchEdit);
+}
+
+TEST_F(Keys, tellAScreenReaderThatAButtonIsDisabledNow)
+{
+    s_disabled.clear();
+    const auto before = QAccessible::installUpdateHandler(keepEvents);
+    QAccessible::setActive(true);
+    one->navigationItem()->rightBarButtonItem()->setEnabled(false);
+    QAccessible::installUpdateHandler(before);
+    EXPECT_TRUE(s_disabled.contains(QStringLiteral("Reload"))) << s_disabled.join(u',').toStdString();
+}

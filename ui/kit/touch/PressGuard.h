@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QPointer>
+#include <QQuickItem>
+
+namespace kit {
+
+// While it is active, a press outside one item reaches nothing in the window, from its beginning to its release: it is
+// only told of. Touches and mouse alike; wheels and keys go their way.
+class PressGuard : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(bool active MEMBER m_active NOTIFY activeChanged)
+    // Where presses go through.
+    Q_PROPERTY(QQuickItem* spared MEMBER m_spared NOTIFY sparedChanged)
+
+public:
+    explicit PressGuard(QQuickItem* parent = nullptr);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    void activeChanged();
+    void sparedChanged();
+    void pressedElsewhere();
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    bool beginsElsewhere(const QEvent& event) const;
+
+    QPointer<QQuickWindow> m_watched;
+    QPointer<QQuickItem> m_spared;
+    bool m_active = false;
+    bool m_swallows = false;
+};
+
+} // namespace kit
