@@ -10,9 +10,9 @@ constexpr qint64 fillerStep = qint64(64) * 1024;
 // How much may wait in the socket before more filler is made.
 constexpr qint64 mostWaiting = qint64(256) * 1024;
 
-LoopbackServer::Request parsedHead(const QByteArray& head)
+LoopbackRequest parsedHead(const QByteArray& head)
 {
-    LoopbackServer::Request request;
+    LoopbackRequest request;
     const QList<QByteArray> lines = head.split('\n');
     const QList<QByteArray> words = lines.first().trimmed().split(' ');
     request.method = words.value(0);
@@ -25,7 +25,7 @@ LoopbackServer::Request parsedHead(const QByteArray& head)
     return request;
 }
 
-QByteArray headOf(const LoopbackServer::Reply& reply)
+QByteArray headOf(const LoopbackReply& reply)
 {
     QByteArray head = "HTTP/1.1 " + QByteArray::number(reply.status) + " Reply\r\n";
     for (const auto& [name, value] : reply.headers)
@@ -33,7 +33,7 @@ QByteArray headOf(const LoopbackServer::Reply& reply)
     const qint64 length = reply.declaredLength.value_or(reply.body.size() + reply.fillerSize);
     if (length >= 0)
         head += "Content-Length: " + QByteArray::number(length) + "\r\n";
-    if (reply.ending != LoopbackServer::Ending::KeepAlive)
+    if (reply.ending != LoopbackEnding::KeepAlive)
         head += "Connection: close\r\n";
     return head + "\r\n";
 }
@@ -48,16 +48,16 @@ void reset(QTcpSocket& socket)
 
 } // namespace
 
-LoopbackConnection::LoopbackConnection(LoopbackServer& server, QTcpSocket* socket, QObject* parent)
+LoopbackConnection::LoopbackConnection(LoopbackAnswers& answers, QTcpSocket* socket, QObject* parent)
     : QObject(parent)
-    , m_server(server)
+    , m_answers(answers)
     , m_socket(socket)
 {
     m_socket->setParent(this);
     connect(m_socket, &QTcpSocket::readyRead, this, &LoopbackConnection::readRequests);
     connect(m_socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
     connect(m_socket, &QTcpSocket::bytesWritten, this, [this](qint64 bytes) {
-        m_server.countSent(bytes);
+        m_answers.countSent(bytes);
         writeFiller();
     });
 }
@@ -67,7 +67,7 @@ void LoopbackConnection::release(const QByteArray& path)
     if (!m_isReplying || m_heldPath != path)
         return;
     m_heldPath.clear();
-    begin(m_server.replyFor(path));
+    begin(m_answers.replyFor(path));
 }
 
 void LoopbackConnection::readRequests()
@@ -78,17 +78,17 @@ void LoopbackConnection::readRequests()
         m_socket->abort();
     if (end < 0 || m_isReplying)
         return;
-    const LoopbackServer::Request request = parsedHead(m_received.left(end));
+    const LoopbackRequest request = parsedHead(m_received.left(end));
     m_received.remove(0, end + 4);
     m_isReplying = true;
-    const LoopbackServer::Reply reply = m_server.takeRequest(request);
-    if (reply.timing == LoopbackServer::Timing::Held)
+    const LoopbackReply reply = m_answers.takeRequest(request);
+    if (reply.timing == LoopbackTiming::Held)
         m_heldPath = request.path;
     else
         begin(reply);
 }
 
-void LoopbackConnection::begin(const LoopbackServer::Reply& reply)
+void LoopbackConnection::begin(const LoopbackReply& reply)
 {
     m_ending = reply.ending;
     m_fillerLeft = reply.fillerSize;
@@ -112,17 +112,17 @@ void LoopbackConnection::writeFiller()
 void LoopbackConnection::end()
 {
     switch (m_ending) {
-    case LoopbackServer::Ending::KeepAlive:
+    case LoopbackEnding::KeepAlive:
         m_isReplying = false;
         readRequests();
         break;
-    case LoopbackServer::Ending::Close:
+    case LoopbackEnding::Close:
         m_socket->disconnectFromHost();
         break;
-    case LoopbackServer::Ending::Reset:
+    case LoopbackEnding::Reset:
         reset(*m_socket);
         break;
-    case LoopbackServer::Ending::Stall:
+    case LoopbackEnding::Stall:
         break;
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/LoopbackServer.h"
+#include "tests/support/LoopbackExchange.h"
 
 #include <QObject>
 #include <QTcpSocket>
@@ -11,22 +11,22 @@ class LoopbackConnection : public QObject
     Q_OBJECT
 
 public:
-    LoopbackConnection(LoopbackServer& server, QTcpSocket* socket, QObject* parent);
+    LoopbackConnection(LoopbackAnswers& answers, QTcpSocket* socket, QObject* parent);
 
     // Sends a reply held back for this path, if one is.
     void release(const QByteArray& path);
 
 private:
     void readRequests();
-    void begin(const LoopbackServer::Reply& reply);
+    void begin(const LoopbackReply& reply);
     void writeFiller();
     void end();
 
-    LoopbackServer& m_server;
+    LoopbackAnswers& m_answers;
     QTcpSocket* m_socket;
     QByteArray m_received;
     QByteArray m_heldPath;
-    LoopbackServer::Ending m_ending = LoopbackServer::Ending::KeepAlive;
+    LoopbackEnding m_ending = LoopbackEnding::KeepAlive;
     qint64 m_fillerLeft = 0;
     bool m_isReplying = false;
 };

@@ -37,7 +37,7 @@ private:
     QTcpServer m_listening{ this };
 };
 
-QByteArray LoopbackServer::Request::header(const QByteArray& name) const
+QByteArray LoopbackRequest::header(const QByteArray& name) const
 {
     const auto found = std::find_if(headers.begin(), headers.end(),
         [&](const auto& header) { return header.first.compare(name, Qt::CaseInsensitive) == 0; });

@@ -1,72 +1,28 @@
 #pragma once
 
-#include <QByteArray>
+#include "tests/support/LoopbackExchange.h"
+
 #include <QString>
 #include <QThread>
 
 #include <map>
-#include <memory>
 #include <mutex>
-#include <optional>
-#include <utility>
 #include <vector>
-
-class LoopbackConnection;
 
 // A small HTTP/1.1 server on 127.0.0.1 and a free port, which can also misbehave in every way a server can.
 // It runs on a thread of its own, so that both event-driven and blocking clients can be tested; its members may be
 // called from any thread. Whatever has no reply set is answered with 404.
-class LoopbackServer
+class LoopbackServer : private LoopbackAnswers
 {
 public:
-    using Headers = std::vector<std::pair<QByteArray, QByteArray>>;
-
-    // What happens once the bytes of a reply are out.
-    enum class Ending {
-        // The connection stays open for the next request.
-        KeepAlive,
-        Close,
-        // The connection is reset, so that the client meets an error.
-        Reset,
-        // Nothing more is sent and nothing closed.
-        Stall,
-    };
-
-    enum class Timing {
-        AtOnce,
-        // Only when release() is called for the path.
-        Held,
-    };
-
-    struct Reply
-    {
-        int status = 200;
-        QByteArray body;
-        Headers headers;
-        // Told as the length in place of the body's own; a negative one leaves the header out (the end then is the
-        // close).
-        std::optional<qint64> declaredLength;
-        // So many bytes of filler follow the body. They are made as they are sent: memory does not grow with them.
-        qint64 fillerSize = 0;
-        // When set, these bytes are sent in place of any HTTP.
-        QByteArray garbage;
-        Ending ending = Ending::KeepAlive;
-        Timing timing = Timing::AtOnce;
-    };
-
-    struct Request
-    {
-        QByteArray method;
-        // With the query, as it came.
-        QByteArray path;
-        Headers headers;
-
-        // Null when there is none; names are compared without their case.
-        QByteArray header(const QByteArray& name) const;
-    };
+    using Headers = LoopbackHeaders;
+    using Ending = LoopbackEnding;
+    using Timing = LoopbackTiming;
+    using Reply = LoopbackReply;
+    using Request = LoopbackRequest;
 
     LoopbackServer();
-    ~LoopbackServer();
+    ~LoopbackServer() override;
     LoopbackServer(const LoopbackServer&) = delete;
     LoopbackServer& operator=(const LoopbackServer&) = delete;
 
@@ -90,12 +46,11 @@ public:
     static qint64 mostHeldUnread();
 
 private:
-    friend class LoopbackConnection;
     class Listener;
 
-    Reply takeRequest(const Request& request);
-    Reply replyFor(const QByteArray& path) const;
-    void countSent(qint64 bytes);
+    Reply takeRequest(const Request& request) override;
+    Reply replyFor(const QByteArray& path) const override;
+    void countSent(qint64 bytes) override;
 
     mutable std::mutex m_mutex;
     std::map<QByteArray, Reply> m_replies;
