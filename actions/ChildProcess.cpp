@@ -1,5 +1,7 @@
 #include "actions/ChildProcess.h"
 
+#include "actions/SignalDispositions.h"
+
 #include <QByteArray>
 #include <QFile>
 
@@ -35,6 +37,12 @@ public:
     bool silence(int descriptor)
     {
         return m_usable && posix_spawn_file_actions_addopen(&m_actions, descriptor, "/dev/null", O_WRONLY, 0) == 0;
+    }
+
+    // Connections that libraries opened without asking to have them closed in children, and anything else.
+    bool closeFrom(int descriptor)
+    {
+        return m_usable && posix_spawn_file_actions_addclosefrom_np(&m_actions, descriptor) == 0;
     }
 
     const posix_spawn_file_actions_t* get() const { return &m_actions; }
@@ -74,8 +82,10 @@ bool runChildProcess(const QStringList& arguments)
     const std::vector<char*> vector = nullTerminated(texts);
 
     SpawnFileActions actions;
-    if (!actions.silence(STDIN_FILENO) || !actions.silence(STDOUT_FILENO) || !actions.silence(STDERR_FILENO))
+    if (!actions.silence(STDIN_FILENO) || !actions.silence(STDOUT_FILENO) || !actions.silence(STDERR_FILENO)
+        || !actions.closeFrom(STDERR_FILENO + 1))
         return false;
+    SignalDispositions::restoreForChildren();
     pid_t child = 0;
     if (posix_spawn(&child, vector.front(), actions.get(), nullptr, vector.data(), environ) != 0)
         return false;

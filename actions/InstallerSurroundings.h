@@ -1,9 +1,10 @@
 #pragma once
 
 #include "actions/URLOpener.h"
-#include "catalog/index/DownloadLimits.h"
+#include "http/Request.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <memory>
@@ -12,13 +13,18 @@
 struct InstallerSurroundings
 {
     QString dpkgPath;
-    // The user's own private directory for downloaded archives; made at the first download. See PrivateDirectory.
-    QString temporaryDirectory;
+    // Where downloaded archives may go, in the order of trial: the first that can be this user's own private directory
+    // is made and taken at each download. See PrivateDirectory.
+    QStringList archiveDirectories;
     std::unique_ptr<URLOpener> urlOpener;
-    DownloadLimits limits = {};
+    // How archives are asked for; the URL is filled in.
+    http::Request archiveRequest = standardRequest();
     // How long the worker rests between a failed dpkg run and the hand-off of its package.
     std::chrono::milliseconds handOffDelay = std::chrono::milliseconds(600);
 
-    // The real ones: "/usr/bin/dpkg", "vesk-UID" in the system's temporary directory, the desktop's URL handlers.
+    // 30 seconds of silence, and 8 GiB: more than any archive of a distribution holds, and what a small disk still
+    // takes.
+    static http::Request standardRequest();
+    // The real ones: "/usr/bin/dpkg", directories of the user's own, the desktop's URL handlers.
     static InstallerSurroundings system();
 };

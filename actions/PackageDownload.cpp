@@ -1,9 +1,10 @@
 #include "actions/PackageDownload.h"
 
-#include "actions/ArchiveRequest.h"
+#include "actions/ArchiveReceiver.h"
 #include "actions/PrivateDirectory.h"
-#include "catalog/index/WebRequest.h"
 #include "catalog/records/RepositoryURL.h"
+#include "catalog/sources/SourceRequest.h"
+#include "http/Fetch.h"
 
 #include <utility>
 
@@ -18,25 +19,26 @@ QStringList archiveURLs(const QString& root, const QString& name)
     return { base + QStringLiteral("debs/") + name, base + QStringLiteral("pool/") + name, base + name };
 }
 
-PackageDownload::PackageDownload(QString directory, const DownloadLimits& limits)
-    : m_directory(std::move(directory))
-    , m_limits(limits)
+PackageDownload::PackageDownload(QStringList directories, http::Request request)
+    : m_directories(std::move(directories))
+    , m_request(std::move(request))
 {
 }
 
-QString PackageDownload::download(const VeskPackagePtr& package, const std::stop_token& stop)
+QString PackageDownload::download(const VeskPackagePtr& package, const std::stop_token& stop) const
 {
     if (!package || !package->repository())
         return {};
     const QString name = archiveName(*package);
-    const auto directory = PrivateDirectory::open(m_directory);
+    const auto directory = PrivateDirectory::openFirst(m_directories);
     const bool isWritable = directory && isPlainFileName(name);
-    ArchiveRequest request(m_manager, m_limits);
     for (const QString& candidate : archiveURLs(package->repository()->urlString(), name)) {
         const auto url = RepositoryURL::fromString(candidate);
-        if (!url || !isWebURL(url->url()) || stop.stop_requested())
+        if (!url || stop.stop_requested())
             continue;
-        auto file = request.fetch(url->url(), isWritable ? &*directory : nullptr, stop);
+        ArchiveReceiver receiver(isWritable ? &*directory : nullptr);
+        const auto outcome = http::fetch(aimedAt(m_request, url->url()), receiver, stop);
+        const auto file = receiver.takeFile(outcome);
         if (file && file->moveTo(name))
             return directory->pathOf(name);
     }

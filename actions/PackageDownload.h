@@ -1,9 +1,8 @@
 #pragma once
 
-#include "catalog/index/DownloadLimits.h"
 #include "catalog/records/VeskPackage.h"
+#include "http/Request.h"
 
-#include <QNetworkAccessManager>
 #include <QString>
 #include <QStringList>
 
@@ -15,17 +14,18 @@ QString archiveName(const VeskPackage& package);
 // Where a source may hold the archive, in the order of trial. Some may not be valid URLs.
 QStringList archiveURLs(const QString& root, const QString& name);
 
-// Downloads archives from the sources of their packages. Made and used on one thread, which it blocks.
+// Downloads archives from the sources of their packages. Blocks the thread that calls it; any will do.
 class PackageDownload
 {
 public:
-    PackageDownload(QString directory, const DownloadLimits& limits);
+    // The directories are those where archives may go, in the order of trial. The request is sent as it is but for its
+    // URL.
+    PackageDownload(QStringList directories, http::Request request);
 
     // The path of the file, which stays there; null when no candidate gave one or once told to stop.
-    QString download(const VeskPackagePtr& package, const std::stop_token& stop);
+    QString download(const VeskPackagePtr& package, const std::stop_token& stop) const;
 
 private:
-    QNetworkAccessManager m_manager;
-    QString m_directory;
-    DownloadLimits m_limits;
+    QStringList m_directories;
+    http::Request m_request;
 };

@@ -113,7 +113,8 @@ void PackageInstaller::executeQueueWithCompletion(std::function<void()> completi
 QueueRun PackageInstaller::runOf(const std::vector<QueueEntryPtr>& entries)
 {
     const auto download = [this](const VeskPackagePtr& package, const std::stop_token& stop) {
-        return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.limits).download(package, stop);
+        return PackageDownload(m_surroundings.archiveDirectories, m_surroundings.archiveRequest)
+            .download(package, stop);
     };
     const auto install
         = [this](const QString& path, const VeskPackagePtr& package) { return installWithDPKG(path, package); };
@@ -148,7 +149,7 @@ void PackageInstaller::finishRun()
 
 QString PackageInstaller::downloadPackage(const VeskPackagePtr& package) const
 {
-    return PackageDownload(m_surroundings.temporaryDirectory, m_surroundings.limits).download(package, {});
+    return PackageDownload(m_surroundings.archiveDirectories, m_surroundings.archiveRequest).download(package, {});
 }
 
 bool PackageInstaller::runCommand(const QStringList& arguments)

@@ -30,6 +30,13 @@ bool makePrivate(int directory)
     return (information.st_mode & permissionBits) == privateMode || fchmod(directory, privateMode) == 0;
 }
 
+// What cannot be made shows when the directory itself is.
+void makeParents(const QString& path)
+{
+    for (qsizetype slash = path.indexOf(u'/', 1); slash > 0; slash = path.indexOf(u'/', slash + 1))
+        mkdir(QFile::encodeName(path.left(slash)).constData(), privateMode);
+}
+
 QByteArray unpredictableName()
 {
     QRandomGenerator* const random = QRandomGenerator::system();
@@ -84,6 +91,22 @@ PrivateDirectory::PrivateDirectory(QString path, FileDescriptor directory)
     : m_path(std::move(path))
     , m_directory(std::move(directory))
 {
+}
+
+std::optional<PrivateDirectory> PrivateDirectory::openFirst(const QStringList& paths)
+{
+    for (const QString& path : paths) {
+        makeParents(path);
+        if (auto directory = open(path); directory && directory->isWritable())
+            return directory;
+    }
+    return std::nullopt;
+}
+
+// Where a file system can only be read, its directories open all the same.
+bool PrivateDirectory::isWritable() const
+{
+    return faccessat(m_directory.get(), ".", W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 std::optional<PrivateDirectory> PrivateDirectory::open(const QString& path)

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -37,6 +38,9 @@ private:
 class PrivateDirectory
 {
 public:
+    // The first of the paths that can be opened and written to. Parents that are not there are made, for this user
+    // alone.
+    static std::optional<PrivateDirectory> openFirst(const QStringList& paths);
     // Makes the directory if it is not there (its parent must be). None when the path is a symbolic link or anything
     // else but a directory, belongs to another user, or cannot be given the mode 0700.
     static std::optional<PrivateDirectory> open(const QString& path);
@@ -47,6 +51,7 @@ public:
 
 private:
     PrivateDirectory(QString path, FileDescriptor directory);
+    bool isWritable() const;
 
     QString m_path;
     FileDescriptor m_directory;

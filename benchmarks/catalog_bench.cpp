@@ -11,8 +11,9 @@
 #include "benchmarks/PackedBody.h"
 #include "catalog/RepoManager.h"
 #include "catalog/index/IndexParser.h"
-#include "catalog/index/IndexReader.h"
 #include "catalog/text/TextDecoding.h"
+#include "http/Client.h"
+#include "tests/catalog/index/ReadIndex.h"
 #include "tests/support/LoopbackServer.h"
 
 #include <QCoreApplication>
@@ -128,9 +129,9 @@ struct Setting
 
     QString statusPath() const { return directory.filePath(QStringLiteral("status")); }
 
-    IndexJob job(const QByteArray& body, Compression compression) const
+    ParsedIndex read(const QByteArray& body, Compression compression) const
     {
-        return { body, compression, source, { statusPath() }, order, {}, nullptr };
+        return readIndex({ compression, source, { statusPath() }, order, {} }, body);
     }
 
     std::unique_ptr<RepoManager> manager() const
@@ -138,8 +139,8 @@ struct Setting
         CatalogWorld world;
         world.store = std::make_unique<EmptyStore>();
         world.statusPaths = { statusPath() };
-        world.network = std::make_unique<QNetworkAccessManager>();
-        world.workers = QThreadPool::globalInstance();
+        world.network = std::make_unique<http::Client>();
+        world.workers = std::make_shared<Workers>();
         world.collationLocale = QStringLiteral("en");
         auto manager = std::make_unique<RepoManager>(std::move(world));
         manager->setRepositories({ source });
@@ -160,10 +161,9 @@ void measureReading(const Setting& setting)
     Comparison read;
     Comparison refresh;
     const auto manager = setting.manager();
-    const IndexJob job = setting.job(setting.gzip, Compression::Gzip);
     for (int round = 0; round < rounds; ++round) {
         floors.push_back(millisecondsOf([&] { inflateAlone(setting.gzip); }));
-        read.addRound(floors.back(), millisecondsOf([&] { readIndex(job); }));
+        read.addRound(floors.back(), millisecondsOf([&] { setting.read(setting.gzip, Compression::Gzip); }));
         refresh.addRound(floors.back(), millisecondsOf([&] { refreshAndWait(*manager); }));
     }
     print("catalog.packages", static_cast<double>(manager->packages().size()), "packages");
@@ -172,31 +172,26 @@ void measureReading(const Setting& setting)
     refresh.print("catalog.refresh_gzip", "inflate");
 }
 
-// With two processors at hand, reading takes as long as its calling thread is at work: that one decompresses and, when
-// the other has parsed the last window, finishes what is left. With one it takes as long as all threads are.
+// With one processor alone, reading takes as long as all threads are at work; with more, somewhat longer than the
+// decompression.
 void measureWork(const Setting& setting)
 {
-    Comparison calling;
     Comparison all;
-    const IndexJob job = setting.job(setting.gzip, Compression::Gzip);
     for (int round = 0; round < rounds; ++round) {
         const double floor = processorTimeOf(CLOCK_THREAD_CPUTIME_ID, [&] { inflateAlone(setting.gzip); });
-        calling.addRound(floor, processorTimeOf(CLOCK_THREAD_CPUTIME_ID, [&] { readIndex(job); }));
-        all.addRound(floor, processorTimeOf(CLOCK_PROCESS_CPUTIME_ID, [&] { readIndex(job); }));
+        const auto read = [&] { setting.read(setting.gzip, Compression::Gzip); };
+        all.addRound(floor, processorTimeOf(CLOCK_PROCESS_CPUTIME_ID, read));
     }
-    calling.print("catalog.read_gzip_work_of_calling_thread", "inflate");
     all.print("catalog.read_gzip_work_of_all_threads", "inflate");
 }
 
 void measureOtherBodies(const Setting& setting)
 {
-    const IndexJob plain = setting.job(setting.text, Compression::None);
-    print("catalog.read_plain", medianTimeOf([&] { readIndex(plain); }), "ms");
-    const IndexJob bzip2 = setting.job(setting.bzip2, Compression::Bzip2);
+    print("catalog.read_plain", medianTimeOf([&] { setting.read(setting.text, Compression::None); }), "ms");
     Comparison read;
     for (int round = 0; round < slowRounds; ++round) {
         const double floor = millisecondsOf([&] { bunzipAlone(setting.bzip2); });
-        read.addRound(floor, millisecondsOf([&] { readIndex(bzip2); }));
+        read.addRound(floor, millisecondsOf([&] { setting.read(setting.bzip2, Compression::Bzip2); }));
     }
     read.print("catalog.read_bzip2", "bunzip");
 }
@@ -209,7 +204,7 @@ void measureMainThread(const Setting& setting)
     for (int round = 0; round < rounds; ++round) {
         PackageList packages;
         CatalogIndex index(packages, setting.order);
-        ParsedIndex parsed = readIndex(setting.job(setting.gzip, Compression::Gzip));
+        ParsedIndex parsed = setting.read(setting.gzip, Compression::Gzip);
         merge.push_back(millisecondsOf([&] { index.merge(std::move(parsed)); }));
         sort.push_back(millisecondsOf([&] { index.packagesByName(); }));
         clear.push_back(millisecondsOf([&] { index.clear(); }));
@@ -266,7 +261,7 @@ void measureMemory(const Setting& setting)
     PackageList packages;
     CatalogIndex index(packages, setting.order);
     const double beforeAll = heapInUse();
-    index.merge(readIndex(setting.job(setting.gzip, Compression::Gzip)));
+    index.merge(setting.read(setting.gzip, Compression::Gzip));
     index.packagesByName();
     print("catalog.memory_with_search_and_order", (heapInUse() - beforeAll) / packageCount, "bytes/package");
 }

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "catalog/index/DownloadLimits.h"
 #include "catalog/index/IndexLimits.h"
 #include "catalog/sources/SourceStore.h"
+#include "catalog/work/Workers.h"
+#include "http/Network.h"
 
-#include <QNetworkAccessManager>
 #include <QStringList>
-#include <QThreadPool>
 
 #include <memory>
 
@@ -16,18 +15,18 @@ struct CatalogWorld
     std::unique_ptr<SourceStore> store;
     // The dpkg status files, in the order they are tried.
     QStringList statusPaths;
-    std::unique_ptr<QNetworkAccessManager> network;
-    // Where indexes are decoded and parsed; not owned.
-    QThreadPool* workers = nullptr;
+    // Where indexes are decoded and parsed.
+    std::shared_ptr<Workers> workers;
+    // Goes before the workers, to which it brings what they read.
+    std::unique_ptr<http::Network> network;
     // The language whose order of letters names are sorted by ("de", "sv_SE").
     QString collationLocale;
-    // Of one index.
-    DownloadLimits downloadLimits{
-        .inactivityTimeout = std::chrono::seconds(20),
-        .largestBody = qint64(256) * 1024 * 1024,
-    };
+    // How an index is asked for; the URL is filled in.
+    http::Request indexRequest = standardIndexRequest();
     IndexLimits limits;
 
+    // 20 seconds of silence, and a body of 256 MiB: five times the largest index in use.
+    static http::Request standardIndexRequest();
     // The user's own sources, this machine's dpkg and its network.
     static CatalogWorld real();
 };

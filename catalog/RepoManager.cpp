@@ -23,8 +23,12 @@ QString textOrEmpty(const QString& text)
 RepoManager* RepoManager::sharedManager()
 {
     static auto* const manager = [] {
-        // The network works on a thread of its own, which must not outlive what the process takes apart at its end.
-        qAddPostRoutine([] { sharedManager()->m_world.network.reset(); });
+        // The network and the workers have threads, which must not outlive what the process takes apart at its end.
+        qAddPostRoutine([] {
+            sharedManager()->dropRefreshes();
+            sharedManager()->m_world.network.reset();
+            sharedManager()->m_world.workers.reset();
+        });
         return new RepoManager(CatalogWorld::real());
     }();
     return manager;
@@ -35,7 +39,6 @@ RepoManager::RepoManager(CatalogWorld world, QObject* parent)
     , m_world(std::move(world))
     , m_nameOrder(std::make_shared<const NameOrder>(m_world.collationLocale))
     , m_index(m_packages, m_nameOrder)
-    , m_cancelled(std::make_shared<std::atomic<bool>>(false))
 {
     if (QCoreApplication* application = QCoreApplication::instance())
         connect(application, &QCoreApplication::aboutToQuit, this, &RepoManager::dropRefreshes);
@@ -48,11 +51,9 @@ RepoManager::~RepoManager()
     dropRefreshes();
 }
 
-// Workers that still read an index stop at their next window, so that nobody waits for them.
+// Workers that still read an index stop at their next step, so that nobody waits for them.
 void RepoManager::dropRefreshes()
 {
-    m_cancelled->store(true);
-    m_cancelled = std::make_shared<std::atomic<bool>>(false);
     qDeleteAll(findChildren<IndexRefresh*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -182,8 +183,8 @@ void RepoManager::refreshRepository(const VeskRepositoryPtr& repository, const C
         }
         report();
     };
-    const IndexRefresh::Tools tools{ m_world.network.get(), m_world.workers, m_world.statusPaths, m_nameOrder,
-        m_world.limits, m_world.downloadLimits, m_cancelled };
+    const IndexRefresh::Tools tools{ *m_world.network, *m_world.workers, m_world.indexRequest, m_world.statusPaths,
+        m_nameOrder, m_world.limits.within(freeMemory()) };
     new IndexRefresh(repository, *root, tools, done, this);
 }
 
@@ -224,8 +225,21 @@ std::vector<VeskCategoryPtr> RepoManager::categories()
 {
     std::vector<VeskCategoryPtr> categories;
     for (const SectionSize& section : m_index.sections())
-        categories.push_back(VeskCategory::categoryWithName(section.name, section.count));
+        categories.push_back(VeskCategory::categoryWithName(textOf(section.name), section.count));
     return categories;
+}
+
+std::size_t RepoManager::categoryCount()
+{
+    return m_index.sections().size();
+}
+
+VeskCategoryPtr RepoManager::categoryAt(std::size_t row)
+{
+    const std::vector<SectionSize>& sections = m_index.sections();
+    if (row >= sections.size())
+        return nullptr;
+    return VeskCategory::categoryWithName(textOf(sections[row].name), sections[row].count);
 }
 
 const PackageVector& RepoManager::packagesSortedByName()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "catalog/CatalogWorld.h"
-#include "catalog/index/IndexReader.h"
 #include "catalog/query/CatalogIndex.h"
 #include "catalog/records/PackageList.h"
 #include "catalog/records/RepositoryError.h"
@@ -34,6 +33,9 @@ public:
     explicit RepoManager(CatalogWorld world, QObject* parent = nullptr);
     // A refresh under way is dropped; its completion is not called.
     ~RepoManager() override;
+
+    // What indexes come over; it serves other requests, too.
+    http::Network& network() { return *m_world.network; }
 
     bool isLoading() const { return m_isLoading; }
     void setIsLoading(bool isLoading) { m_isLoading = isLoading; }
@@ -71,6 +73,10 @@ public:
     PackageVector packagesForCategory(const QString& name) const;
     // New records each time, by name.
     std::vector<VeskCategoryPtr> categories();
+    // The same, for who shows a few of many: counted once per state of the catalog, and a record made for one row
+    // alone. None behind the last row.
+    std::size_t categoryCount();
+    VeskCategoryPtr categoryAt(std::size_t row);
     // All packages by name, in the order of the user's language, case ignored, equal names in catalog order. Worked out
     // once per state of the catalog. The reference is good until the next change of the catalog.
     const PackageVector& packagesSortedByName();
@@ -87,5 +93,4 @@ private:
     QString m_errorMessage;
     std::shared_ptr<const NameOrder> m_nameOrder;
     CatalogIndex m_index;
-    CancelFlag m_cancelled;
 };

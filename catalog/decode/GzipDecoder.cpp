@@ -1,39 +1,44 @@
-#include "catalog/decode/DecodeOutput.h"
+#include "catalog/decode/GzipDecoder.h"
 
-#include <zlib.h>
+#include "catalog/decode/LibraryInput.h"
+
+#include <utility>
 
 namespace {
 
 // 32 KiB of history, and recognise a gzip or a zlib header.
 constexpr int inflateWindowBits = 15 + 32;
 
-DecodeResult runInflate(z_stream& stream, DecodeOutput& output)
-{
-    while (char* window = output.window()) {
-        stream.next_out = reinterpret_cast<Bytef*>(window);
-        stream.avail_out = DecodeTarget::windowSize;
-        const int result = inflate(&stream, Z_NO_FLUSH);
-        if (result != Z_OK && result != Z_STREAM_END)
-            return DecodeResult::Broken;
-        if (!output.take(DecodeTarget::windowSize - stream.avail_out))
-            return DecodeResult::TooLarge;
-        if (result == Z_STREAM_END)
-            return output.atEnd();
-    }
-    return DecodeResult::Stopped;
-}
-
 } // namespace
 
-DecodeResult decodeGzip(std::string_view body, std::size_t maximumSize, DecodeTarget& target)
+GzipDecoder::GzipDecoder(std::shared_ptr<const ReceivedBody> body)
+    : m_body(std::move(body))
+    , m_isReady(inflateInit2(&m_stream, inflateWindowBits) == Z_OK)
 {
-    z_stream stream{};
-    if (!fitsOneCall(body) || inflateInit2(&stream, inflateWindowBits) != Z_OK)
-        return DecodeResult::Broken;
-    stream.next_in = reinterpret_cast<Bytef*>(inputOf(body));
-    stream.avail_in = static_cast<uInt>(body.size());
-    DecodeOutput output(maximumSize, target);
-    const DecodeResult result = runInflate(stream, output);
-    inflateEnd(&stream);
-    return result;
+}
+
+GzipDecoder::~GzipDecoder()
+{
+    if (m_isReady)
+        inflateEnd(&m_stream);
+}
+
+// It is called once more when the bytes have run out: text that did not fit the last batch may be left inside.
+DecodeState GzipDecoder::decode(TextBatch& batch)
+{
+    if (!m_isReady)
+        return DecodeState::Broken;
+    const ReceivedBody::Part part = m_body->from(m_position);
+    m_stream.next_in = reinterpret_cast<Bytef*>(inputOf(part.bytes));
+    m_stream.avail_in = static_cast<uInt>(part.bytes.size());
+    m_stream.next_out = reinterpret_cast<Bytef*>(batch.space());
+    m_stream.avail_out = static_cast<uInt>(batch.spaceSize());
+    const int result = inflate(&m_stream, Z_NO_FLUSH);
+    m_position += part.bytes.size() - m_stream.avail_in;
+    batch.grow(batch.spaceSize() - m_stream.avail_out);
+    if (result == Z_STREAM_END)
+        return DecodeState::Complete;
+    if (result == Z_BUF_ERROR && part.bytes.empty())
+        return part.isEnd ? DecodeState::Broken : DecodeState::Waiting;
+    return result == Z_OK ? DecodeState::Going : DecodeState::Broken;
 }

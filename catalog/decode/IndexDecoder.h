@@ -1,38 +1,48 @@
 #pragma once
 
-#include <cstddef>
-#include <string_view>
+#include "catalog/decode/ReceivedBody.h"
+#include "catalog/decode/TextBatch.h"
+#include "catalog/work/Workers.h"
+
+#include <functional>
+#include <memory>
+#include <stop_token>
 
 // How an index is compressed, as far as its file name tells.
 enum class Compression { None, Bzip2, Gzip };
 
-enum class DecodeResult {
+enum class DecodeState {
+    // There is more to do right now.
+    Going,
+    // Nothing can be done before more of the body has come, or the decoder resumes by itself.
+    Waiting,
+    // The first stream of the body has ended soundly. What follows it is passed over.
     Complete,
-    // The body is not a sound stream of its kind, or holds nothing.
+    // The body is not a sound stream of its kind. What came before the fault has been written.
     Broken,
-    // More text came out than was allowed.
-    TooLarge,
-    // The target wanted no more.
-    Stopped,
 };
 
-// Where decompressed bytes go, a window at a time.
-class DecodeTarget
+// Turns the bytes of a body into its text while they arrive. What it makes of a body does not depend on the pieces in
+// which that comes. Lives on one thread at a time.
+class IndexDecoder
 {
 public:
-    static constexpr std::size_t windowSize = 65536;
+    virtual ~IndexDecoder() = default;
 
-    virtual ~DecodeTarget() = default;
-
-    // A window of windowSize bytes to write to, or null when no more is wanted.
-    virtual char* window() = 0;
-    // The first so many bytes of the window just given are written; never 0.
-    virtual void accept(std::size_t size) = 0;
+    // Adds to the batch, which is not full, in a few milliseconds. Not to be called again once the stream is complete
+    // or broken.
+    virtual DecodeState decode(TextBatch& batch) = 0;
 };
 
-// Decompresses the first stream of a body, in passes of one window. What came before a failure has been handed out
-// already. Pure functions of their arguments, safe on any thread.
-// The blocks of a large body are shared out among threads that are gone when this returns.
-DecodeResult decodeBzip2(std::string_view body, std::size_t maximumSize, DecodeTarget& target);
-// A gzip or a zlib header is recognised.
-DecodeResult decodeGzip(std::string_view body, std::size_t maximumSize, DecodeTarget& target);
+// What a decoder stands on.
+struct DecoderTools
+{
+    std::shared_ptr<const ReceivedBody> body;
+    // For what can be decoded on several threads at once; they outlive the decoder.
+    Workers& workers;
+    std::stop_token stop;
+    // Called on a worker when a decoder that waits can go on although no bytes have come.
+    std::function<void()> resume;
+};
+
+std::unique_ptr<IndexDecoder> makeDecoder(Compression compression, const DecoderTools& tools);

@@ -20,9 +20,10 @@ std::optional<QByteArray> contentsOf(const QString& path)
     if (!QFileInfo(path).isFile())
         return std::nullopt;
     QFile file(path);
-    if (file.size() > maximumFileSize || !file.open(QIODevice::ReadOnly))
+    if (file.size() > maximumFileSize || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return std::nullopt;
-    QByteArray contents = file.read(maximumFileSize);
+    // Room is made for all that is asked for, whether it is there or not.
+    QByteArray contents = file.read(file.size());
     if (file.error() != QFileDevice::NoError)
         return std::nullopt;
     return contents;

@@ -1,5 +1,6 @@
 #include "catalog/index/IndexParser.h"
 
+#include "catalog/index/IndexLimits.h"
 #include "catalog/text/TextDecoding.h"
 
 #include <cstring>
@@ -25,14 +26,21 @@ const std::array<IndexParser::FieldName, IndexParser::FieldCount> IndexParser::f
     { "Homepage:", Homepage },
 } };
 
+namespace {
+
+// What is kept of it is trimmed at its new end too.
+std::string_view valueOf(std::string_view line, std::size_t prefixSize)
+{
+    const std::string_view value = trimmedUtf8(firstBytes(line, IndexLimits::lineSize).substr(prefixSize));
+    return value.size() <= IndexLimits::fieldSize ? value : trimmedUtf8(firstBytes(value, IndexLimits::fieldSize));
+}
+
+} // namespace
+
 IndexParser::IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status)
     : m_status(status)
-    , m_origin(std::make_shared<PackageOrigin>())
-    , m_texts(m_origin->texts)
-    , m_sharedTexts(m_texts)
-    , m_records(std::make_shared<std::deque<VeskPackage>>())
+    , m_records(std::move(repository))
 {
-    m_origin->repository = std::move(repository);
 }
 
 IndexParser::~IndexParser() = default;
@@ -42,13 +50,13 @@ void IndexParser::feed(std::string_view utf8)
     while (!utf8.empty()) {
         const std::size_t length = utf8.find('\n');
         if (length == std::string_view::npos) {
-            m_partialLine.append(utf8);
+            keepPartialLine(utf8);
             return;
         }
         if (m_partialLine.empty()) {
             readLine(utf8.substr(0, length));
         } else {
-            m_partialLine.append(utf8.substr(0, length));
+            keepPartialLine(utf8.substr(0, length));
             readLine(m_partialLine);
             m_partialLine.clear();
         }
@@ -60,9 +68,15 @@ PackageVector IndexParser::finish()
 {
     readLine(m_partialLine);
     endStanza();
-    m_texts.shrink();
+    m_records.finish();
     m_packages.shrink_to_fit();
     return std::move(m_packages);
+}
+
+// One byte more than is read tells where the last character ends.
+void IndexParser::keepPartialLine(std::string_view piece)
+{
+    m_partialLine.append(piece.substr(0, IndexLimits::lineSize + 1 - m_partialLine.size()));
 }
 
 // Continuation lines begin with a blank and so are never one of the fields.
@@ -77,7 +91,7 @@ void IndexParser::readLine(std::string_view line)
             continue;
         Value& value = m_stanza[name.field];
         value.isPresent = true;
-        value.text.assign(trimmedUtf8(line.substr(name.prefix.size())));
+        value.text.assign(valueOf(line, name.prefix.size()));
         m_stanzaIsEmpty = false;
         return;
     }
@@ -96,47 +110,46 @@ void IndexParser::endStanza()
 
 void IndexParser::addPackage()
 {
-    const std::string_view packageID = m_stanza[Package].text;
-    const std::string_view name = firstOf({ Name, Package });
-    const auto installed = m_status.versionOf(packageID);
-    const TextPool::Handle packageIDHandle = m_texts.add(packageID);
-    const TextPool::Handle maintainer = shared(firstOf({ Maintainer }));
-    const bool hasAuthor = m_stanza[Author].isPresent || maintainer == TextPool::null;
-    const VeskPackage::TextHandles texts{
-        packageIDHandle,
-        name == packageID ? packageIDHandle : m_texts.add(name),
-        shared(firstOf({ Version }), "0"),
-        m_texts.add(firstOf({ Description })),
-        hasAuthor ? shared(firstOf({ Author }), "Unknown") : maintainer,
-        maintainer,
-        shared(firstOf({ Section }), "Other"),
-        shared(firstOf({ Icon })),
-        m_texts.add(firstOf({ Depiction, SileoDepiction, ModernDepiction })),
-        addHomepage(firstOf({ Homepage })),
-        installed ? shared(*installed) : TextPool::null,
-    };
-    VeskPackage& record = m_records->emplace_back(m_origin, texts);
-    m_packages.emplace_back(m_records, &record);
+    const PackageTexts<std::string_view> texts([this](PackageText which) { return textOfStanza(which); });
+    m_packages.push_back(m_records.add(texts));
 }
 
-TextPool::Handle IndexParser::shared(std::string_view text, std::string_view fallback)
+std::string_view IndexParser::textOfStanza(PackageText which) const
 {
-    return m_sharedTexts.add(text.data() == nullptr ? fallback : text);
+    switch (which) {
+    case PackageText::PackageID:
+        return firstOf({ Package });
+    case PackageText::Name:
+        return firstOf({ Name, Package });
+    case PackageText::Version:
+        return firstOf({ Version }, "0");
+    case PackageText::Desc:
+        return firstOf({ Description });
+    case PackageText::Author:
+        return firstOf({ Author, Maintainer }, "Unknown");
+    case PackageText::Maintainer:
+        return firstOf({ Maintainer });
+    case PackageText::Section:
+        return firstOf({ Section }, "Other");
+    case PackageText::IconURLString:
+        return firstOf({ Icon });
+    case PackageText::DepictionURLString:
+        return firstOf({ Depiction, SileoDepiction, ModernDepiction });
+    case PackageText::HomepageURLString:
+        return firstOf({ Homepage });
+    case PackageText::InstalledVersion:
+        return m_status.versionOf(firstOf({ Package })).value_or(std::string_view());
+    case PackageText::Count:
+        break;
+    }
+    return {};
 }
 
-// The packages made of one source have its homepage, and stand near each other.
-TextPool::Handle IndexParser::addHomepage(std::string_view text)
-{
-    if (text.empty() || m_texts.text(m_lastHomepage) != text)
-        m_lastHomepage = m_texts.add(text);
-    return m_lastHomepage;
-}
-
-std::string_view IndexParser::firstOf(std::initializer_list<Field> fields) const
+std::string_view IndexParser::firstOf(std::initializer_list<Field> fields, std::string_view fallback) const
 {
     for (const Field field : fields) {
         if (m_stanza[field].isPresent)
             return m_stanza[field].text;
     }
-    return {};
+    return fallback;
 }

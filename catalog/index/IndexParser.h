@@ -2,15 +2,15 @@
 
 #include "catalog/index/DpkgStatus.h"
 #include "catalog/records/PackageList.h"
-#include "catalog/text/TextInterner.h"
+#include "catalog/records/RecordWriter.h"
 
 #include <array>
-#include <deque>
 #include <string>
 #include <string_view>
 
 // Turns the text of a package index, fed in pieces of any size, into new package records of one source, in index order.
-// Nothing in the text is an error: what it cannot use it passes over. It lives on one thread, whichever that is.
+// Nothing in the text is an error: what it cannot use it passes over, the end of an overlong line or field among it
+// (IndexLimits). It lives on one thread, whichever that is.
 class IndexParser
 {
 public:
@@ -21,6 +21,8 @@ public:
     void feed(std::string_view utf8);
     // The packages of the stanzas that have ended so far.
     const PackageVector& packages() const { return m_packages; }
+    // Of all records made so far, with their texts.
+    std::size_t byteSize() const { return m_records.byteSize(); }
     // The end of the text; the parser is used up.
     PackageVector finish();
 
@@ -49,22 +51,17 @@ private:
 
     static const std::array<FieldName, FieldCount> fieldNames;
 
+    void keepPartialLine(std::string_view piece);
     void readLine(std::string_view line);
     void endStanza();
     void addPackage();
-    TextPool::Handle shared(std::string_view text, std::string_view fallback = {});
-    TextPool::Handle addHomepage(std::string_view text);
-    // The text of the first of the fields that is present, none without any.
-    std::string_view firstOf(std::initializer_list<Field> fields) const;
+    // What the stanza has for a text of its package.
+    std::string_view textOfStanza(PackageText which) const;
+    // The text of the first of the fields that is present, the fallback without any.
+    std::string_view firstOf(std::initializer_list<Field> fields, std::string_view fallback = {}) const;
 
     const DpkgStatus& m_status;
-    std::shared_ptr<PackageOrigin> m_origin;
-    TextPool& m_texts;
-    // For the texts that many packages have in common; the others are not worth a look-up.
-    TextInterner m_sharedTexts;
-    TextPool::Handle m_lastHomepage = TextPool::null;
-    // All records stand in one block, and each pointer to one of them keeps the block.
-    std::shared_ptr<std::deque<VeskPackage>> m_records;
+    RecordWriter m_records;
     PackageVector m_packages;
     // The stanza being read; the buffers are kept from stanza to stanza.
     std::array<Value, FieldCount> m_stanza;

@@ -1,9 +1,7 @@
 #include "catalog/index/IndexRefresh.h"
 
-#include "catalog/records/RepositoryURL.h"
-
-#include <QCoreApplication>
-#include <QPointer>
+#include "catalog/sources/SourceRequest.h"
+#include "catalog/work/MainThread.h"
 
 #include <array>
 
@@ -39,11 +37,13 @@ IndexRefresh::IndexRefresh(
     , m_tools(std::move(tools))
     , m_done(std::move(done))
 {
-    QMetaObject::invokeMethod(
-        this, [this] { attempt(0); }, Qt::QueuedConnection);
+    postToMainThread<IndexRefresh>(this, [](IndexRefresh& self) { self.attempt(0); });
 }
 
-IndexRefresh::~IndexRefresh() = default;
+IndexRefresh::~IndexRefresh()
+{
+    m_stop.request_stop();
+}
 
 void IndexRefresh::attempt(std::size_t index)
 {
@@ -51,36 +51,30 @@ void IndexRefresh::attempt(std::size_t index)
         finish({});
         return;
     }
-    const auto url = RepositoryURL::fromString(m_base + candidates[index].name);
-    if (!url) {
-        QMetaObject::invokeMethod(
-            this, [this, index] { attempt(index + 1); }, Qt::QueuedConnection);
-        return;
-    }
-    const auto done = [this, index](std::optional<QByteArray> body) {
-        if (body)
-            read(std::move(*body), index);
-        else
-            QMetaObject::invokeMethod(
-                this, [this, index] { attempt(index + 1); }, Qt::QueuedConnection);
-    };
-    m_download = std::make_unique<IndexDownload>(*m_tools.network, *url, m_tools.downloadLimits, done, nullptr);
+    if (const auto url = RepositoryURL::fromString(m_base + candidates[index].name))
+        fetch(*url, index);
+    else
+        postToMainThread<IndexRefresh>(this, [index](IndexRefresh& self) { self.attempt(index + 1); });
 }
 
-void IndexRefresh::read(QByteArray body, std::size_t index)
+void IndexRefresh::fetch(const RepositoryURL& url, std::size_t index)
 {
-    const IndexJob job{ std::move(body), candidates[index].compression, m_repository, m_tools.statusPaths,
-        m_tools.nameOrder, m_tools.limits, m_tools.cancelled };
-    // The worker does not touch this object: it posts to the application, which outlives the workers, and the call
-    // finds out on the main thread whether anybody still waits.
-    m_tools.workers->start([job, index, self = QPointer<IndexRefresh>(this)] {
-        auto parsed = std::make_shared<ParsedIndex>(readIndex(job));
-        const auto deliver = [self, index, parsed] {
-            if (self)
-                self->acceptIndex(std::move(*parsed), index);
-        };
-        QMetaObject::invokeMethod(QCoreApplication::instance(), deliver, Qt::QueuedConnection);
-    });
+    const QPointer<IndexRefresh> self(this);
+    IndexJob job{ candidates[index].compression, m_repository, m_tools.statusPaths, m_tools.nameOrder, m_tools.limits };
+    // On a worker.
+    const auto read = [self, index](ParsedIndex parsed) {
+        const auto kept = std::make_shared<ParsedIndex>(std::move(parsed));
+        postToMainThread<IndexRefresh>(
+            self, [kept, index](IndexRefresh& refresh) { refresh.acceptIndex(std::move(*kept), index); });
+    };
+    auto reading = std::make_unique<IndexReading>(std::move(job), m_tools.workers, m_stop.get_token(), read);
+    m_receiver = std::make_shared<IndexReceiver>(std::move(reading));
+    // On the network's thread.
+    const auto ended = [self, receiver = m_receiver, index](const http::Outcome& outcome) {
+        if (!receiver->finish(outcome))
+            postToMainThread<IndexRefresh>(self, [index](IndexRefresh& refresh) { refresh.attempt(index + 1); });
+    };
+    m_tools.network.start(aimedAt(m_tools.request, url.url()), m_receiver, ended, m_stop.get_token());
 }
 
 void IndexRefresh::acceptIndex(ParsedIndex parsed, std::size_t index)

@@ -1,29 +1,32 @@
 #pragma once
 
-#include "catalog/index/IndexDownload.h"
-#include "catalog/index/IndexReader.h"
+#include "catalog/index/IndexReceiver.h"
+#include "catalog/records/RepositoryURL.h"
+#include "http/Network.h"
 
-#include <QThreadPool>
+#include <QObject>
 
-#include <memory>
+#include <functional>
+#include <stop_token>
 
 // The refresh of one source: tries the five index names one after the other until one brings packages.
-// Lives on the main thread; decoding and parsing run on a worker, and what they produce comes back in a queued call,
-// which is dropped when the refresh is gone by then.
+// Lives on the main thread. Each body is read on the workers while the network brings it; what comes of it arrives in a
+// queued call, which is dropped when the refresh is gone by then.
 class IndexRefresh : public QObject
 {
     Q_OBJECT
 
 public:
+    // All of it outlives the refresh, and the workers outlive the network too.
     struct Tools
     {
-        QNetworkAccessManager* network = nullptr;
-        QThreadPool* workers = nullptr;
+        http::Network& network;
+        Workers& workers;
+        // How an index is asked for; the URL is filled in.
+        http::Request request;
         QStringList statusPaths;
         std::shared_ptr<const NameOrder> nameOrder;
         IndexLimits limits;
-        DownloadLimits downloadLimits;
-        CancelFlag cancelled;
     };
     // No packages: every candidate failed.
     using Done = std::function<void(ParsedIndex parsed)>;
@@ -31,11 +34,12 @@ public:
     // The first attempt begins in a later turn of the event loop. Done is called exactly once, and this deletes itself
     // then.
     IndexRefresh(VeskRepositoryPtr repository, const RepositoryURL& root, Tools tools, Done done, QObject* parent);
+    // What is under way ends by itself, soon, and tells nobody.
     ~IndexRefresh() override;
 
 private:
     void attempt(std::size_t index);
-    void read(QByteArray body, std::size_t index);
+    void fetch(const RepositoryURL& url, std::size_t index);
     void acceptIndex(ParsedIndex parsed, std::size_t index);
     void finish(ParsedIndex parsed);
 
@@ -43,5 +47,7 @@ private:
     QString m_base;
     Tools m_tools;
     Done m_done;
-    std::unique_ptr<IndexDownload> m_download;
+    // What the attempt under way has received; it is read for as long as this is here.
+    std::shared_ptr<IndexReceiver> m_receiver;
+    std::stop_source m_stop;
 };

@@ -1,7 +1,5 @@
 #include "catalog/index/IndexTextReader.h"
 
-#include <utility>
-
 IndexTextReader::IndexTextReader(const IndexJob& job, const DpkgStatus& status, Encoding encoding)
     : m_job(job)
     , m_encoding(encoding)
@@ -13,14 +11,12 @@ bool IndexTextReader::feed(std::string_view bytes)
 {
     if (m_state != State::Sound)
         return false;
-    if (m_job.cancelled && m_job.cancelled->load(std::memory_order_relaxed))
-        m_state = State::Refused;
-    else if (m_encoding == Encoding::Latin1)
+    if (m_encoding == Encoding::Latin1)
         parse(viewOf(utf8FromLatin1(bytes)));
     else if (!m_check.feed(bytes))
         m_state = State::NotUtf8;
     else
-        parse(std::exchange(m_isAtBeginning, false) ? withoutByteOrderMark(bytes) : bytes);
+        parse(bytes);
     return m_state == State::Sound;
 }
 
@@ -31,21 +27,28 @@ IndexTextReader::State IndexTextReader::finish()
     if (m_state != State::Sound)
         return m_state;
     m_index.packages = m_parser.finish();
-    if (m_index.packages.size() > m_job.limits.packageCount)
-        return m_state = State::Refused;
     indexNewPackages(m_index.packages);
+    if (isBeyondLimits(m_index.packages.size()))
+        return m_state = State::Refused;
     m_index.searchText.shrink();
     m_index.nameKeys.sort();
+    m_index.sections.sort(*m_job.nameOrder);
+    if (isBeyondLimits(m_index.packages.size()))
+        m_state = State::Refused;
     return m_state;
 }
 
 void IndexTextReader::parse(std::string_view utf8)
 {
     m_parser.feed(utf8);
-    if (m_parser.packages().size() > m_job.limits.packageCount)
+    indexNewPackages(m_parser.packages());
+    if (isBeyondLimits(m_parser.packages().size()))
         m_state = State::Refused;
-    else
-        indexNewPackages(m_parser.packages());
+}
+
+bool IndexTextReader::isBeyondLimits(std::size_t packageCount) const
+{
+    return packageCount > m_job.limits.packageCount || m_parser.byteSize() + m_index.byteSize() > m_job.limits.madeSize;
 }
 
 void IndexTextReader::indexNewPackages(const PackageVector& packages)
@@ -53,5 +56,6 @@ void IndexTextReader::indexNewPackages(const PackageVector& packages)
     for (std::size_t place = m_index.nameKeys.size(); place < packages.size(); ++place) {
         m_index.searchText.add(*packages[place]);
         m_index.nameKeys.add(packages[place]->utf8(VeskPackage::Text::Name), *m_job.nameOrder);
+        m_index.sections.add(packages[place]->utf8(VeskPackage::Text::Section));
     }
 }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "catalog/index/IndexJob.h"
 #include "catalog/index/IndexParser.h"
-#include "catalog/index/IndexReader.h"
+#include "catalog/query/ParsedIndex.h"
 #include "catalog/text/TextDecoding.h"
 
 // The bytes of an index in a known encoding, fed in pieces, turned into packages with all that searching and sorting
@@ -14,14 +15,14 @@ public:
         Sound,
         // To be read anew as Latin-1.
         NotUtf8,
-        // Beyond the limits, or cancelled.
+        // Beyond the limit of packages.
         Refused,
     };
 
     // The job and the status must outlive this.
     IndexTextReader(const IndexJob& job, const DpkgStatus& status, Encoding encoding);
 
-    // False once no more is wanted.
+    // The first piece holds all of a byte order mark, if there is one. False once no more is wanted.
     bool feed(std::string_view bytes);
     // The end of the text.
     State finish();
@@ -30,12 +31,12 @@ public:
 
 private:
     void parse(std::string_view utf8);
+    bool isBeyondLimits(std::size_t packageCount) const;
     void indexNewPackages(const PackageVector& packages);
 
     const IndexJob& m_job;
     Encoding m_encoding;
     State m_state = State::Sound;
-    bool m_isAtBeginning = true;
     Utf8Check m_check;
     IndexParser m_parser;
     ParsedIndex m_index;

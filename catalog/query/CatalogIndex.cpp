@@ -1,9 +1,9 @@
 #include "catalog/query/CatalogIndex.h"
 
+#include "catalog/query/MergeRuns.h"
 #include "catalog/text/TextDecoding.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace {
 
@@ -18,40 +18,15 @@ bool isBefore(const NamedPlace& a, const NamedPlace& b)
     return a.key < b.key;
 }
 
-// Merges the sorted runs that end at the given places, two neighbours at a time, until one is left.
-void mergeRuns(std::vector<NamedPlace>& named, std::vector<std::ptrdiff_t> ends)
+struct NamedSection
 {
-    while (ends.size() > 1) {
-        std::vector<std::ptrdiff_t> merged;
-        std::ptrdiff_t begin = 0;
-        for (std::size_t run = 0; run < ends.size(); run += 2) {
-            const std::ptrdiff_t end = run + 1 < ends.size() ? ends[run + 1] : ends[run];
-            std::inplace_merge(named.begin() + begin, named.begin() + ends[run], named.begin() + end, isBefore);
-            merged.push_back(end);
-            begin = end;
-        }
-        ends = std::move(merged);
-    }
-}
+    std::string_view key;
+    SectionSize section;
+};
 
-std::vector<SectionSize> sectionsOf(const PackageList& packages, const NameOrder& order)
+bool isSectionBefore(const NamedSection& a, const NamedSection& b)
 {
-    std::unordered_map<std::string_view, quint64> counts;
-    for (const VeskPackagePtr& package : packages)
-        ++counts[package->utf8(VeskPackage::Text::Section)];
-    std::vector<std::pair<std::string, SectionSize>> keyed;
-    keyed.reserve(counts.size());
-    for (const auto& [section, count] : counts)
-        keyed.emplace_back(order.keyOf(section), SectionSize{ textOf(section), count });
-    // Names that compare equal come in the order of their letters, so that the order is the same each time it is asked.
-    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
-        return a.first != b.first ? a.first < b.first : a.second.name < b.second.name;
-    });
-    std::vector<SectionSize> sections;
-    sections.reserve(keyed.size());
-    for (auto& [key, section] : keyed)
-        sections.push_back(std::move(section));
-    return sections;
+    return a.key != b.key ? a.key < b.key : a.section.name < b.section.name;
 }
 
 } // namespace
@@ -71,7 +46,7 @@ void CatalogIndex::clear()
 void CatalogIndex::merge(ParsedIndex index)
 {
     bringUpToDate();
-    Segment segment{ std::move(index.searchText), std::move(index.nameKeys), {} };
+    Segment segment{ std::move(index.searchText), std::move(index.nameKeys), std::move(index.sections), {} };
     segment.places.reserve(index.packages.size());
     m_identifiers.reserve(m_packages.size() + index.packages.size());
     bool bringsAny = false;
@@ -82,6 +57,8 @@ void CatalogIndex::merge(ParsedIndex index)
         bringsAny = bringsAny || isNew;
         if (isNew)
             m_packages.push_back(std::move(package));
+        else
+            segment.sections.drop(package->utf8(VeskPackage::Text::Section));
     }
     if (bringsAny)
         m_segments.push_back(std::move(segment));
@@ -125,7 +102,7 @@ const PackageVector& CatalogIndex::packagesByName()
         }
         ends.push_back(static_cast<std::ptrdiff_t>(named.size()));
     }
-    mergeRuns(named, std::move(ends));
+    mergeRuns(named, std::move(ends), isBefore);
     m_sorted.clear();
     m_sorted.reserve(named.size());
     for (const NamedPlace& item : named) {
@@ -140,8 +117,32 @@ const std::vector<SectionSize>& CatalogIndex::sections()
 {
     bringUpToDate();
     if (!m_sections)
-        m_sections = sectionsOf(m_packages, *m_order);
+        m_sections = mergedSections();
     return *m_sections;
+}
+
+// A section that several segments have stands in each of them: here it is one, with the packages of all.
+std::vector<SectionSize> CatalogIndex::mergedSections() const
+{
+    std::vector<NamedSection> named;
+    std::vector<std::ptrdiff_t> ends;
+    for (const Segment& segment : m_segments) {
+        for (const std::uint32_t place : segment.sections.sortedPlaces()) {
+            if (segment.sections.count(place) > 0)
+                named.push_back(
+                    { segment.sections.key(place), { segment.sections.name(place), segment.sections.count(place) } });
+        }
+        ends.push_back(static_cast<std::ptrdiff_t>(named.size()));
+    }
+    mergeRuns(named, std::move(ends), isSectionBefore);
+    std::vector<SectionSize> sections;
+    for (const NamedSection& item : named) {
+        if (!sections.empty() && sections.back().name == item.section.name)
+            sections.back().count += item.section.count;
+        else
+            sections.push_back(item.section);
+    }
+    return sections;
 }
 
 void CatalogIndex::sortByName(PackageVector& packages)
@@ -180,9 +181,11 @@ void CatalogIndex::bringUpToDate()
         m_identifiers.insert(package->utf8(VeskPackage::Text::PackageID), place, m_packages.all());
         whole.searchText.add(*package);
         whole.nameKeys.add(package->utf8(VeskPackage::Text::Name), *m_order);
+        whole.sections.add(package->utf8(VeskPackage::Text::Section));
         whole.places.push_back(place);
     }
     whole.nameKeys.sort();
+    whole.sections.sort(*m_order);
     if (!whole.places.empty())
         m_segments.push_back(std::move(whole));
     noteAsCurrent();

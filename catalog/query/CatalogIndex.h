@@ -6,10 +6,10 @@
 #include <memory>
 #include <optional>
 
-// A section and how many of the catalog's packages are of it.
+// A section and how many of the catalog's packages are of it. The name is good until the next change of the catalog.
 struct SectionSize
 {
-    QString name;
+    std::string_view name;
     quint64 count = 0;
 };
 
@@ -43,6 +43,8 @@ private:
     {
         SearchText searchText;
         NameKeys nameKeys;
+        // Without the packages that were dropped.
+        SectionCounts sections;
         std::vector<std::uint32_t> places;
     };
 
@@ -50,6 +52,7 @@ private:
     void noteAsCurrent();
     void bringUpToDate();
     void forgetResults();
+    std::vector<SectionSize> mergedSections() const;
     bool haveRanks(const PackageVector& packages) const;
 
     PackageList& m_packages;

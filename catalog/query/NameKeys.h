@@ -20,6 +20,7 @@ public:
     std::string_view key(std::uint32_t place) const;
     // Places by name; equal names in the order in which they were added.
     const std::vector<std::uint32_t>& sortedPlaces() const { return m_sortedPlaces; }
+    std::size_t byteSize() const;
 
 private:
     std::string m_keys;

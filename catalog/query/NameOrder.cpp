@@ -1,5 +1,7 @@
 #include "catalog/query/NameOrder.h"
 
+#include "catalog/text/TextDecoding.h"
+
 #include <array>
 #include <cstdint>
 
@@ -13,21 +15,6 @@ struct NameOrder::Collator
 };
 
 namespace {
-
-// The bytes of a text that are compared, far more than anybody reads. A key can be eight times as long as its text: of
-// a text without bound it could fill the memory.
-constexpr std::size_t comparedSize = 1024;
-
-// Cut between two characters.
-std::string_view comparedPart(std::string_view utf8)
-{
-    if (utf8.size() <= comparedSize)
-        return utf8;
-    std::size_t size = comparedSize;
-    while (size > 0 && (static_cast<unsigned char>(utf8[size]) & 0xc0U) == 0x80U)
-        --size;
-    return utf8.substr(0, size);
-}
 
 // The plain "C" locale has the order of bytes, which puts "Zebra" before "apple": the general order stands in for it.
 icu::Locale localeNamed(const QString& name)
@@ -64,7 +51,7 @@ NameOrder::~NameOrder() = default;
 
 void NameOrder::appendKey(std::string_view utf8, std::string& keys) const
 {
-    const std::string_view compared = comparedPart(utf8);
+    const std::string_view compared = firstCharacters(utf8, comparedCharacters);
     const auto text = icu::UnicodeString::fromUTF8({ compared.data(), static_cast<int32_t>(compared.size()) });
     if (!m_collator->order) {
         // Without any collation data at all, texts without their case still stand in a sensible order.

@@ -12,11 +12,15 @@
 class NameOrder
 {
 public:
+    // More than a row shows. A key can be eight times as long as its text: of names without bound, keys could fill the
+    // memory.
+    static constexpr std::size_t comparedCharacters = 64;
+
     explicit NameOrder(const QString& locale);
     ~NameOrder();
 
-    // Appends a key that compares bytewise as the texts do in this order; texts that are alike in their first thousand
-    // bytes count as equal.
+    // Appends a key that compares bytewise as the texts do in this order; texts that are alike in their first
+    // comparedCharacters count as equal.
     void appendKey(std::string_view utf8, std::string& keys) const;
     std::string keyOf(std::string_view utf8) const;
 

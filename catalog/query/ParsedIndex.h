@@ -2,13 +2,22 @@
 
 #include "catalog/query/NameKeys.h"
 #include "catalog/query/SearchText.h"
+#include "catalog/query/SectionCounts.h"
 #include "catalog/records/PackageList.h"
 
-// All that comes of reading an index: its packages, and for each of them, at the same place, what searching and sorting
-// need. Made on a worker and handed to the main thread whole.
+// All that comes of reading an index: its packages, for each of them, at the same place, what searching and sorting
+// need, and their sections. Made on a worker and handed to the main thread whole.
 struct ParsedIndex
 {
     PackageVector packages;
     SearchText searchText;
     NameKeys nameKeys;
+    SectionCounts sections;
+
+    // All but the records, which their writer counts: the pointers to them and what stands beside them.
+    std::size_t byteSize() const
+    {
+        return nameKeys.size() * sizeof(VeskPackagePtr) + searchText.byteSize() + nameKeys.byteSize()
+            + sections.byteSize();
+    }
 };

@@ -22,6 +22,22 @@ char lowerAscii(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
+// Lower-casing a text moves the rest of it for each letter that grows: in a long text of such letters that would take
+// time in proportion to the square of the length. No letter's lower case depends on its neighbours, so pieces do.
+QByteArray lowered(QStringView text)
+{
+    constexpr qsizetype pieceSize = 256;
+    QByteArray utf8;
+    while (!text.empty()) {
+        qsizetype size = std::min(text.size(), pieceSize);
+        if (size < text.size() && text[size].isLowSurrogate() && text[size - 1].isHighSurrogate())
+            --size;
+        utf8 += text.first(size).toString().toLower().toUtf8();
+        text = text.sliced(size);
+    }
+    return utf8;
+}
+
 } // namespace
 
 void SearchText::add(const VeskPackage& package)
@@ -44,7 +60,7 @@ void SearchText::shrink()
 
 QByteArray SearchText::folded(const QString& query)
 {
-    return query.isValidUtf16() ? query.toLower().toUtf8() : QByteArray();
+    return query.isValidUtf16() ? lowered(query) : QByteArray();
 }
 
 std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
@@ -73,7 +89,7 @@ void SearchText::addField(std::string_view utf8)
         m_text.resize(at + static_cast<qsizetype>(utf8.size()));
         std::transform(utf8.begin(), utf8.end(), m_text.data() + at, lowerAscii);
     } else {
-        m_text.append(textOf(utf8).toLower().toUtf8());
+        m_text.append(lowered(textOf(utf8)));
     }
     m_text.append(endOfField);
 }

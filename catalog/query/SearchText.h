@@ -13,9 +13,10 @@ class SearchText
 public:
     void add(const VeskPackage& package);
     void shrink();
-    std::size_t packageCount() const { return m_ends.size(); }
+    std::size_t byteSize() const { return static_cast<std::size_t>(m_text.size()) + m_ends.size() * sizeof m_ends[0]; }
 
     // What is searched for a query; a query that is no well-formed text, and so is in no text, gives an empty one.
+    // Takes time in proportion to the query's length.
     static QByteArray folded(const QString& query);
     // The places of the packages that hold the folded query in one of their fields, in their order. It must not be
     // empty.

@@ -25,7 +25,7 @@ void VeskPackage::setRepository(const VeskRepositoryPtr& repository)
 
 std::string_view VeskPackage::utf8(Text which) const
 {
-    return m_origin ? m_origin->texts.text(m_texts[static_cast<std::size_t>(which)]) : std::string_view();
+    return m_origin ? m_origin->texts.text(m_texts[which]) : std::string_view();
 }
 
 quint64 VeskPackage::editCount()
@@ -42,9 +42,8 @@ void VeskPackage::setText(Text which, const QString& value)
 {
     const auto origin = moveToOwnOrigin();
     const QByteArray bytes = value.toUtf8();
-    m_texts[static_cast<std::size_t>(which)] = value.isNull()
-        ? TextPool::null
-        : origin->texts.add({ bytes.constData(), static_cast<std::size_t>(bytes.size()) });
+    m_texts[which] = value.isNull() ? TextPool::null
+                                    : origin->texts.add({ bytes.constData(), static_cast<std::size_t>(bytes.size()) });
     edits.fetch_add(1, std::memory_order_relaxed);
 }
 
@@ -53,10 +52,7 @@ std::shared_ptr<PackageOrigin> VeskPackage::moveToOwnOrigin()
 {
     auto origin = std::make_shared<PackageOrigin>();
     origin->repository = repository();
-    TextHandles texts{};
-    for (std::size_t index = 0; index < textCount; ++index)
-        texts[index] = origin->texts.add(utf8(static_cast<Text>(index)));
+    m_texts = TextHandles([&](Text which) { return origin->texts.add(utf8(which)); });
     m_origin = origin;
-    m_texts = texts;
     return origin;
 }

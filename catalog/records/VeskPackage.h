@@ -1,10 +1,10 @@
 #pragma once
 
 #include "catalog/records/PackageOrigin.h"
+#include "catalog/records/PackageTexts.h"
 
 #include <QString>
 
-#include <array>
 #include <memory>
 #include <string_view>
 
@@ -13,25 +13,12 @@ using VeskPackagePtr = std::shared_ptr<VeskPackage>;
 
 // One package read from a source's index. Identity semantics; shared by the catalog, the screens' copies and the queue.
 // It keeps its source record alive. Texts: a null QString is "none", an empty one is an empty text.
-// The texts are kept as UTF-8 in a pool that all packages of one index share, and that lives as long as any of them.
+// The texts are kept as UTF-8 in a pool that some neighbours of its index share, and that lives as long as any of them.
 class VeskPackage
 {
 public:
-    enum class Text {
-        PackageID,
-        Name,
-        Version,
-        Desc,
-        Author,
-        Maintainer,
-        Section,
-        IconURLString,
-        DepictionURLString,
-        HomepageURLString,
-        InstalledVersion,
-    };
-    static constexpr std::size_t textCount = 11;
-    using TextHandles = std::array<TextPool::Handle, textCount>;
+    using Text = PackageText;
+    using TextHandles = PackageTexts<TextPool::Handle>;
 
     VeskPackage() = default;
     // A record whose texts already stand in the pool of the given origin.
@@ -84,6 +71,6 @@ private:
     std::shared_ptr<PackageOrigin> moveToOwnOrigin();
 
     std::shared_ptr<const PackageOrigin> m_origin;
-    TextHandles m_texts{};
+    TextHandles m_texts;
     quint32 m_nameRank = 0;
 };

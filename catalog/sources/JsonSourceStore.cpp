@@ -2,16 +2,10 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QStandardPaths>
-
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -49,16 +43,6 @@ QJsonArray listOf(const std::vector<StoredSource>& sources)
     return list;
 }
 
-// QSaveFile brings the file to the disk but not its directory entry.
-void syncDirectory(const QString& path)
-{
-    const int directory = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (directory < 0)
-        return;
-    ::fsync(directory);
-    ::close(directory);
-}
-
 bool somethingStandsAt(const QString& path)
 {
     const QFileInfo info(path);
@@ -78,7 +62,14 @@ QString freeNameBeside(const QString& path)
 } // namespace
 
 JsonSourceStore::JsonSourceStore(QString path)
+    : JsonSourceStore(std::move(path), std::make_unique<FileOperations>())
+{
+}
+
+JsonSourceStore::JsonSourceStore(QString path, std::unique_ptr<FileOperations> files)
     : m_path(std::move(path))
+    , m_files(std::move(files))
+    , m_file(m_path, *m_files)
 {
 }
 
@@ -90,7 +81,9 @@ QString JsonSourceStore::standardPath()
 
 std::optional<std::vector<StoredSource>> JsonSourceStore::sources() const
 {
-    const QJsonValue stored = read().root.value(sourcesKey);
+    const Contents contents = read();
+    m_isLeftAlone = contents.state == FileState::Unreadable;
+    const QJsonValue stored = contents.root.value(sourcesKey);
     if (!stored.isArray())
         return std::nullopt;
     std::vector<StoredSource> sources;
@@ -101,51 +94,49 @@ std::optional<std::vector<StoredSource>> JsonSourceStore::sources() const
 
 bool JsonSourceStore::setSources(const std::vector<StoredSource>& sources)
 {
+    if (m_isLeftAlone)
+        return false;
     Contents contents = read();
-    if (!keepAside(contents.state))
+    if (!QDir().mkpath(QFileInfo(m_path).absolutePath()) || !keepAside(contents))
         return false;
     contents.root.insert(sourcesKey, listOf(sources));
-    return write(contents.root);
+    return m_file.replace(QJsonDocument(contents.root).toJson());
 }
 
 JsonSourceStore::Contents JsonSourceStore::read() const
 {
-    if (!somethingStandsAt(m_path))
+    const DurableFile::Reading file = m_file.read(maximumFileSize);
+    switch (file.presence) {
+    case DurableFile::Presence::Absent:
         return {};
-    // Anything but a plain file (a pipe, say) could block for ever when it is opened.
-    QFile file(m_path);
-    if (!QFileInfo(m_path).isFile() || file.size() > maximumFileSize || !file.open(QIODevice::ReadOnly))
-        return { FileState::Unreadable, {} };
-    const QJsonDocument document = QJsonDocument::fromJson(file.read(maximumFileSize));
+    case DurableFile::Presence::Unreadable:
+        return { FileState::Unreadable, {}, {} };
+    case DurableFile::Presence::Unsuitable:
+        return { FileState::Damaged, {}, {} };
+    case DurableFile::Presence::Read:
+        break;
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(file.contents);
     if (!document.isObject())
-        return { FileState::Unreadable, {} };
+        return { FileState::Damaged, {}, {} };
     const QJsonValue stored = document.object().value(sourcesKey);
     const bool isUsable = stored.isUndefined() || stored.isArray();
-    return { isUsable ? FileState::Readable : FileState::ListDamaged, document.object() };
+    return { isUsable ? FileState::Sound : FileState::ListDamaged, document.object(), file.contents };
 }
 
 // A file that is no store at all makes way; one whose list alone is damaged is copied, for its other keys stay in use.
-bool JsonSourceStore::keepAside(FileState state) const
+bool JsonSourceStore::keepAside(const Contents& contents) const
 {
-    if (state == FileState::Unreadable)
-        return ::rename(QFile::encodeName(m_path).constData(), QFile::encodeName(freeNameBeside(m_path)).constData())
-            == 0;
-    if (state == FileState::ListDamaged)
-        return QFile::copy(m_path, freeNameBeside(m_path));
-    return true;
-}
-
-bool JsonSourceStore::write(const QJsonObject& root) const
-{
-    const QString directory = QFileInfo(m_path).absolutePath();
-    if (!QDir().mkpath(directory))
-        return false;
-    QSaveFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(QJsonDocument(root).toJson());
-    if (!file.commit())
-        return false;
-    syncDirectory(directory);
-    return true;
+    switch (contents.state) {
+    case FileState::Absent:
+    case FileState::Sound:
+        return true;
+    case FileState::ListDamaged:
+        return DurableFile(freeNameBeside(m_path), *m_files).replace(contents.bytes);
+    case FileState::Damaged:
+        return m_file.moveTo(freeNameBeside(m_path));
+    case FileState::Unreadable:
+        break;
+    }
+    return false;
 }

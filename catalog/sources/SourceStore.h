@@ -24,6 +24,6 @@ public:
     // None when no list is stored, or what is stored is not a list.
     virtual std::optional<std::vector<StoredSource>> sources() const = 0;
     // Replaces the stored list and brings it to the disk before it returns. False when that failed: the old list still
-    // stands.
+    // stands, or the new one is not yet safe from a loss of power.
     virtual bool setSources(const std::vector<StoredSource>& sources) = 0;
 };

@@ -25,6 +25,8 @@ public:
         m_taken = 0;
     }
 
+    std::size_t byteSize() const { return m_slots.size() * sizeof(Slot); }
+
     // The number of this hash that is the one looked for, or 0.
     template <class IsSought> std::uint32_t find(std::uint32_t hash, const IsSought& isSought) const
     {

@@ -49,6 +49,11 @@ std::size_t spaceAtBack(std::string_view text)
     return 0;
 }
 
+bool isContinuation(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xc0U) == 0x80U;
+}
+
 } // namespace
 
 bool Utf8Check::feed(std::string_view bytes)
@@ -133,6 +138,24 @@ QByteArray utf8FromLatin1(std::string_view bytes)
 std::string_view withoutByteOrderMark(std::string_view utf8)
 {
     return utf8.starts_with(byteOrderMark) ? utf8.substr(byteOrderMark.size()) : utf8;
+}
+
+std::string_view firstCharacters(std::string_view utf8, std::size_t count)
+{
+    for (std::size_t end = 0; end < utf8.size(); ++end) {
+        if (!isContinuation(utf8[end]) && count-- == 0)
+            return utf8.substr(0, end);
+    }
+    return utf8;
+}
+
+std::string_view firstBytes(std::string_view utf8, std::size_t count)
+{
+    if (utf8.size() <= count)
+        return utf8;
+    while (count > 0 && isContinuation(utf8[count]))
+        --count;
+    return utf8.substr(0, count);
 }
 
 std::string_view trimmedUtf8(std::string_view utf8)

@@ -43,6 +43,11 @@ QByteArray utf8FromLatin1(std::string_view bytes);
 // A byte order mark tells the encoding and is no part of the first line.
 std::string_view withoutByteOrderMark(std::string_view utf8);
 
+// The beginning of well-formed bytes, of at most so many characters.
+std::string_view firstCharacters(std::string_view utf8, std::size_t count);
+// The beginning of well-formed bytes, of at most so many bytes, cut between two characters.
+std::string_view firstBytes(std::string_view utf8, std::size_t count);
+
 // Without the white space and line ends, those of all scripts, at both ends; it keeps its data pointer when nothing is
 // left.
 std::string_view trimmedUtf8(std::string_view utf8);

@@ -6,7 +6,6 @@
 namespace {
 
 constexpr unsigned char moreFollows = 0x80;
-constexpr std::size_t longestLengthPrefix = 5;
 
 } // namespace
 

@@ -21,11 +21,15 @@ public:
     Handle add(std::string_view text);
     // A view without data for null.
     std::string_view text(Handle handle) const;
+    // How much the text can add to a pool's size.
+    static std::size_t largestSizeOf(std::string_view text) { return longestLengthPrefix + text.size(); }
     // Gives back what the buffer holds in reserve.
     void shrink() { m_buffer.squeeze(); }
     std::size_t size() const { return static_cast<std::size_t>(m_buffer.size()); }
 
 private:
+    static constexpr std::size_t longestLengthPrefix = 5;
+
     // Each text stands behind its length, written seven bits a byte, the highest bit telling that more follow.
     // In a QByteArray, which grows to megabytes without being copied.
     QByteArray m_buffer;

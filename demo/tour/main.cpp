@@ -9,7 +9,6 @@
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QNetworkProxyFactory>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QUrl>
@@ -40,17 +39,12 @@ bool onlyLoopbackSources()
 }
 
 // Whatever goes wrong on the way: requests to anywhere else end at a port of this machine where nobody listens.
-class LoopbackOnly : public QNetworkProxyFactory
+void keepRequestsOnThisMachine()
 {
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override
-    {
-        constexpr quint16 Discard = 9;
-        if (query.peerHostName() == QLatin1String("127.0.0.1"))
-            return { QNetworkProxy(QNetworkProxy::NoProxy) };
-        return { QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), Discard) };
-    }
-};
+    for (const char* proxy : { "http_proxy", "https_proxy" })
+        qputenv(proxy, "http://127.0.0.1:9");
+    qputenv("no_proxy", "127.0.0.1");
+}
 
 int makeTour(const QString& directory)
 {
@@ -86,6 +80,6 @@ int main(int argc, char** argv)
         errors << "The stored sources are not all on 127.0.0.1; make the tour by ./run --tour DIRECTORY." << Qt::endl;
         return NotInSandbox;
     }
-    QNetworkProxyFactory::setApplicationProxyFactory(new LoopbackOnly);
+    keepRequestsOnThisMachine();
     return makeTour(QString::fromLocal8Bit(argv[1]));
 }

@@ -85,6 +85,7 @@ DpkgSandbox::Result DpkgSandbox::run(const QStringList& command, const QProcessE
 {
     QProcessEnvironment inside = environment;
     inside.insert(QStringLiteral("HOME"), path(QStringLiteral("home")));
+    inside.insert(QStringLiteral("XDG_CACHE_HOME"), path(QStringLiteral("home/.cache")));
     inside.insert(QStringLiteral("TMPDIR"), path(QStringLiteral("tmp")));
     // dpkg wants the administrator's programs to be found.
     inside.insert(

@@ -22,7 +22,7 @@ protected:
         writeDpkg(QStringLiteral("exit 0"));
         InstallerSurroundings surroundings{
             .dpkgPath = path(QStringLiteral("dpkg")),
-            .temporaryDirectory = path(QStringLiteral("archives")),
+            .archiveDirectories = { path(QStringLiteral("archives")) },
             .urlOpener = std::make_unique<RecordingOpener>(opener),
         };
         surroundings.handOffDelay = std::chrono::milliseconds(0);

@@ -1,5 +1,7 @@
 #include "actions/ChildProcess.h"
 
+#include "actions/SignalDispositions.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -7,6 +9,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <fcntl.h>
 #include <pthread.h>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -41,6 +44,15 @@ protected:
                                               "/proc/$$/fdinfo/%1) > \"$0\"; true");
         EXPECT_TRUE(shell(script.arg(number), { out }));
         return contents(out);
+    }
+
+    static quint64 maskOf(int number) { return 1ULL << (number - 1); }
+    // The signals that a child ignores, a bit for each.
+    quint64 ignoredByChild() const
+    {
+        const QString out = path(QStringLiteral("out"));
+        EXPECT_TRUE(shell(QStringLiteral("sed -n 's/^SigIgn:\\t//p' /proc/self/status > \"$0\""), { out }));
+        return contents(out).trimmed().toULongLong(nullptr, 16);
     }
 
     QTemporaryDir m_directory;
@@ -106,6 +118,21 @@ TEST_F(ChildProcess, passesEveryTextAsItIsWithTheProgramItselfAsArgumentZero)
     EXPECT_EQ(contents(out), expected);
 }
 
+TEST_F(ChildProcess, inheritsNoDescriptorThatALibraryLeftOpenForChildren)
+{
+    const QString out = path(u"out");
+    const int left = open("/dev/null", O_RDONLY); // NOLINT: without close-on-exec, as libraries open their sockets
+    ASSERT_GE(left, 0);
+    // The shell lists its own; the one that reads the directory is its child's.
+    ASSERT_TRUE(
+        shell(QStringLiteral("for fd in /proc/$$/fd/*; do echo \"${fd##*/}\"; done > \"$0.2\"; mv \"$0.2\" \"$0\""),
+            { out }));
+    close(left);
+    const QList<QByteArray> lines = contents(out).split('\n');
+    EXPECT_FALSE(lines.contains(QByteArray::number(left))) << contents(out).toStdString();
+    EXPECT_TRUE(lines.contains("0") && lines.contains("1") && lines.contains("2"));
+}
+
 TEST_F(ChildProcess, inheritsTheEnvironment)
 {
     qputenv("VESK_CHILD_PROCESS_TEST", "a value");
@@ -113,6 +140,29 @@ TEST_F(ChildProcess, inheritsTheEnvironment)
         shell(QStringLiteral("printf %s \"$VESK_CHILD_PROCESS_TEST\" > \"$0\""), { path(QStringLiteral("out")) }));
     EXPECT_EQ(contents(path(QStringLiteral("out"))), "a value");
     qunsetenv("VESK_CHILD_PROCESS_TEST");
+}
+
+// As a library does that talks to the desktop's settings.
+TEST_F(ChildProcess, doesNotInheritThatABrokenPipeCameToBeIgnored)
+{
+    const auto previous = signal(SIGPIPE, SIG_DFL);
+    SignalDispositions::noteAtStart();
+    signal(SIGPIPE, SIG_IGN);
+    EXPECT_EQ(ignoredByChild() & maskOf(SIGPIPE), 0U);
+    // Nor does this process end by it.
+    EXPECT_EQ(raise(SIGPIPE), 0);
+    signal(SIGPIPE, previous);
+}
+
+TEST_F(ChildProcess, inheritsWhatWasIgnoredFromTheStart)
+{
+    const auto previousPipe = signal(SIGPIPE, SIG_IGN);
+    const auto previousHangUp = signal(SIGHUP, SIG_IGN);
+    SignalDispositions::noteAtStart();
+    EXPECT_EQ(ignoredByChild() & maskOf(SIGPIPE), maskOf(SIGPIPE));
+    EXPECT_EQ(ignoredByChild() & maskOf(SIGHUP), maskOf(SIGHUP));
+    signal(SIGPIPE, previousPipe);
+    signal(SIGHUP, previousHangUp);
 }
 
 TEST_F(ChildProcess, hasTheNullDeviceWriteOnlyAsItsThreeDescriptors)

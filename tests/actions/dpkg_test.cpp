@@ -163,7 +163,7 @@ TEST_F(RealDpkg, isNotAskedWhenTheDiskHasNoRoomForTheArchive)
     large.files.append({ QStringLiteral("/opt/vesk-test-large/data"), QByteArray(4 << 20, 'x') });
     offer(large);
     const QStringList smallDisk = { QStringLiteral("--size"), QStringLiteral("1048576"), QStringLiteral("--tmpfs"),
-        m_sandbox.path(QStringLiteral("tmp")) };
+        m_sandbox.path(QStringLiteral("home")) };
     EXPECT_EQ(run({ large.identifier, large.version, QStringLiteral("0") }, 0, smallDisk),
         QStringList{ QStringLiteral("vesk-test-large 0 3") });
     EXPECT_EQ(m_server.requests().size(), 3U);

@@ -8,8 +8,6 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 namespace {
 
 constexpr int longestWait = 60000;
@@ -21,7 +19,7 @@ protected:
     void start(const QStringList& arguments)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("TMPDIR"), m_directory.path());
+        environment.insert(QStringLiteral("XDG_CACHE_HOME"), m_directory.path());
         // The address sanitizer, where it is built in, keeps freed memory for a while unless told not to.
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("quarantine_size_mb=1"));
         m_process.setProcessEnvironment(environment);
@@ -38,7 +36,7 @@ protected:
         return QString::fromUtf8(m_process.readAll());
     }
 
-    QString archives() const { return m_directory.filePath(QStringLiteral("vesk-%1").arg(geteuid())); }
+    QString archives() const { return m_directory.filePath(QStringLiteral("vesk/archives")); }
 
     // By how many KiB the peak of the process's memory grows with the download of a body of so many bytes.
     qint64 growthWithBodyOf(qint64 size)

@@ -1,7 +1,6 @@
 #include "tests/actions/PackageDownloadTest.h"
 
-#include "actions/ArchiveReception.h"
-#include "catalog/index/WebRequest.h"
+#include "actions/ArchiveReceiver.h"
 
 #include <thread>
 
@@ -25,7 +24,7 @@ TEST(ArchiveURLs, getTheSlashThatTheRootLacks)
         EXPECT_EQ(archiveURLs(root, QStringLiteral("a.deb")), archiveURLs(root + u'/', QStringLiteral("a.deb")));
 }
 
-TEST(ArchiveResponse, isAcceptedWithoutErrorFromAThousandBytesOnWithStatus200)
+TEST(ArchiveAnswer, isAcceptedWithoutErrorFromAThousandBytesOnWithStatus200)
 {
     EXPECT_TRUE(isAcceptable({ .hasTransportError = false, .length = 1000, .status = 200 }));
     EXPECT_FALSE(isAcceptable({ .hasTransportError = true, .length = 1000, .status = 200 }));
@@ -45,7 +44,7 @@ TEST_F(PackageDownloadTest, keepsTheBodyInThePrivateDirectoryUnderTheArchivesNam
         QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-TEST_F(PackageDownloadTest, sendsAGetWithTheUserAgentAndNoConditionOnACache)
+TEST_F(PackageDownloadTest, sendsHostAndUserAgentAloneAndNoConditionOnACache)
 {
     LoopbackServer::Reply cacheable;
     cacheable.body = m_body;
@@ -54,11 +53,11 @@ TEST_F(PackageDownloadTest, sendsAGetWithTheUserAgentAndNoConditionOnACache)
     EXPECT_FALSE(download().isNull());
     EXPECT_FALSE(download().isNull());
     ASSERT_EQ(m_server.requests().size(), 2U);
+    const QByteArray host = "127.0.0.1:" + QByteArray::number(m_server.port());
     for (const LoopbackServer::Request& request : m_server.requests()) {
         EXPECT_EQ(request.method, "GET");
-        EXPECT_EQ(request.header("User-Agent"), "Telesphoreo APT-HTTP/1.0.592");
-        for (const char* const name : { "If-None-Match", "If-Modified-Since", "Range", "Cookie" })
-            EXPECT_TRUE(request.header(name).isNull()) << name;
+        EXPECT_EQ(request.headers,
+            (LoopbackServer::Headers{ { "Host", host }, { "User-Agent", "Telesphoreo APT-HTTP/1.0.592" } }));
     }
 }
 
@@ -175,7 +174,7 @@ TEST_F(PackageDownloadTest, acceptsABodyThatEndsWithItsConnection)
 
 TEST_F(PackageDownloadTest, givesUpAServerThatFallsSilentInTheBody)
 {
-    m_limits.inactivityTimeout = std::chrono::milliseconds(200);
+    m_limits.inactivity = std::chrono::milliseconds(200);
     LoopbackServer::Reply answer;
     answer.body = m_body;
     answer.declaredLength = 6000;
@@ -185,7 +184,7 @@ TEST_F(PackageDownloadTest, givesUpAServerThatFallsSilentInTheBody)
 
 TEST_F(PackageDownloadTest, givesUpAServerThatNeverAnswers)
 {
-    m_limits.inactivityTimeout = std::chrono::milliseconds(200);
+    m_limits.inactivity = std::chrono::milliseconds(200);
     LoopbackServer::Reply answer;
     answer.timing = LoopbackServer::Timing::Held;
     expectRefused(answer);
@@ -205,7 +204,7 @@ TEST_F(PackageDownloadTest, givesABodyTheMoreTimeTheMoreOfItHasCome)
     m_limits.patience = std::chrono::milliseconds(100);
     m_limits.slowestRate = 25000;
     EXPECT_EQ(m_limits.timeAllowed(0), std::chrono::milliseconds(100));
-    EXPECT_EQ(m_limits.timeAllowed(5000), std::chrono::milliseconds(300));
+    EXPECT_EQ(m_limits.timeAllowed(5000), std::chrono::milliseconds(200));
     LoopbackServer::Reply answer;
     answer.body = m_body;
     answer.declaredLength = 6000;
@@ -281,7 +280,7 @@ TEST_F(PackageDownloadTest, endsARedirectThatLeadsInACircle)
     m_server.serve(m_pool, m_body);
     EXPECT_EQ(contents(download()), m_body);
     // Its own request, each redirect, and the next candidate's.
-    EXPECT_EQ(m_server.requests().size(), 1U + mostRedirects + 1U);
+    EXPECT_EQ(m_server.requests().size(), 1U + 20U + 1U);
 }
 
 TEST_F(PackageDownloadTest, followsNoRedirectOutOfTheNetwork)
@@ -290,9 +289,9 @@ TEST_F(PackageDownloadTest, followsNoRedirectOutOfTheNetwork)
     ASSERT_TRUE(local.open(QIODevice::WriteOnly));
     local.write(m_body);
     local.close();
-    for (const QByteArray& target : { QByteArray("file://") + local.fileName().toUtf8(),
-             QByteArray("ftp://127.0.0.1/a"), QByteArray("data:text/plain,") + QByteArray(2000, 'x'),
-             QByteArray("qrc:/a"), QByteArray("/two words"), QByteArray() }) {
+    for (const QByteArray& target :
+        { QByteArray("file://") + local.fileName().toUtf8(), QByteArray("ftp://127.0.0.1/a"),
+            QByteArray("data:text/plain,") + QByteArray(2000, 'x'), QByteArray("qrc:/a"), QByteArray() }) {
         m_server.redirect(m_debs, target);
         EXPECT_TRUE(download().isNull()) << target.left(20).toStdString();
         EXPECT_TRUE(entries().isEmpty());
@@ -344,7 +343,7 @@ TEST_F(PackageDownloadTest, endsAtOnceWhenToldToStopAndTriesNoFurtherCandidate)
     answer.declaredLength = 6000;
     answer.ending = Ending::Stall;
     reply(answer);
-    m_limits.inactivityTimeout = std::chrono::minutes(10);
+    m_limits.inactivity = std::chrono::minutes(10);
     std::stop_source stop;
     QString path = QStringLiteral("not ended");
     std::thread worker([&] { path = download(package(), stop.get_token()); });

@@ -176,7 +176,7 @@ TEST_F(QueueExecution, waitsSixTenthsOfASecondBeforeAHandOffAfterAFailedDpkg)
 {
     InstallerSurroundings surroundings{
         .dpkgPath = path(QStringLiteral("dpkg")),
-        .temporaryDirectory = path(QStringLiteral("archives")),
+        .archiveDirectories = { path(QStringLiteral("archives")) },
         .urlOpener = std::make_unique<RecordingOpener>(opener),
     };
     installer = std::make_unique<PackageInstaller>(std::move(surroundings));

@@ -8,7 +8,7 @@ namespace {
 
 InstallerSurroundings noSurroundings()
 {
-    return { .dpkgPath = {}, .temporaryDirectory = {}, .urlOpener = nullptr };
+    return { .dpkgPath = {}, .archiveDirectories = {}, .urlOpener = nullptr };
 }
 
 VeskPackagePtr packageNamed(const QString& identifier)
@@ -225,4 +225,17 @@ TEST(SharedInstaller, isOneInstanceWithAnEmptyQueue)
     EXPECT_EQ(&PackageInstaller::sharedInstaller(), &PackageInstaller::sharedInstaller());
     EXPECT_TRUE(PackageInstaller::sharedInstaller().queue().empty());
     EXPECT_FALSE(PackageInstaller::sharedInstaller().isInstalling());
+}
+
+TEST(QueueEntry, holdsWhatItIsToldLater)
+{
+    const auto entry = QueueEntry::entryWithPackage(nullptr, QueueActionInstall);
+    EXPECT_EQ(entry->status(), QueueStatusQueued);
+    const auto package = std::make_shared<VeskPackage>();
+    entry->setPackage(package);
+    entry->setAction(QueueActionUpgrade);
+    entry->setStatus(QueueStatusReady);
+    EXPECT_EQ(entry->package(), package);
+    EXPECT_EQ(entry->action(), QueueActionUpgrade);
+    EXPECT_EQ(entry->status(), QueueStatusReady);
 }

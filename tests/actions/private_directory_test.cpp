@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
 #include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -40,6 +41,15 @@ protected:
     static QStringList entries(const QString& directory)
     {
         return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    static std::set<int> openDescriptors()
+    {
+        std::set<int> descriptors;
+        for (int descriptor = 0; descriptor < 256; ++descriptor)
+            if (fcntl(descriptor, F_GETFD) != -1)
+                descriptors.insert(descriptor);
+        return descriptors;
     }
 
     bool store(const QString& name, const QByteArray& bytes) const
@@ -126,6 +136,60 @@ TEST_F(PrivateDirectoryTest, isRefusedWithoutAParentOrAName)
 {
     EXPECT_FALSE(PrivateDirectory::open(path(QStringLiteral("missing/private"))).has_value());
     EXPECT_FALSE(PrivateDirectory::open(QString()).has_value());
+}
+
+TEST_F(PrivateDirectoryTest, isTheFirstThatCanBeOpened)
+{
+    write(path(QStringLiteral("taken")), "a file");
+    const auto directory = PrivateDirectory::openFirst(
+        { path(QStringLiteral("taken")), path(QStringLiteral("taken/below")), path(), path(QStringLiteral("spare")) });
+    ASSERT_TRUE(directory.has_value());
+    EXPECT_EQ(directory->pathOf(QStringLiteral("a")), path() + QStringLiteral("/a"));
+    EXPECT_FALSE(QFile::exists(path(QStringLiteral("spare"))));
+    EXPECT_FALSE(PrivateDirectory::openFirst({ path(QStringLiteral("taken")) }).has_value());
+    EXPECT_FALSE(PrivateDirectory::openFirst({}).has_value());
+}
+
+TEST_F(PrivateDirectoryTest, isMadeWithItsParentsForItsUserAlone)
+{
+    const mode_t previous = umask(0);
+    EXPECT_TRUE(PrivateDirectory::openFirst({ path(QStringLiteral("cache/vesk/archives")) }).has_value());
+    umask(previous);
+    for (const QString& name :
+        { QStringLiteral("cache"), QStringLiteral("cache/vesk"), QStringLiteral("cache/vesk/archives") })
+        EXPECT_EQ(modeOf(path(name)), S_IFDIR | 0700U) << name.toStdString();
+}
+
+// Some file systems tell only then that there was no room.
+TEST_F(PrivateDirectoryTest, failsWhenTheCloseOfAFileFails)
+{
+    const auto directory = PrivateDirectory::open(path());
+    const std::set<int> before = openDescriptors();
+    const auto file = directory->makeFile();
+    ASSERT_TRUE(file->write("contents", 8));
+    for (const int descriptor : openDescriptors())
+        if (!before.contains(descriptor))
+            ASSERT_EQ(close(descriptor), 0);
+    EXPECT_FALSE(file->moveTo(QStringLiteral("archive")));
+    EXPECT_TRUE(entries(path()).isEmpty());
+}
+
+// A program that is started meanwhile, dpkg above all, must not hold on to them.
+TEST_F(PrivateDirectoryTest, keepsItsDescriptorsFromChildren)
+{
+    const std::set<int> before = openDescriptors();
+    const auto directory = PrivateDirectory::open(path());
+    ASSERT_TRUE(directory.has_value());
+    const auto file = directory->makeFile();
+    ASSERT_NE(file, nullptr);
+    int opened = 0;
+    for (const int descriptor : openDescriptors()) {
+        if (before.contains(descriptor))
+            continue;
+        ++opened;
+        EXPECT_EQ(fcntl(descriptor, F_GETFD), FD_CLOEXEC);
+    }
+    EXPECT_EQ(opened, 2);
 }
 
 TEST_F(PrivateDirectoryTest, keepsAFileUnderItsFinalNameForItsUserAlone)

@@ -1,4 +1,5 @@
 #include "tests/catalog/CatalogFixture.h"
+#include "http/Client.h"
 
 #include <QFile>
 
@@ -17,8 +18,8 @@ CatalogWorld CatalogFixture::world() const
     CatalogWorld world;
     world.store = std::make_unique<MemorySourceStore>(m_store);
     world.statusPaths = { statusPath() };
-    world.network = std::make_unique<QNetworkAccessManager>();
-    world.workers = QThreadPool::globalInstance();
+    world.network = std::make_unique<http::Client>();
+    world.workers = std::make_shared<Workers>();
     world.collationLocale = QStringLiteral("en");
     return world;
 }

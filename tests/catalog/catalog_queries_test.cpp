@@ -208,6 +208,53 @@ TEST_F(CatalogQueries, countTheCategoriesAnewWhenTheCatalogOrARecordHasChanged)
     EXPECT_EQ(categoryLines(), QStringList({ u"Games 1"_s, u"Tools 1"_s }));
 }
 
+TEST_F(CatalogQueries, giveOneCategoryByItsRow)
+{
+    for (const QString& section : { u"zebra"_s, u"Apple"_s, u"zebra"_s })
+        add(section, section, QString(), QString(), section);
+    ASSERT_EQ(manager().categoryCount(), 2U);
+    EXPECT_EQ(manager().categoryAt(0)->name(), u"Apple"_s);
+    EXPECT_EQ(manager().categoryAt(1)->name(), u"zebra"_s);
+    EXPECT_EQ(manager().categoryAt(1)->count(), 2U);
+    EXPECT_EQ(manager().categoryAt(2), nullptr);
+    EXPECT_NE(manager().categoryAt(0), manager().categoryAt(0));
+    manager().packages().clear();
+    EXPECT_EQ(manager().categoryCount(), 0U);
+    EXPECT_EQ(manager().categoryAt(0), nullptr);
+}
+
+TEST_F(CatalogQueries, countASectionOfSeveralSourcesOnceAndNoPackageThatWasDroppedAsADuplicate)
+{
+    m_server.serve(
+        "/1/Packages.bz2", "Package: a\nSection: Tools\n\nPackage: b\nSection: zebra\n\nPackage: a\nSection: Games\n");
+    m_server.serve("/2/Packages.bz2",
+        "Package: c\nSection: Tools\n\nPackage: b\nSection: Tools\n\nPackage: a\nSection: Apples\n\nPackage: d\n");
+    m_server.serve("/3/Packages.bz2", "Package: e\nSection: apples\n\nPackage: f\nSection: zebra\n");
+    for (const QString& path : { u"/1"_s, u"/2"_s, u"/3"_s })
+        ASSERT_TRUE(refresh(addServedSource(path)));
+    EXPECT_EQ(categoryLines(), QStringList({ u"apples 1"_s, u"Other 1"_s, u"Tools 2"_s, u"zebra 2"_s }));
+    EXPECT_EQ(manager().categoryCount(), 4U);
+}
+
+TEST_F(CatalogQueries, takeHundredsOfThousandsOfSections)
+{
+    constexpr int count = 200000;
+    QByteArray index;
+    for (int number = count; number > 0; --number) {
+        const QByteArray digits = QByteArray::number(number).rightJustified(7, '0');
+        index += "Package: p" + digits + "\nSection: s" + digits + "\n\n";
+    }
+    m_server.serve("/1/Packages.bz2", index);
+    m_server.serve("/2/Packages.bz2", index);
+    ASSERT_TRUE(refresh(addServedSource(u"/1"_s)));
+    ASSERT_TRUE(refresh(addServedSource(u"/2"_s)));
+    ASSERT_EQ(manager().categoryCount(), std::size_t(count));
+    for (const int row : { 0, 1, count / 2, count - 1 }) {
+        EXPECT_EQ(manager().categoryAt(std::size_t(row))->name(), u"s%1"_s.arg(row + 1, 7, 10, QChar(u'0')));
+        EXPECT_EQ(manager().categoryAt(std::size_t(row))->count(), 1U);
+    }
+}
+
 TEST_F(CatalogQueries, makeNewCategoryRecordsEachTime)
 {
     add(u"a"_s, u"A"_s, QString(), QString());

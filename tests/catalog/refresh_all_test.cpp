@@ -44,6 +44,18 @@ TEST_F(RefreshAll, completesAtOnceWithoutAnyRequestWhenNothingIsEnabled)
     EXPECT_TRUE(m_server.requests().empty());
 }
 
+TEST_F(RefreshAll, isDroppedWhenTheApplicationQuitsInTheMiddleOfIt)
+{
+    hold("/1/Packages.bz2", stanza("a"));
+    addServedSource(u"/1"_s);
+    manager().refreshAllWithCompletion([] { FAIL() << "nobody is told of a refresh that was dropped"; });
+    ASSERT_TRUE(waitFor([this] { return m_server.requests().size() == 1; }));
+    EXPECT_NE(manager().findChild<QObject*>(), nullptr);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    EXPECT_EQ(manager().findChild<QObject*>(), nullptr);
+}
+
 TEST_F(RefreshAll, isLoadingFromItsStartToItsCompletionInALaterTurn)
 {
     serve(u"/1"_s, "a");
@@ -191,7 +203,6 @@ TEST_F(RefreshAll, isDroppedWhenTheManagerGoes)
     ASSERT_TRUE(waitFor([&] { return m_server.requests().size() == 2; }));
     m_manager.reset();
     m_server.release("/1/Packages.bz2");
-    QThreadPool::globalInstance()->waitForDone();
     QTest::qWait(20);
     EXPECT_FALSE(isDone);
 }
@@ -199,21 +210,20 @@ TEST_F(RefreshAll, isDroppedWhenTheManagerGoes)
 TEST_F(RefreshAll, dropsWhatAWorkerStillDeliversWhenTheManagerIsGone)
 {
     serve(u"/1"_s, "a");
-    QThreadPool busy;
-    busy.setMaxThreadCount(1);
+    auto busy = std::make_shared<Workers>(1);
     CatalogWorld other = world();
-    other.workers = &busy;
+    other.workers = busy;
     m_store->stored = std::vector<StoredSource>({ { m_server.url(u"/1"_s), u"A"_s, true } });
     m_manager = std::make_unique<RepoManager>(std::move(other));
     QSemaphore gate;
-    busy.start([&gate] { gate.acquire(); });
+    busy->post([&gate] { gate.acquire(); });
     bool isDone = false;
     manager().refreshAllWithCompletion([&isDone] { isDone = true; });
     ASSERT_TRUE(waitFor([&] { return !m_server.requests().empty(); }));
     QTest::qWait(20);
     m_manager.reset();
     gate.release();
-    busy.waitForDone();
+    busy.reset();
     QCoreApplication::processEvents();
     EXPECT_FALSE(isDone);
 }

@@ -2,14 +2,13 @@
 // what the library makes of the whole.
 #include "catalog/decode/Bzip2Blocks.h"
 #include "catalog/text/TextDecoding.h"
-#include "tests/catalog/decode/GatheringTarget.h"
+#include "tests/catalog/decode/DrivenDecoder.h"
 #include "tests/catalog/decode/PackedStream.h"
+#include "tests/catalog/decode/PlainReference.h"
 
 #include <cstdlib>
 
 namespace {
-
-constexpr std::size_t limit = std::size_t(64) * 1024 * 1024;
 
 // Three bytes tell where, one tells how; what is left over at the end tells where the body is cut.
 QByteArray edited(QByteArray body, const std::uint8_t* data, std::size_t size)
@@ -33,26 +32,29 @@ void require(bool isAsExpected)
         std::abort();
 }
 
-void checkBlocks(const QByteArray& body)
+void checkBlocks(const QByteArray& bytes)
 {
-    Bzip2Blocks blocks(viewOf(body));
+    const auto body = std::make_shared<ReceivedBody>();
+    body->append(viewOf(bytes));
+    body->finish();
+    Bzip2Blocks blocks(body);
     QByteArray text;
     bool isSound = true;
     while (const auto block = blocks.next()) {
-        const QByteArray part = blocks.decode(*block);
+        const QByteArray part = Bzip2Blocks::decode(*body, *block, {});
         isSound = isSound && !part.isEmpty();
         text += part;
     }
-    require(!isSound || !blocks.isComplete() || text == unpackedByLibrary(body));
+    const bool isComplete = blocks.state() == Bzip2Blocks::State::Complete;
+    require(!isSound || !isComplete || text == plainlyDecoded(bytes, Compression::Bzip2).text);
 }
 
-void checkDecoder(const QByteArray& body)
+void checkDecoder(const QByteArray& body, qsizetype pieceSize)
 {
-    const QByteArray expected = unpackedByLibrary(body);
-    GatheringTarget target(-1);
-    const DecodeResult result = decodeBzip2(viewOf(body), limit, target);
-    require(result == (expected.isEmpty() ? DecodeResult::Broken : DecodeResult::Complete));
-    require(expected.isEmpty() || target.text() == expected);
+    const PlainlyDecoded expected = plainlyDecoded(body, Compression::Bzip2);
+    const Decoded decoded = decodeInPieces(body, Compression::Bzip2, [pieceSize] { return pieceSize; });
+    require((decoded.state == DecodeState::Complete) == expected.isSound);
+    require(decoded.text == expected.text);
 }
 
 } // namespace
@@ -64,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size == 0)
         return 0;
     if (data[0] % 16 == 0)
-        checkDecoder(edited(manyBlocks, data + 1, size - 1));
+        checkDecoder(edited(manyBlocks, data + 1, size - 1), 1000 + data[0] * qsizetype(500));
     else
         checkBlocks(edited(oneBlock, data + 1, size - 1));
     return 0;

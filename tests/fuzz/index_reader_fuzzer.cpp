@@ -1,28 +1,41 @@
-// Any bytes, as a body of each kind and as the status file: nothing may crash, and what comes out must hang together.
+// Any bytes, as a body of each kind that comes in pieces of any size, and as the status file: nothing may crash, what
+// comes out must hang together, and it must be what the plain definition says.
 #include "catalog/index/DpkgStatus.h"
-#include "catalog/index/IndexReader.h"
+#include "tests/catalog/index/PlainReading.h"
+#include "tests/catalog/index/ReadIndex.h"
 
 #include <cstdlib>
 
+namespace {
+
+void require(bool isAsExpected)
+{
+    if (!isAsExpected)
+        std::abort();
+}
+
+IndexJob jobFor(Compression compression)
+{
+    static const auto order = std::make_shared<const NameOrder>(QStringLiteral("en"));
+    IndexJob job;
+    job.compression = compression;
+    job.repository = std::make_shared<VeskRepository>();
+    job.nameOrder = order;
+    return job;
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size == 0)
+    if (size < 2)
         return 0;
-    IndexJob job;
-    job.body = QByteArray(reinterpret_cast<const char*>(data + 1), static_cast<qsizetype>(size - 1));
-    job.compression = static_cast<Compression>(data[0] % 3);
-    job.repository = std::make_shared<VeskRepository>();
-    static const auto order = std::make_shared<const NameOrder>(QStringLiteral("en"));
-    job.nameOrder = order;
-    job.limits.textSize = 1024 * 1024;
-    const ParsedIndex index = readIndex(job);
-    if (index.searchText.packageCount() != index.packages.size() || index.nameKeys.size() != index.packages.size())
-        std::abort();
-    for (const VeskPackagePtr& package : index.packages) {
-        if (package->packageID().isEmpty() || package->name().isNull())
-            std::abort();
-    }
-    const DpkgStatus status = DpkgStatus::fromBytes(job.body);
-    status.versionOf("a");
+    const QByteArray body(reinterpret_cast<const char*>(data + 2), static_cast<qsizetype>(size - 2));
+    const auto compression = static_cast<Compression>(data[0] % 3);
+    const ParsedIndex index = readIndexInPieces(jobFor(compression), body, 1 + data[1], sharedWorkers());
+    require(index.searchText.packageCount() == index.packages.size());
+    require(index.nameKeys.size() == index.packages.size());
+    require(fieldsOf(index.packages) == plainlyRead(body, compression));
+    DpkgStatus::fromBytes(body).versionOf("a");
     return 0;
 }

@@ -3,9 +3,7 @@
 #include "ui/classic/IconLoader.h"
 #include "ui/kit/paint/TextScale.h"
 
-#include <QCoreApplication>
 #include <QGuiApplication>
-#include <QNetworkAccessManager>
 #include <QScreen>
 
 #include <algorithm>
@@ -17,6 +15,8 @@ constexpr double wholeScale = 255.0;
 constexpr kit::EdgeInsets barInsets{ 0, 8, 0, 8 };
 constexpr kit::EdgeInsets rowInsets{ 0, 12, 0, 12 };
 constexpr double headerMargin = 14;
+// Characters; far more than a line has room for.
+constexpr qsizetype longestHeader = 1000;
 constexpr double nearlyNothing = 0.01;
 
 const kit::Color& shadow()
@@ -64,22 +64,11 @@ void styleBackgrounds(kit::TableViewCell& cell, const QString& assetName)
     cell.setSelectedBackgroundView(imageViewShowing(selected, cell.selectedBackgroundView()));
 }
 
-struct SharedIcons
+// The one loader of the program, with its cache.
+std::unique_ptr<IconLoader>& iconLoader()
 {
-    QNetworkAccessManager manager;
-    IconLoader loader{ manager, IconLoader::Limits{} };
-};
-
-// The one loader of the program, with its cache. Its network works on a thread of its own, which ends while all that
-// it uses is still there.
-IconLoader& sharedIconLoader()
-{
-    static std::unique_ptr<SharedIcons> icons;
-    if (!icons) {
-        icons = std::make_unique<SharedIcons>();
-        qAddPostRoutine([] { icons.reset(); });
-    }
-    return icons->loader;
+    static std::unique_ptr<IconLoader> loader;
+    return loader;
 }
 
 } // namespace
@@ -201,7 +190,8 @@ kit::View* ClassicUI::sectionHeaderViewWithTitle(const QString& title, double wi
     header->setGradient({ colorWithRed(173, 184, 195, 1), colorWithRed(117, 132, 149, 1) });
 
     auto* label = new kit::Label({ headerMargin, 0, std::max(0.0, width - 2 * headerMargin), height });
-    label->setText(title.toUpper());
+    // Cut to what can be seen first: letters that grow as capitals make a long text take seconds.
+    label->setText(title.left(longestHeader).toUpper());
     label->setTextColor(kit::Color::white());
     label->setFont(kit::Font::boldSystemFont(12));
     label->setShadow(kit::Label::Shadow::Below, shadow());
@@ -226,10 +216,16 @@ kit::Button* ClassicUI::classicButtonWithTitle(const QString& title, ButtonKind 
     return button;
 }
 
+void ClassicUI::setIconNetwork(http::Network* network)
+{
+    iconLoader() = network ? std::make_unique<IconLoader>(*network, IconLoader::Limits{}) : nullptr;
+}
+
 void ClassicUI::loadIconForPackage(const VeskPackage& package, kit::ImageView& imageView)
 {
     imageView.setImage(assetNamed(QStringLiteral("Homepage")));
     imageView.setContentMode(kit::ImageView::ContentMode::AspectFit);
     const QScreen* screen = QGuiApplication::primaryScreen();
-    sharedIconLoader().load(package.iconURLString(), screen ? screen->devicePixelRatio() : 1, imageView);
+    if (iconLoader())
+        iconLoader()->load(package.iconURLString(), screen ? screen->devicePixelRatio() : 1, imageView);
 }

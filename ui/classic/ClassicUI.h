@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/records/VeskPackage.h"
+#include "http/Network.h"
 #include "ui/kit/navigation/NavigationController.h"
 #include "ui/kit/navigation/TabBarController.h"
 #include "ui/kit/paint/Color.h"
@@ -43,6 +44,9 @@ public:
     static kit::View* sectionHeaderViewWithTitle(const QString& title, double width);
     static kit::Button* classicButtonWithTitle(const QString& title, ButtonKind kind);
 
+    // What icons are loaded over from now on. It must stay until another one, or null, is set; without one, every
+    // package keeps the placeholder. Icons that are on their way are dropped, those in memory too.
+    static void setIconNetwork(http::Network* network);
     // Shows the placeholder at once and the package's icon as soon as it is there. The view may go away meanwhile.
     static void loadIconForPackage(const VeskPackage& package, kit::ImageView& imageView);
 };

@@ -6,7 +6,8 @@
 #include <QMutex>
 #include <QString>
 
-// Decoded icons by their URL text. Holds as many as fit a number of bytes and drops the least recently used. Any
+// Decoded icons by their URL text. Holds as many as fit a number of bytes, with their texts and some more for
+// each, and drops the least recently used. Any
 // thread.
 class IconCache
 {

@@ -15,15 +15,25 @@ struct Apart
     bool isComplete = false;
 };
 
-Apart takenApart(const QByteArray& body)
+std::shared_ptr<ReceivedBody> received(const QByteArray& bytes)
+{
+    auto body = std::make_shared<ReceivedBody>();
+    body->append(viewOf(bytes));
+    return body;
+}
+
+Apart takenApart(const QByteArray& bytes)
 {
     Apart apart;
-    Bzip2Blocks blocks(viewOf(body));
+    const auto body = received(bytes);
+    body->finish();
+    Bzip2Blocks blocks(body);
     while (const auto block = blocks.next()) {
         apart.blocks.push_back(*block);
-        apart.texts.push_back(blocks.decode(*block));
+        apart.texts.push_back(Bzip2Blocks::decode(*body, *block, {}));
     }
-    apart.isComplete = blocks.isComplete();
+    EXPECT_NE(blocks.state(), Bzip2Blocks::State::Searching);
+    apart.isComplete = blocks.state() == Bzip2Blocks::State::Complete;
     return apart;
 }
 
@@ -71,10 +81,11 @@ TEST(Bzip2Blocks, areNotCompleteWhenTheStreamBreaksOff)
 {
     const QByteArray packed = packedInSmallBlocks(noise(150000));
     for (qsizetype length = packed.size() - 200; length < packed.size(); ++length) {
-        const QByteArray part = packed.left(length);
-        Bzip2Blocks blocks(viewOf(part));
+        const auto body = received(packed.left(length));
+        body->finish();
+        Bzip2Blocks blocks(body);
         while (blocks.next()) { }
-        EXPECT_FALSE(blocks.isComplete()) << length;
+        EXPECT_EQ(blocks.state(), Bzip2Blocks::State::Doubtful) << length;
     }
     EXPECT_TRUE(takenApart(packed).isComplete);
 }
@@ -115,6 +126,54 @@ TEST(Bzip2Blocks, areLeftWhenTheirTextIsUnusuallyLongOrShort)
     ASSERT_EQ(flushed.texts.size(), 3U);
     EXPECT_TRUE(flushed.texts[1].isEmpty());
     EXPECT_EQ(flushed.texts[2].size(), 1000);
+}
+
+TEST(Bzip2Blocks, areFoundAsSoonAsTheirLastByteHasCome)
+{
+    const QByteArray packed = packedInSmallBlocks(noise(250000));
+    const Apart expected = takenApart(packed);
+    ASSERT_EQ(expected.blocks.size(), 3U);
+    const auto body = std::make_shared<ReceivedBody>();
+    Bzip2Blocks blocks(body);
+    std::size_t found = 0;
+    for (qsizetype size = 1; size <= packed.size(); ++size) {
+        body->append(viewOf(packed).substr(static_cast<std::size_t>(size - 1), 1));
+        const auto block = blocks.next();
+        ASSERT_FALSE(blocks.next());
+        const bool isExpected
+            = found < 3 && expected.blocks[found].end + (found == 2 ? 80 : 48) <= std::uint64_t(size) * 8;
+        ASSERT_EQ(block.has_value(), isExpected) << size;
+        if (block) {
+            EXPECT_EQ(block->end, expected.blocks[found++].end);
+        }
+    }
+    EXPECT_EQ(found, 3U);
+    EXPECT_EQ(blocks.state(), Bzip2Blocks::State::Complete);
+}
+
+TEST(Bzip2Blocks, areSearchedOnWhileMoreMayCome)
+{
+    const QByteArray packed = packedInSmallBlocks(noise(1000));
+    for (qsizetype size = 0; size < packed.size(); ++size) {
+        const auto body = received(packed.left(size));
+        Bzip2Blocks blocks(body);
+        EXPECT_FALSE(blocks.next());
+        EXPECT_EQ(blocks.state(), Bzip2Blocks::State::Searching);
+        body->finish();
+        EXPECT_FALSE(blocks.next());
+        EXPECT_EQ(blocks.state(), Bzip2Blocks::State::Doubtful);
+    }
+}
+
+TEST(Bzip2Blocks, haveNoTextWhenAStopIsAskedFor)
+{
+    const auto body = received(packedInSmallBlocks(noise(90000)));
+    const auto block = Bzip2Blocks(body).next();
+    ASSERT_TRUE(block);
+    std::stop_source stop;
+    EXPECT_EQ(Bzip2Blocks::decode(*body, *block, stop.get_token()).size(), 90000);
+    stop.request_stop();
+    EXPECT_TRUE(Bzip2Blocks::decode(*body, *block, stop.get_token()).isEmpty());
 }
 
 // Noise without a mark is not searched to its end for each block.

@@ -1,14 +1,13 @@
-#include "catalog/text/TextDecoding.h"
-#include "tests/catalog/decode/GatheringTarget.h"
+#include "tests/catalog/decode/DrivenDecoder.h"
 #include "tests/catalog/decode/PackedStream.h"
+#include "tests/catalog/decode/PlainReference.h"
 
 #include <gtest/gtest.h>
 
-// Bodies large enough to be shared out among threads: what comes out must be what the library makes of the whole body.
+// Bodies of many blocks, which are shared out among threads: what comes out must be what the library makes of the whole
+// body.
 
 namespace {
-
-constexpr std::size_t noLimit = std::size_t(1024) * 1024 * 1024;
 
 // All with the same text, packed into some hundred thousand bytes.
 const QByteArray& manyBlocks()
@@ -19,11 +18,10 @@ const QByteArray& manyBlocks()
 
 void expectWhatTheLibraryGives(const QByteArray& body)
 {
-    const QByteArray expected = unpackedByLibrary(body);
-    GatheringTarget target(-1);
-    const DecodeResult result = decodeBzip2(viewOf(body), noLimit, target);
-    EXPECT_EQ(result, expected.isEmpty() ? DecodeResult::Broken : DecodeResult::Complete);
-    EXPECT_TRUE(expected.isEmpty() || target.text() == expected);
+    const PlainlyDecoded expected = plainlyDecoded(body, Compression::Bzip2);
+    const Decoded decoded = decodeInPieces(body, Compression::Bzip2, [] { return qsizetype(20011); });
+    EXPECT_EQ(decoded.state, expected.isSound ? DecodeState::Complete : DecodeState::Broken);
+    EXPECT_TRUE(decoded.text == expected.text);
 }
 
 QByteArray withByteTurnedOver(QByteArray body, qsizetype at)
@@ -36,9 +34,9 @@ QByteArray withByteTurnedOver(QByteArray body, qsizetype at)
 
 TEST(Bzip2Decoder, givesTheBlocksInTheirOrder)
 {
-    GatheringTarget target(-1);
-    EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), noLimit, target), DecodeResult::Complete);
-    EXPECT_TRUE(target.text() == noise(550000));
+    const Decoded decoded = decodeWhole(manyBlocks(), Compression::Bzip2);
+    EXPECT_EQ(decoded.state, DecodeState::Complete);
+    EXPECT_TRUE(decoded.text == noise(550000));
 }
 
 TEST(Bzip2Decoder, endsWithTheFirstStream)
@@ -102,25 +100,5 @@ TEST(Bzip2Decoder, failsOnAnotherLevelThanTheBlocksAreOf)
     for (const char level : { '0', '5', '9', 'x' }) {
         body[3] = level;
         expectWhatTheLibraryGives(body);
-    }
-}
-
-TEST(Bzip2Decoder, keepsToTheLimitAcrossBlocks)
-{
-    for (const std::size_t limit : { 1U, 65536U, 99981U, 250000U, 549999U }) {
-        GatheringTarget target(-1);
-        EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), limit, target), DecodeResult::TooLarge) << limit;
-        EXPECT_LE(target.text().size(), static_cast<qsizetype>(limit));
-    }
-    GatheringTarget target(-1);
-    EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), 550000, target), DecodeResult::Complete);
-}
-
-TEST(Bzip2Decoder, stopsInAnyBlockWhenNoMoreIsWanted)
-{
-    for (int windows = 0; windows < 9; ++windows) {
-        GatheringTarget target(windows);
-        EXPECT_EQ(decodeBzip2(viewOf(manyBlocks()), noLimit, target), DecodeResult::Stopped) << windows;
-        EXPECT_TRUE(noise(550000).startsWith(target.text()));
     }
 }

@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +19,32 @@ std::string versionIn(const QByteArray& status, std::string_view packageID)
     const auto version = snapshot.versionOf(packageID);
     return version ? std::string(*version) : "(none)";
 }
+
+// While it lives, the process may ask for so many more bytes of memory and no more.
+class LittleMemory
+{
+public:
+    explicit LittleMemory(std::size_t bytes)
+    {
+        EXPECT_EQ(::getrlimit(RLIMIT_AS, &m_before), 0);
+        rlimit limit = m_before;
+        limit.rlim_cur = addressSpace() + bytes;
+        EXPECT_EQ(::setrlimit(RLIMIT_AS, &limit), 0);
+    }
+    ~LittleMemory() { ::setrlimit(RLIMIT_AS, &m_before); }
+    LittleMemory(const LittleMemory&) = delete;
+    LittleMemory& operator=(const LittleMemory&) = delete;
+
+private:
+    static std::size_t addressSpace()
+    {
+        QFile file(u"/proc/self/statm"_s);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().split(' ').first().toULongLong() * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    }
+
+    rlimit m_before{};
+};
 
 } // namespace
 
@@ -81,6 +109,8 @@ TEST(DpkgStatus, trimsSpacesAndTabsAndNothingElse)
     EXPECT_EQ(versionIn("Package:a\nVersion: \t1 2\t \n", "a"), "1 2");
     EXPECT_EQ(versionIn("Package: \ta \t\nVersion:1\n", "a"), "1");
     EXPECT_EQ(versionIn("Package: a\nVersion: 1\r\n", "a"), "1\r");
+    EXPECT_EQ(versionIn("Package: a\nVersion:\r1\n", "a"), "\r1");
+    EXPECT_EQ(versionIn("Package: \ra\nVersion: \v1\f\n", "\ra"), "\v1\f");
 }
 
 TEST(DpkgStatus, doesNotKnowFieldsInOtherLettersOrBehindABlank)
@@ -146,6 +176,35 @@ TEST_F(DpkgStatusFiles, doNotBlockOnAPipeInTheirPlace)
     const QString pipe = m_directory.filePath(u"pipe"_s);
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_EQ(versionIn({ pipe, write(u"second"_s, "Package: a\nVersion: 1\n") }, "a"), "1");
+}
+
+TEST_F(DpkgStatusFiles, arePassedOverWhenTheyAreLargerThanAnyStatusFile)
+{
+    constexpr qint64 largest = qint64(256) * 1024 * 1024;
+    QFile first(write(u"first"_s, "Package: a\nVersion: 1\n\n"));
+    const QString second = write(u"second"_s, "Package: a\nVersion: 2\n");
+    ASSERT_TRUE(first.resize(largest));
+    EXPECT_EQ(versionIn({ first.fileName(), second }, "a"), "1");
+    ASSERT_TRUE(first.resize(largest + 1));
+    EXPECT_EQ(versionIn({ first.fileName(), second }, "a"), "2");
+}
+
+TEST_F(DpkgStatusFiles, doNotTakeTheMemoryOfTheLargestForASmallOne)
+{
+    const QString path = write(u"small"_s, "Package: a\nVersion: 1\n");
+    std::string version;
+    {
+        const LittleMemory little(std::size_t(64) << 20);
+        version = versionIn({ path }, "a");
+    }
+    EXPECT_EQ(version, "1");
+}
+
+TEST_F(DpkgStatusFiles, tellTheManagerNothingForNoIdentifierEvenWhenAStanzaHasAnEmptyOne)
+{
+    writeStatus("Package:\nVersion: 1\n");
+    EXPECT_TRUE(manager().installedVersionForPackage(QString()).isNull());
+    EXPECT_EQ(manager().installedVersionForPackage(u""_s), u"1"_s);
 }
 
 TEST_F(DpkgStatusFiles, areReadAnewByEveryQuestionToTheManager)

@@ -226,6 +226,12 @@ TEST_F(IndexParsing, doesNotCareWhereThePiecesAreCut)
     }
 }
 
+TEST_F(IndexParsing, takesAByteOrderMarkForPartOfTheFirstFieldsName)
+{
+    EXPECT_EQ(idsOf(parse(u"\ufeffPackage: a\nVersion: 1\n\nPackage: b\n"_s)), QStringList(u"b"_s));
+    EXPECT_EQ(parseOne(u"\ufeffVersion: 1\nPackage: a\n"_s)->version(), u"0"_s);
+}
+
 TEST_F(IndexParsing, doesNotLoseAnIdentifierThatIsAByteOrderMark)
 {
     const auto package = parseOne(u"Package: \ufeff\nName: \ufeffa\n"_s);
@@ -233,7 +239,7 @@ TEST_F(IndexParsing, doesNotLoseAnIdentifierThatIsAByteOrderMark)
     EXPECT_EQ(package->name(), u"\ufeffa"_s);
 }
 
-TEST_F(IndexParsing, keepsTheWholeTextAliveWithTheLastPackage)
+TEST_F(IndexParsing, keepsTheTextsOfTheLastPackageThatIsHeld)
 {
     VeskPackagePtr package;
     {

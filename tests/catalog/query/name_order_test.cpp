@@ -1,4 +1,5 @@
 #include "catalog/query/NameKeys.h"
+#include "catalog/text/TextDecoding.h"
 #include "tests/catalog/CatalogFixture.h"
 
 using namespace Qt::StringLiterals;
@@ -51,14 +52,40 @@ TEST(NameOrder, takesEmptyNullAndLongNames)
     EXPECT_TRUE(packages[0]->name().isNull());
 }
 
+TEST(NameOrder, leavesManyEqualNamesAsTheyStood)
+{
+    QStringList names;
+    for (int number = 0; number < 1000; ++number)
+        names << (number % 2 == 0 ? u"Same"_s : u"sAME"_s);
+    EXPECT_EQ(sorted(u"en"_s, names), names);
+}
+
 TEST(NameOrder, keepsKeysShortHoweverLongANameIs)
 {
     // One character whose key is eight times as long as itself.
     const QByteArray name = QByteArray("\xef\xb7\xba").repeated(1000 * 1000);
     const NameOrder order(u"en"_s);
     const std::string key = order.keyOf({ name.constData(), static_cast<std::size_t>(name.size()) });
-    EXPECT_GT(key.size(), 1024U);
-    EXPECT_LT(key.size(), 16U * 1024U);
+    EXPECT_GT(key.size(), NameOrder::comparedCharacters);
+    EXPECT_LT(key.size(), NameOrder::comparedCharacters * 3 * 16);
+    EXPECT_EQ(key, order.keyOf(viewOf(name.left(3 * NameOrder::comparedCharacters))));
+}
+
+TEST(NameOrder, looksAtTheFirst64CharactersWhateverTheirSize)
+{
+    for (const QString& letter : { u"x"_s, u"ü"_s, u"漢"_s, u"😀"_s }) {
+        const QString common = letter.repeated(63);
+        EXPECT_EQ(
+            sorted(u"en"_s, { common + u"b"_s, common + u"a"_s }), QStringList({ common + u"a"_s, common + u"b"_s }));
+        EXPECT_EQ(sorted(u"en"_s, { common + u"xb"_s, common + u"xa"_s }),
+            QStringList({ common + u"xb"_s, common + u"xa"_s }));
+    }
+}
+
+TEST(NameOrder, tellsAccentsApartInWhicheverOrderTheNamesArrive)
+{
+    for (const QStringList& arrival : { QStringList{ u"Zoë"_s, u"zoe"_s }, QStringList{ u"zoe"_s, u"Zoë"_s } })
+        EXPECT_EQ(sorted(u"en"_s, arrival), QStringList({ u"zoe"_s, u"Zoë"_s }));
 }
 
 class NameOrderOfTheCatalog : public CatalogFixture

@@ -124,8 +124,8 @@ TEST(VeskPackage, leavesItsNeighboursAloneWhenItIsChanged)
 {
     const auto origin = std::make_shared<PackageOrigin>();
     origin->repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
-    VeskPackage::TextHandles texts{};
-    texts[0] = origin->texts.add("shared");
+    VeskPackage::TextHandles texts;
+    texts[VeskPackage::Text::PackageID] = origin->texts.add("shared");
     VeskPackage one(origin, texts);
     const VeskPackage other(origin, texts);
     one.setRepository(nullptr);

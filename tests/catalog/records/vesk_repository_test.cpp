@@ -26,6 +26,26 @@ TEST(VeskRepository, startsWithEveryTextNullAndDisabledWhenMadePlainly)
     EXPECT_FALSE(repository.lastRefresh().isValid());
 }
 
+TEST(VeskRepository, keepsEachPropertyApartFromTheOthers)
+{
+    VeskRepository repository;
+    const QDateTime now = QDateTime::currentDateTime();
+    repository.setName(u"name"_s);
+    repository.setUrlString(u"url"_s);
+    repository.setOrigin(u"origin"_s);
+    repository.setRepoDescription(u"description"_s);
+    repository.setIconURLString(u"icon"_s);
+    repository.setLastRefresh(now);
+    repository.setEnabled(true);
+    EXPECT_EQ(repository.name(), u"name"_s);
+    EXPECT_EQ(repository.urlString(), u"url"_s);
+    EXPECT_EQ(repository.origin(), u"origin"_s);
+    EXPECT_EQ(repository.repoDescription(), u"description"_s);
+    EXPECT_EQ(repository.iconURLString(), u"icon"_s);
+    EXPECT_EQ(repository.lastRefresh(), now);
+    EXPECT_TRUE(repository.enabled());
+}
+
 TEST(VeskRepository, isEnabledAndOtherwiseEmptyWhenMadeByTheFactory)
 {
     const auto repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);

@@ -1,4 +1,5 @@
 #include "catalog/sources/JsonSourceStore.h"
+#include "http/Client.h"
 #include "tests/catalog/CatalogFixture.h"
 
 #include <QDir>
@@ -223,8 +224,7 @@ TEST_F(JsonStore, thatCannotBeWrittenLosesNoSourceInMemory)
     file.close();
     CatalogWorld world;
     world.store = std::make_unique<JsonSourceStore>(path());
-    world.network = std::make_unique<QNetworkAccessManager>();
-    world.workers = QThreadPool::globalInstance();
+    world.network = std::make_unique<http::Client>();
     RepoManager manager(std::move(world));
     EXPECT_EQ(manager.repositories().size(), 4U);
     manager.toggleRepository(manager.repositories()[0], false);
@@ -244,8 +244,7 @@ TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
     const auto restart = [this] {
         CatalogWorld world;
         world.store = std::make_unique<JsonSourceStore>(path());
-        world.network = std::make_unique<QNetworkAccessManager>();
-        world.workers = QThreadPool::globalInstance();
+        world.network = std::make_unique<http::Client>();
         return std::make_unique<RepoManager>(std::move(world));
     };
     auto manager = restart();

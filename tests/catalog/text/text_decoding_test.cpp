@@ -60,6 +60,22 @@ TEST(Utf8FromLatin1, turnsEveryByteIntoTheCharacterOfItsNumber)
     EXPECT_EQ(utf8FromLatin1(viewOf(bytes)), QString::fromLatin1(bytes).toUtf8());
 }
 
+TEST(FirstCharacters, areSoManyWhateverTheirSize)
+{
+    const std::string text = "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80z";
+    const std::vector<std::size_t> ends{ 0, 1, 3, 6, 10, 11, 11 };
+    for (std::size_t count = 0; count < ends.size(); ++count)
+        EXPECT_EQ(firstCharacters(text, count), text.substr(0, ends[count])) << count;
+}
+
+TEST(FirstBytes, endBetweenTwoCharacters)
+{
+    const std::string text = "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80z";
+    const std::vector<std::size_t> ends{ 0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10, 11, 11 };
+    for (std::size_t count = 0; count < ends.size(); ++count)
+        EXPECT_EQ(firstBytes(text, count), text.substr(0, ends[count])) << count;
+}
+
 TEST(TrimmedUtf8, takesAwayTheSameWhiteSpaceAsForAnyText)
 {
     for (char16_t code = 1; code < 0xd800; ++code) {

@@ -1,7 +1,7 @@
 #include "ui/classic/ClassicPackageCell.h"
 
 #include "tests/support/LoopbackServer.h"
-#include "tests/ui/classic/TestImage.h"
+#include "tests/support/TestImage.h"
 #include "tests/ui/classic/TestPackage.h"
 #include "ui/classic/ClassicUI.h"
 
@@ -142,6 +142,21 @@ TEST_F(PackageCell, remembersTheIconItRepresentsUntilItIsReused)
     EXPECT_EQ(cell.representedIconURL(), QStringLiteral("no icon here"));
     cell.prepareForReuse();
     EXPECT_TRUE(cell.representedIconURL().isNull());
+}
+
+TEST_F(PackageCell, canBeToldAnotherIconItRepresents)
+{
+    cell.setRepresentedIconURL(QStringLiteral("http://127.0.0.1/icon.png"));
+    EXPECT_EQ(cell.representedIconURL(), QStringLiteral("http://127.0.0.1/icon.png"));
+}
+
+TEST_F(PackageCell, showsThePlaceholderAgainWhenItIsPreparedForReuse)
+{
+    configure();
+    cell.imageView()->setImage(kit::Image::fromData(pngOf(Qt::red), 1));
+    ASSERT_FALSE(showsPlaceholder());
+    cell.prepareForReuse();
+    EXPECT_TRUE(showsPlaceholder());
 }
 
 TEST_F(PackageCell, alternatesItsBackgroundWithTheRow)

@@ -258,6 +258,15 @@ TEST(SectionHeader, hasAGradientAndItsTitleInCapitals)
     EXPECT_EQ(label->shadowColor(), kit::Color::black(0.42));
 }
 
+// A screen reader would tell the title twice.
+TEST(SectionHeader, isToldByItselfAndNotByItsLabelToo)
+{
+    const std::unique_ptr<kit::View> header(ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("Title"), 320));
+    EXPECT_TRUE(header->isAccessibilityElement());
+    EXPECT_EQ(header->accessibilityLabel(), QStringLiteral("TITLE"));
+    EXPECT_FALSE(header->subviews().first()->isAccessibilityElement());
+}
+
 TEST(SectionHeader, givesTheLabelNoWidthBelow28Points)
 {
     for (const double width : { 27.9, 10.0, 0.0 }) {
@@ -290,4 +299,25 @@ TEST(ClassicButton, isRedWhenItDestroys)
     const std::unique_ptr<kit::Button> button(
         ClassicUI::classicButtonWithTitle(QStringLiteral("Uninstall"), ClassicUI::ButtonKind::Destructive));
     expectStretched(button->backgroundImage(), QStringLiteral("buttonbackred"), 12);
+}
+
+TEST(PackageIcon, isThePlaceholderFittedIntoItsViewForAPackageWithoutAnIcon)
+{
+    VeskPackage package;
+    kit::ImageView view(kit::Image::systemNamed(QStringLiteral("gearshape")));
+    ASSERT_EQ(view.contentMode(), kit::ImageView::ContentMode::ScaleToFill);
+    ClassicUI::loadIconForPackage(package, view);
+    EXPECT_EQ(view.image(), ClassicUI::assetNamed(QStringLiteral("Homepage")));
+    EXPECT_EQ(view.contentMode(), kit::ImageView::ContentMode::AspectFit);
+}
+
+// Capitals of these letters are longer, and making them one after the other takes time that grows with the square.
+TEST(SectionHeader, makesCapitalsOfNoMoreThanCanBeSeen)
+{
+    const std::unique_ptr<kit::View> header(
+        ClassicUI::sectionHeaderViewWithTitle(QString(qsizetype(1) << 20, QChar(0xdf)), 390));
+    const auto* label = qobject_cast<kit::Label*>(header->subviews().first());
+    EXPECT_LE(label->text().size(), 2000);
+    EXPECT_EQ(label->shownText(), QString(1000, u'S'));
+    EXPECT_EQ(header->accessibilityLabel(), label->text());
 }

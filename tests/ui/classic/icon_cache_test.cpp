@@ -1,6 +1,6 @@
 #include "ui/classic/IconCache.h"
 
-#include "tests/ui/classic/TestImage.h"
+#include "tests/support/TestImage.h"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +9,12 @@
 
 namespace {
 
-constexpr qsizetype bytesOfIcon = qsizetype(10) * 10 * 4;
+// The pixels, and room for the rest of an entry.
+constexpr qsizetype bytesOfIcon = qsizetype(50) * 50 * 4 + 600;
 
 kit::Image icon()
 {
-    return kit::Image::fromData(pngOf(Qt::red, { 10, 10 }), 1);
+    return kit::Image::fromData(pngOf(Qt::red, { 50, 50 }), 1);
 }
 
 } // namespace
@@ -47,6 +48,33 @@ TEST(IconCache, dropsTheLeastRecentlyUsedWhenItsBytesAreFull)
     EXPECT_FALSE(cache.image(QStringLiteral("a")).isNull());
     EXPECT_TRUE(cache.image(QStringLiteral("b")).isNull());
     EXPECT_FALSE(cache.image(QStringLiteral("c")).isNull());
+}
+
+TEST(IconCache, countsTheTextsOfItsEntries)
+{
+    IconCache cache(10 * bytesOfIcon);
+    cache.insert(QStringLiteral("a"), icon());
+    const QString longText(qsizetype(5) * bytesOfIcon, u'b');
+    cache.insert(longText, icon());
+    EXPECT_TRUE(cache.image(longText).isNull());
+    EXPECT_FALSE(cache.image(QStringLiteral("a")).isNull());
+}
+
+// Half of the threads do nothing but insert: two at once would tear its list of what was used last.
+TEST(IconCache, isSafeToFillFromSeveralThreads)
+{
+    IconCache cache(4 * bytesOfIcon);
+    const kit::Image image = icon();
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread)
+        threads.emplace_back([&cache, &image, thread] {
+            for (int step = 0; step < 50000; ++step)
+                cache.insert(QString::number((step * 7 + thread) % 32), image);
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    cache.insert(QStringLiteral("last"), image);
+    EXPECT_EQ(cache.image(QStringLiteral("last")), image);
 }
 
 TEST(IconCache, isSafeToUseFromSeveralThreads)

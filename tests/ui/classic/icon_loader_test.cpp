@@ -1,9 +1,9 @@
 #include "ui/classic/IconLoader.h"
 
+#include "http/Client.h"
 #include "tests/support/LoopbackServer.h"
-#include "tests/ui/classic/TestImage.h"
+#include "tests/support/TestImage.h"
 
-#include <QNetworkReply>
 #include <QSignalSpy>
 #include <QTemporaryFile>
 #include <QTest>
@@ -16,16 +16,16 @@ namespace {
 constexpr int generousMilliseconds = 20000;
 
 // The real network, with a count of what is asked of it.
-class CountingManager : public QNetworkAccessManager
+class CountingNetwork : public http::Client
 {
 public:
     int requests = 0;
 
-protected:
-    QNetworkReply* createRequest(Operation operation, const QNetworkRequest& request, QIODevice* data) override
+    void start(const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done,
+        std::stop_token stop) override
     {
         ++requests;
-        return QNetworkAccessManager::createRequest(operation, request, data);
+        http::Client::start(request, std::move(receiver), std::move(done), std::move(stop));
     }
 };
 
@@ -34,10 +34,17 @@ class Loader : public testing::Test
 protected:
     void restart(const IconLoader::Limits& limits)
     {
-        loader = std::make_unique<IconLoader>(manager, limits);
+        loader = std::make_unique<IconLoader>(network, limits);
         finished = std::make_unique<QSignalSpy>(loader.get(), &IconLoader::finished);
     }
     Loader() { restart({}); }
+
+    static IconLoader::Limits downloadLimits(const http::Limits& download)
+    {
+        IconLoader::Limits limits;
+        limits.download = download;
+        return limits;
+    }
 
     void load(const QString& url, kit::ImageView& target, double scale = 1) { loader->load(url, scale, target); }
     void waitFor(int count)
@@ -56,7 +63,7 @@ protected:
     bool isEmpty() const { return view.image().isNull(); }
 
     LoopbackServer server;
-    CountingManager manager;
+    CountingNetwork network;
     kit::ImageView view;
     std::unique_ptr<IconLoader> loader;
     std::unique_ptr<QSignalSpy> finished;
@@ -86,7 +93,7 @@ TEST_F(Loader, showsACachedIconAtOnceWithoutADownload)
     kit::ImageView other;
     load(server.url(QStringLiteral("/icon.png")), other);
     EXPECT_EQ(other.image(), view.image());
-    EXPECT_EQ(manager.requests, 1);
+    EXPECT_EQ(network.requests, 1);
 }
 
 TEST_F(Loader, givesALateIconNoMoreToAViewThatWasAskedForAnotherOrForNone)
@@ -122,19 +129,78 @@ TEST_F(Loader, asksTheNetworkForNothingThatIsNotAWebURL)
              QStringLiteral("data:image/png;base64,AAAA"), QStringLiteral("ftp://127.0.0.1/icon.png"),
              QStringLiteral("http://127.0.0.1/a b.png") })
         load(url, view);
-    EXPECT_EQ(manager.requests, 0);
+    EXPECT_EQ(network.requests, 0);
     EXPECT_TRUE(isEmpty());
 }
 
-TEST_F(Loader, sendsNoHeadersOfItsOwn)
+TEST_F(Loader, sendsNoUserAgentAndNothingThatSpeaksOfCachesOrCookies)
 {
     server.serve("/icon.png", pngOf(Qt::red));
     loadAndWait(QStringLiteral("/icon.png"));
     const auto requests = server.requests();
     ASSERT_EQ(requests.size(), 1U);
     EXPECT_EQ(requests.front().method, "GET");
-    EXPECT_TRUE(requests.front().header("Cache-Control").isNull());
-    EXPECT_TRUE(requests.front().header("Cookie").isNull());
+    for (const char* name : { "User-Agent", "Cache-Control", "Pragma", "Cookie", "Range" })
+        EXPECT_TRUE(requests.front().header(name).isNull()) << name;
+}
+
+TEST_F(Loader, givesUpOnAnIconThatTrickles)
+{
+    http::Limits hasty = IconLoader::standardDownload();
+    EXPECT_EQ(hasty.deadline, std::chrono::minutes(1));
+    hasty.deadline = std::chrono::milliseconds(50);
+    restart(downloadLimits(hasty));
+    server.setReply("/icon.png", { .body = "a", .declaredLength = 100, .ending = LoopbackServer::Ending::Stall });
+    loadAndWait(QStringLiteral("/icon.png"));
+    EXPECT_TRUE(isEmpty());
+}
+
+TEST_F(Loader, asksForNoMoreThanSixteenIconsAtOnceAndForTheOthersAsThoseEnd)
+{
+    constexpr std::size_t AtOnce = 16;
+    constexpr int All = 40;
+    std::vector<kit::ImageView> views(All);
+    for (int number = 0; number < All; ++number) {
+        const QString path = QStringLiteral("/%1.png").arg(number);
+        server.setReply(path.toUtf8(), { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
+        load(server.url(path), views[static_cast<std::size_t>(number)]);
+    }
+    EXPECT_EQ(network.requests, static_cast<int>(AtOnce));
+    for (int number = 0; number < All; ++number)
+        server.release(QStringLiteral("/%1.png").arg(number).toUtf8());
+    waitFor(All);
+    EXPECT_EQ(network.requests, All);
+    for (const kit::ImageView& each : views)
+        EXPECT_EQ(colorOf(each), QColor(Qt::red));
+}
+
+TEST_F(Loader, dropsWhatTheViewsOfAPassingListWantNoMore)
+{
+    // As many views as rows, each asked for one icon after the other, none of which is answered.
+    std::vector<kit::ImageView> views(12);
+    server.serve("/last.png", pngOf(Qt::red));
+    for (int number = 0; number < 1100; ++number) {
+        const QString path = QStringLiteral("/%1.png").arg(number);
+        server.setReply(path.toUtf8(), { .timing = LoopbackServer::Timing::Held });
+        load(server.url(path), views[static_cast<std::size_t>(number) % views.size()]);
+    }
+    for (kit::ImageView& each : views)
+        load(server.url(QStringLiteral("/last.png")), each);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return std::ranges::all_of(views, [](const auto& each) { return !each.image().isNull(); }); },
+        generousMilliseconds));
+    EXPECT_LT(network.requests, 200);
+}
+
+TEST_F(Loader, asksOnceForAViewThatIsToldTheSameIconAgainAndAgain)
+{
+    server.setReply("/icon.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
+    for (int time = 0; time < 5; ++time)
+        load(server.url(QStringLiteral("/icon.png")), view);
+    server.release("/icon.png");
+    waitFor(1);
+    EXPECT_EQ(network.requests, 1);
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
 }
 
 TEST_F(Loader, followsARedirectToTheWebAndToNothingElse)
@@ -150,6 +216,15 @@ TEST_F(Loader, followsARedirectToTheWebAndToNothingElse)
     file.flush();
     server.redirect("/file.png", "file://" + file.fileName().toUtf8());
     loadAndWait(QStringLiteral("/file.png"));
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
+TEST_F(Loader, followsARedirectToAnotherServer)
+{
+    LoopbackServer other;
+    other.serve("/icon.png", pngOf(Qt::red));
+    server.redirect("/moved.png", other.url(QStringLiteral("/icon.png")).toUtf8());
+    loadAndWait(QStringLiteral("/moved.png"));
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
 }
 
@@ -178,7 +253,7 @@ TEST_F(Loader, triesAgainAfterAFailure)
     server.serve("/icon.png", pngOf(Qt::red));
     loadAndWait(QStringLiteral("/icon.png"));
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
-    EXPECT_EQ(manager.requests, 2);
+    EXPECT_EQ(network.requests, 2);
 }
 
 // What counts is the body, not the status.
@@ -197,7 +272,7 @@ TEST_F(Loader, startsADownloadForEachViewThatWaitsForTheSameIcon)
     load(server.url(QStringLiteral("/icon.png")), other);
     server.release("/icon.png");
     waitFor(2);
-    EXPECT_EQ(manager.requests, 2);
+    EXPECT_EQ(network.requests, 2);
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
     EXPECT_EQ(colorOf(other), QColor(Qt::red));
 }
@@ -212,13 +287,13 @@ TEST_F(Loader, fillsTheCacheForAViewThatIsGone)
     waitFor(1);
     load(server.url(QStringLiteral("/icon.png")), view);
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
-    EXPECT_EQ(manager.requests, 1);
+    EXPECT_EQ(network.requests, 1);
 }
 
 TEST_F(Loader, refusesABodyOverItsBoundAndStopsReadingIt)
 {
     constexpr qint64 bound = 100000;
-    restart({ .largestBody = bound });
+    restart(downloadLimits({ .largestBody = bound }));
     server.setReply("/icon.png", { .body = pngOf(Qt::red), .fillerSize = qint64(200) * 1024 * 1024 });
     loadAndWait(QStringLiteral("/icon.png"));
     EXPECT_TRUE(isEmpty());
@@ -228,12 +303,12 @@ TEST_F(Loader, refusesABodyOverItsBoundAndStopsReadingIt)
 TEST_F(Loader, takesABodyOfExactlyItsBound)
 {
     const QByteArray body = pngOf(Qt::red);
-    restart({ .largestBody = body.size() });
+    restart(downloadLimits({ .largestBody = body.size() }));
     server.serve("/icon.png", body);
     loadAndWait(QStringLiteral("/icon.png"));
     EXPECT_EQ(colorOf(view), QColor(Qt::red));
 
-    restart({ .largestBody = body.size() - 1 });
+    restart(downloadLimits({ .largestBody = body.size() - 1 }));
     view.setImage({});
     loadAndWait(QStringLiteral("/icon.png"));
     EXPECT_TRUE(isEmpty());
@@ -250,7 +325,7 @@ TEST_F(Loader, takesABodyLargerThanItsReadBuffer)
 
 TEST_F(Loader, givesUpOnASilentServer)
 {
-    restart({ .inactivityTimeout = std::chrono::milliseconds(50) });
+    restart(downloadLimits({ .inactivity = std::chrono::milliseconds(50) }));
     server.setReply("/icon.png", { .body = "a", .declaredLength = 100, .ending = LoopbackServer::Ending::Stall });
     loadAndWait(QStringLiteral("/icon.png"));
     EXPECT_TRUE(isEmpty());
@@ -262,7 +337,7 @@ TEST_F(Loader, downloadsAgainWhatItsCacheHadNoRoomFor)
     server.serve("/icon.png", pngOf(Qt::red));
     loadAndWait(QStringLiteral("/icon.png"));
     loadAndWait(QStringLiteral("/icon.png"));
-    EXPECT_EQ(manager.requests, 2);
+    EXPECT_EQ(network.requests, 2);
 }
 
 TEST_F(Loader, canGoAwayDuringDownloadsAndDecodings)

@@ -1,6 +1,6 @@
 // The end of a process while an icon is on its way.
 #include "tests/support/LoopbackServer.h"
-#include "tests/ui/classic/TestImage.h"
+#include "tests/support/TestImage.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

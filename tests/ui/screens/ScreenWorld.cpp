@@ -1,10 +1,10 @@
 #include "tests/ui/screens/ScreenWorld.h"
 
+#include "ui/kit/paint/Animations.h"
 #include "ui/kit/view/Label.h"
 
 #include <QCoreApplication>
 #include <QTest>
-#include <QThreadPool>
 
 ScreenTest::ScreenTest()
 {
@@ -14,12 +14,12 @@ ScreenTest::ScreenTest()
     auto ownedNetwork = std::make_unique<ScriptedNetwork>();
     network = ownedNetwork.get();
     world.network = std::move(ownedNetwork);
-    world.workers = QThreadPool::globalInstance();
+    world.workers = std::make_shared<Workers>();
     world.collationLocale = QStringLiteral("en");
     manager = std::make_unique<RepoManager>(std::move(world));
 
     InstallerSurroundings surroundings;
-    surroundings.temporaryDirectory = directory.filePath(QStringLiteral("archives"));
+    surroundings.archiveDirectories = { directory.filePath(QStringLiteral("archives")) };
     surroundings.urlOpener = std::make_unique<RecordingOpener>(opener);
     installer = std::make_unique<PackageInstaller>(std::move(surroundings));
 }
@@ -27,7 +27,6 @@ ScreenTest::ScreenTest()
 ScreenTest::~ScreenTest()
 {
     navigation.reset();
-    QThreadPool::globalInstance()->waitForDone();
 }
 
 void ScreenTest::showOnStack(kit::ViewController* screen)
@@ -62,6 +61,14 @@ QString ScreenTest::headerText(int section) const
         return {};
     const auto* label = qobject_cast<kit::Label*>(header->subviews().first());
     return label ? label->text() : QString();
+}
+
+bool ScreenTest::isPushedAnimated(const std::function<void()>& step) const
+{
+    kit::Animations::setEnabled(true);
+    step();
+    kit::Animations::setEnabled(false);
+    return navigation->isPushing() && navigation->isTransitioning();
 }
 
 VeskPackagePtr ScreenTest::addPackage(const QString& name, const QString& section)

@@ -60,6 +60,11 @@ protected:
     template <typename Screen> Screen* top() const { return dynamic_cast<Screen*>(navigation->topViewController()); }
     kit::AlertController* lastAlert() const { return window.alerts().isEmpty() ? nullptr : window.alerts().last(); }
 
+    // Whether the row has lost its selection by an animation.
+    static bool isFadingOut(const kit::TableViewCell* row) { return !row->isSelected() && row->fadesSelection(); }
+    // Whether a screen is on its way in by an animation when the step is done.
+    bool isPushedAnimated(const std::function<void()>& step) const;
+
     VeskPackagePtr addPackage(const QString& name, const QString& section = QStringLiteral("Other"));
     VeskPackagePtr addInstalledPackage(const QString& name, const QString& version, const QString& installedVersion);
 

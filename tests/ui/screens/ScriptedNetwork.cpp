@@ -1,66 +1,42 @@
 #include "tests/ui/screens/ScriptedNetwork.h"
 
-#include <algorithm>
-#include <cstring>
+#include <string_view>
+#include <utility>
 
-ScriptedReply::ScriptedReply(
-    QNetworkAccessManager::Operation operation, const QNetworkRequest& request, QObject* parent)
-    : QNetworkReply(parent)
+void ScriptedNetwork::start(
+    const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done, std::stop_token stop)
 {
-    setOperation(operation);
-    setRequest(request);
-    setUrl(request.url());
-    open(QIODevice::ReadOnly);
-}
-
-void ScriptedReply::answer(const std::optional<QByteArray>& body)
-{
-    setAttribute(QNetworkRequest::HttpStatusCodeAttribute, body ? 200 : 404);
-    m_body = body.value_or(QByteArray());
-    if (!body)
-        setError(ContentNotFoundError, QStringLiteral("not there"));
-    if (!m_body.isEmpty())
-        Q_EMIT readyRead();
-    setFinished(true);
-    Q_EMIT finished();
-}
-
-void ScriptedReply::abort()
-{
-    m_body.clear();
-}
-
-qint64 ScriptedReply::readData(char* data, qint64 maximum)
-{
-    const qint64 size = std::min(maximum, static_cast<qint64>(m_body.size()));
-    std::memcpy(data, m_body.constData(), static_cast<std::size_t>(size));
-    m_body.remove(0, size);
-    return size;
+    Exchange exchange{ QString::fromStdString(request.url), std::move(receiver), std::move(done), std::move(stop) };
+    m_requestedURLs.append(exchange.url);
+    if (m_isHeld)
+        m_held.push_back(std::move(exchange));
+    else
+        answerLater(exchange);
 }
 
 void ScriptedNetwork::release()
 {
     m_isHeld = false;
-    for (const QPointer<ScriptedReply>& reply : std::exchange(m_heldReplies, {}))
-        if (reply)
-            answer(reply);
+    for (const Exchange& exchange : std::exchange(m_held, {}))
+        answerLater(exchange);
 }
 
-QNetworkReply* ScriptedNetwork::createRequest(
-    Operation operation, const QNetworkRequest& request, QIODevice* /*outgoing*/)
+void ScriptedNetwork::answerLater(const Exchange& exchange)
 {
-    auto* reply = new ScriptedReply(operation, request, this);
-    m_requestedURLs.append(request.url().toString());
-    if (m_isHeld)
-        m_heldReplies.append(reply);
-    else
-        QMetaObject::invokeMethod(
-            reply, [this, reply] { answer(reply); }, Qt::QueuedConnection);
-    return reply;
+    QMetaObject::invokeMethod(
+        &m_mainThread, [this, exchange] { exchange.done(answer(exchange)); }, Qt::QueuedConnection);
 }
 
-void ScriptedNetwork::answer(ScriptedReply* reply) const
+http::Outcome ScriptedNetwork::answer(const Exchange& exchange) const
 {
-    const auto file = m_files.find(reply->url().toString());
-    reply->answer(file == m_files.end() ? std::nullopt : std::optional(*file));
+    if (exchange.stop.stop_requested())
+        return { .failure = http::Failure::Cancelled };
+    const auto file = m_files.find(exchange.url);
+    const int status = file == m_files.end() ? 404 : 200;
+    if (!exchange.receiver->begin(status))
+        return { .failure = http::Failure::Refused, .status = status };
+    const QByteArray body = file == m_files.end() ? QByteArray() : *file;
+    if (!body.isEmpty() && !exchange.receiver->receive({ body.data(), static_cast<std::size_t>(body.size()) }))
+        return { .failure = http::Failure::Refused, .status = status };
+    return { .status = status };
 }

@@ -1,54 +1,45 @@
 #pragma once
 
+#include "http/Network.h"
+
 #include <QByteArray>
 #include <QHash>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QPointer>
+#include <QObject>
+#include <QString>
 #include <QStringList>
 
-#include <optional>
-
-// An answer that comes when it is told to: 200 with a body, or 404.
-class ScriptedReply : public QNetworkReply
-{
-    Q_OBJECT
-
-public:
-    ScriptedReply(QNetworkAccessManager::Operation operation, const QNetworkRequest& request, QObject* parent);
-
-    void answer(const std::optional<QByteArray>& body);
-    void abort() override;
-    qint64 bytesAvailable() const override { return m_body.size() + QNetworkReply::bytesAvailable(); }
-
-protected:
-    qint64 readData(char* data, qint64 maximum) override;
-
-private:
-    QByteArray m_body;
-};
+#include <vector>
 
 // A network that reaches nobody: it serves the files it was given, in a later turn of the main loop, or, while it is
-// held, not before it is released.
-class ScriptedNetwork : public QNetworkAccessManager
+// held, not before it is released. A file it was not given is answered with 404. Used on the main thread.
+class ScriptedNetwork : public http::Network
 {
-    Q_OBJECT
-
 public:
+    void start(const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done,
+        std::stop_token stop) override;
+
     void serve(const QString& url, const QByteArray& body) { m_files.insert(url, body); }
     void hold() { m_isHeld = true; }
     void release();
     // In the order in which they were made.
     const QStringList& requestedURLs() const { return m_requestedURLs; }
 
-protected:
-    QNetworkReply* createRequest(Operation operation, const QNetworkRequest& request, QIODevice* outgoing) override;
-
 private:
-    void answer(ScriptedReply* reply) const;
+    struct Exchange
+    {
+        QString url;
+        std::shared_ptr<http::Receiver> receiver;
+        Done done;
+        std::stop_token stop;
+    };
+
+    void answerLater(const Exchange& exchange);
+    http::Outcome answer(const Exchange& exchange) const;
 
     QHash<QString, QByteArray> m_files;
     QStringList m_requestedURLs;
-    QList<QPointer<ScriptedReply>> m_heldReplies;
+    std::vector<Exchange> m_held;
     bool m_isHeld = false;
+    // Answers that have not been given by then go with the network.
+    QObject m_mainThread;
 };

@@ -31,9 +31,11 @@ void SearchBar::setActive(bool active)
     Q_EMIT activeChanged();
 }
 
+// Told of an empty field too: what is shown for it may have changed since.
 void SearchBar::cancel()
 {
-    setText(QLatin1String(""));
+    m_text = QLatin1String("");
+    Q_EMIT textChanged();
     setActive(false);
 }
 

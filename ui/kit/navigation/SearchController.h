@@ -32,7 +32,7 @@ public:
     // While active the field has the focus and offers to cancel.
     bool isActive() const { return m_active; }
     void setActive(bool active);
-    // Empties the field and leaves it.
+    // Empties the field and leaves it. Told as a change of the text, also of an empty one.
     Q_INVOKABLE void cancel();
 
     QColor tint() const { return m_tintColor.toQColor(); }
@@ -61,7 +61,7 @@ public:
     explicit SearchController(QObject* parent = nullptr);
 
     SearchBar* searchBar() { return &m_searchBar; }
-    // Called at any change of the field's text.
+    // Called at any change of the field's text, and when the search is cancelled even if there was none.
     void setSearchResultsUpdater(std::function<void(SearchController*)> updater) { m_updater = std::move(updater); }
     bool obscuresBackgroundDuringPresentation() const { return m_obscuresBackground; }
     void setObscuresBackgroundDuringPresentation(bool obscures) { m_obscuresBackground = obscures; }

@@ -8,7 +8,9 @@ FocusScope {
     id: root
 
     required property SearchBar searchBar
+    // Of the bar: the word beside the field stands on it, where the field's own tint need not be legible.
     required property color tint
+    readonly property color fieldTint: searchBar ? searchBar.tint : KitLook.focus
 
     // The keyboard goes on to the results, and so many rows down.
     signal leftForResults(int rows)
@@ -25,7 +27,7 @@ FocusScope {
         radius: height / 2
         upper: KitLook.field
         lower: KitLook.field
-        edge: input.activeFocus ? KitLook.focus : KitLook.edge
+        edge: input.activeFocus ? root.fieldTint : KitLook.edge
 
         Behavior on width {
             NumberAnimation {
@@ -63,10 +65,14 @@ FocusScope {
             verticalAlignment: Text.AlignVCenter
             font: KitLook.barFont(15, Font.Normal)
             color: KitLook.fieldText
-            selectionColor: root.searchBar ? root.searchBar.tint : KitLook.focus
+            selectionColor: root.fieldTint
             selectByMouse: true
             inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
             renderType: Text.NativeRendering
+            cursorDelegate: TextCursor {
+                color: root.fieldTint
+                field: input
+            }
 
             Accessible.role: Accessible.EditableText
             Accessible.name: root.searchBar ? root.searchBar.placeholder : ""

@@ -6,6 +6,7 @@
 #include <QImageReader>
 
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <mutex>
 #include <utility>
@@ -28,6 +29,7 @@ public:
 
     static bool exists(const QString& pathStem) { return QFile::exists(pathStem + QStringLiteral(".png")); }
     RenderingMode mode() const { return m_mode; }
+    quint64 identity() const { return m_identity; }
     QImage pixels(double scale) const { return m_decoded.isNull() ? filePixels(scale) : m_decoded; }
     QSizeF size() const
     {
@@ -61,6 +63,14 @@ private:
         return image;
     }
 
+    // Never given twice, unlike an address: what is kept under it cannot be taken for a later picture.
+    static quint64 nextIdentity()
+    {
+        static std::atomic<quint64> last = 0;
+        return ++last;
+    }
+
+    const quint64 m_identity = nextIdentity();
     QString m_pathStem;
     RenderingMode m_mode = RenderingMode::Original;
     QImage m_decoded;
@@ -112,7 +122,7 @@ Image Image::glyphNamed(const QString& name)
 
 Image Image::fromData(const QByteArray& data, double scale, int maximumPixels)
 {
-    constexpr int AbsurdlyLarge = 16384;
+    constexpr int LargestSide = 4096;
     QBuffer buffer;
     buffer.setData(data);
     QImageReader reader(&buffer);
@@ -121,7 +131,8 @@ Image Image::fromData(const QByteArray& data, double scale, int maximumPixels)
     if (const QByteArray format = reader.format(); format.startsWith("svg") || format == "pdf")
         return {};
     const QSize size = reader.size();
-    if (size.width() > AbsurdlyLarge || size.height() > AbsurdlyLarge)
+    // Decoding costs time and memory by the size, which a few bytes can claim.
+    if (!size.isValid() || size.width() > LargestSide || size.height() > LargestSide)
         return {};
     if (size.width() > maximumPixels || size.height() > maximumPixels)
         reader.setScaledSize(size.scaled(maximumPixels, maximumPixels, Qt::KeepAspectRatio).expandedTo({ 1, 1 }));
@@ -161,7 +172,7 @@ QImage Image::pixels(double scale) const
 
 quint64 Image::identity() const
 {
-    return reinterpret_cast<quint64>(m_source.get());
+    return m_source ? m_source->identity() : 0;
 }
 
 } // namespace kit

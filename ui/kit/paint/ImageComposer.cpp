@@ -11,15 +11,47 @@
 
 namespace kit {
 
-size_t qHash(const ImageLook& look, size_t seed)
-{
-    return qHashMulti(seed, look.image.identity(), look.pixelSize.width(), look.pixelSize.height(), look.tint.rgba(),
-        static_cast<int>(look.mode), look.radius);
-}
-
 namespace {
 
-constexpr qsizetype KeptBytes = qsizetype(64) * 1024 * 1024;
+// Together with the icons that are kept, less than 64 MiB.
+constexpr qsizetype KeptBytes = qsizetype(36) * 1024 * 1024;
+
+// A look without its image, so that what is composed keeps no picture alive that it was made from.
+struct KeptLook
+{
+    explicit KeptLook(const ImageLook& look)
+        : image(look.image.identity())
+        , capInsets(look.image.capInsets())
+        , resizingMode(look.image.resizingMode())
+        , isResizable(look.image.isResizable())
+        , pixelSize(look.pixelSize)
+        , scale(look.scale)
+        , mode(look.mode)
+        , tint(look.tint)
+        , radius(look.radius)
+    {
+    }
+
+    quint64 image;
+    EdgeInsets capInsets;
+    Image::ResizingMode resizingMode;
+    bool isResizable;
+    QSize pixelSize;
+    double scale;
+    ImageLook::Mode mode;
+    QColor tint;
+    double radius;
+
+    friend bool operator==(const KeptLook&, const KeptLook&) = default;
+    friend size_t qHash(const KeptLook& look, size_t seed)
+    {
+        return qHashMulti(seed, look.image, look.pixelSize.width(), look.pixelSize.height(), look.tint.rgba(),
+            static_cast<int>(look.mode), look.radius);
+    }
+};
+
+// What an entry holds besides its pixels: its key, the picture's own data, the nodes of the cache.
+constexpr qsizetype EntryBytes = 512;
 
 // The edges of two caps and what is between, in whole pixels; caps that are too large for the length share it.
 std::array<double, 4> cappedEdges(double before, double after, double length)
@@ -152,12 +184,13 @@ QImage compose(const ImageLook& look)
 QImage ImageComposer::composed(const ImageLook& look)
 {
     static std::mutex mutex;
-    static QCache<ImageLook, QImage> kept(KeptBytes);
+    static QCache<KeptLook, QImage> kept(KeptBytes);
     const std::scoped_lock lock(mutex);
-    if (const QImage* picture = kept.object(look))
+    const KeptLook key(look);
+    if (const QImage* picture = kept.object(key))
         return *picture;
     QImage picture = compose(look);
-    kept.insert(look, new QImage(picture), picture.sizeInBytes());
+    kept.insert(key, new QImage(picture), picture.sizeInBytes() + EntryBytes);
     return picture;
 }
 

@@ -18,12 +18,23 @@ constexpr double ViewGap = 8;
 constexpr double GlyphMargin = 4;
 constexpr double TickMargin = 8; // reaches further right in its picture than the arrow
 constexpr double ImageGap = 12; // between the image and the text
+constexpr double ImageAir = 4; // above and below the image
 
 // Where something of that length begins in the middle of a longer one, on a whole point. A row's height comes from sums
 // and may fall short of a whole number by a hair.
 double centred(double outer, double inner)
 {
     return std::floor((outer - inner) / 2 + 0.01);
+}
+
+// A picture keeps its proportions. One that is too large is made smaller until it is as high as the row, but for a
+// little air, and no wider than that, so that the texts keep their room.
+QSizeF fittedImage(const QSizeF& size, double rowHeight)
+{
+    const double side = std::max(0.0, rowHeight - 2 * ImageAir);
+    if (size.width() <= side && size.height() <= side)
+        return size;
+    return size.scaled(side, side, Qt::KeepAspectRatio).toSize();
 }
 
 double lineHeight(const Label& label)
@@ -151,7 +162,7 @@ void TableViewCell::layoutSubviews()
 
     double left = m_layoutMargins.left;
     if (!m_imageView->image().isNull()) {
-        const QSizeF size = m_imageView->image().size().boundedTo({ 42, std::max(0.0, height() - 8) });
+        const QSizeF size = fittedImage(m_imageView->image().size(), height());
         m_imageView->setFrame({ { left, centred(height(), size.height()) }, size });
         left += size.width() + ImageGap;
     }

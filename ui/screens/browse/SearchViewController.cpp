@@ -17,13 +17,13 @@ void SearchViewController::viewDidLoad()
     kit::TableViewController::viewDidLoad();
     setTitle(QStringLiteral("Search"));
     ClassicUI::styleTableView(*tableView());
-    auto* searchController = new kit::SearchController;
-    searchController->setObscuresBackgroundDuringPresentation(false);
-    searchController->searchBar()->setPlaceholder(QStringLiteral("Search Vesk packages"));
-    searchController->searchBar()->setTintColor(ClassicUI::veskBlueColor());
-    searchController->setSearchResultsUpdater(
+    m_searchController = new kit::SearchController;
+    m_searchController->setObscuresBackgroundDuringPresentation(false);
+    m_searchController->searchBar()->setPlaceholder(QStringLiteral("Search Vesk packages"));
+    m_searchController->searchBar()->setTintColor(ClassicUI::veskBlueColor());
+    m_searchController->setSearchResultsUpdater(
         [this](kit::SearchController* controller) { updateSearchResultsForSearchController(controller); });
-    navigationItem()->setSearchController(searchController);
+    navigationItem()->setSearchController(m_searchController);
     navigationItem()->setHidesSearchBarWhenScrolling(false);
 }
 

@@ -6,7 +6,7 @@
 
 // The "Search" tab: the catalog's categories while the search field is empty, the packages that match it otherwise.
 // Keeps the query alone: each count, row and tap asks the catalog again, so what is seen changes at a reload only, and
-// the table reloads only when the field's text changes.
+// the table reloads only when the field's text changes or is cancelled.
 class SearchViewController : public kit::TableViewController
 {
     Q_OBJECT
@@ -16,6 +16,8 @@ public:
 
     void viewDidLoad() override;
 
+    // Null until the view is loaded; the navigation item owns it then.
+    kit::SearchController* searchController() const { return m_searchController; }
     void updateSearchResultsForSearchController(kit::SearchController* searchController);
     // The search field's text as it stands, null until it first changes.
     const QString& currentQuery() const { return m_currentQuery; }
@@ -35,5 +37,6 @@ private:
 
     RepoManager& m_manager;
     PackageInstaller& m_installer;
+    kit::SearchController* m_searchController = nullptr;
     QString m_currentQuery;
 };

@@ -1,5 +1,6 @@
 #include "ui/screens/shell/AppDelegate.h"
 
+#include "ui/classic/ClassicUI.h"
 #include "ui/screens/shell/RootViewController.h"
 
 AppDelegate::AppDelegate()
@@ -11,6 +12,12 @@ AppDelegate::AppDelegate(RepoManager& manager, PackageInstaller& installer)
     : m_manager(manager)
     , m_installer(installer)
 {
+    ClassicUI::setIconNetwork(&manager.network());
+}
+
+AppDelegate::~AppDelegate()
+{
+    ClassicUI::setIconNetwork(nullptr);
 }
 
 bool AppDelegate::didFinishLaunchingWithOptions()

@@ -18,6 +18,7 @@ public:
     // Of the program's one catalog and one installer. Nothing else in the program names those two.
     AppDelegate();
     AppDelegate(RepoManager& manager, PackageInstaller& installer);
+    ~AppDelegate() override;
 
     // Opens the window; always true.
     bool didFinishLaunchingWithOptions();

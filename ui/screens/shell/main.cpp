@@ -1,28 +1,6 @@
-#include "resources/VeskResources.h"
-#include "ui/kit/paint/TextScale.h"
-#include "ui/screens/shell/AppDelegate.h"
-#include "ui/screens/shell/DesktopTextScale.h"
-#include "ui/screens/shell/DisplayFailure.h"
-
-#include <QGuiApplication>
-#include <QIcon>
-
-#include <optional>
+#include "ui/screens/shell/ApplicationMain.h"
 
 int main(int argc, char** argv)
 {
-    std::optional<DisplayFailure> displayFailure(std::in_place);
-    QGuiApplication application(argc, argv);
-    displayFailure.reset();
-    QGuiApplication::setApplicationName(QStringLiteral("vesk"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vesk.Vesk")));
-
-    initialiseResources();
-    kit::TextScale::set(desktopTextScale(QGuiApplication::platformName()));
-
-    AppDelegate delegate;
-    delegate.didFinishLaunchingWithOptions();
-    return QGuiApplication::exec();
+    return applicationMain(argc, argv);
 }

@@ -37,8 +37,18 @@ TEST(SearchBar, emptiesItsFieldAndLeavesItAtCancel)
     EXPECT_TRUE(bar->text().isEmpty());
     EXPECT_FALSE(bar->isActive());
     EXPECT_EQ(updates, 2);
-    bar->cancel();
-    EXPECT_EQ(updates, 2);
+}
+
+TEST(SearchBar, callsTheUpdaterAtTheCancelOfAnEmptyFieldToo)
+{
+    kit::SearchController controller;
+    QStringList texts;
+    controller.setSearchResultsUpdater(
+        [&](kit::SearchController* cancelled) { texts.append(cancelled->searchBar()->text()); });
+    controller.searchBar()->setActive(true);
+    controller.searchBar()->cancel();
+    EXPECT_EQ(texts, QStringList(QStringLiteral("")));
+    EXPECT_FALSE(controller.searchBar()->isActive());
 }
 
 TEST(SearchBar, tellsWhatItShows)

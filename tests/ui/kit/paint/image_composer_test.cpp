@@ -211,6 +211,35 @@ TEST(ImageComposer, givesTheSamePictureForTheSameLook)
     EXPECT_NE(kit::ImageComposer::composed(look), kit::ImageComposer::composed(rounder));
 }
 
+TEST(ImageComposer, keepsNoPictureAliveThatItHasComposedFrom)
+{
+    QImage pixels;
+    {
+        const kit::Image image = imageOf(cornered(20, 6));
+        kit::ImageComposer::composed({ image, { 7, 7 }, 1, Mode::ScaleToFill, {}, 0 });
+        pixels = image.pixels(1);
+        EXPECT_FALSE(pixels.isDetached());
+    }
+    EXPECT_TRUE(pixels.isDetached());
+}
+
+TEST(ImageComposer, dropsWhatWasNotAskedForWhileManyOtherPicturesWereComposed)
+{
+    const kit::Image image = imageOf(cornered(20, 6));
+    const kit::ImageLook look{ image, { 40, 40 }, 1, Mode::ScaleToFill, {}, 0 };
+    const auto keyNow = [&] { return kit::ImageComposer::composed(look).cacheKey(); };
+    const qint64 before = keyNow();
+    // Of 4 MiB each.
+    const auto composeOthers = [&](int from, int to) {
+        for (int radius = from; radius < to; ++radius)
+            kit::ImageComposer::composed({ image, { 1024, 1024 }, 1, Mode::ScaleToFill, {}, double(radius) });
+    };
+    composeOthers(1, 3);
+    EXPECT_EQ(keyNow(), before);
+    composeOthers(3, 19);
+    EXPECT_NE(keyNow(), before);
+}
+
 TEST(ImageComposer, averagesThePixelsOfAPictureThatIsMadeSmaller)
 {
     // Bars of one pixel, black and white: picking some of them would give all black or all white.

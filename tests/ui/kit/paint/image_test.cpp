@@ -170,12 +170,31 @@ TEST(DecodedImage, refusesWhatSaysItIsEnormous)
     EXPECT_TRUE(kit::Image::fromData(pngDeclaring(0, 0), 1).isNull());
 }
 
+TEST(DecodedImage, decodesNothingOfMoreThan4096PixelsASide)
+{
+    EXPECT_FALSE(kit::Image::fromData(png(4'096, 1), 1).isNull());
+    EXPECT_FALSE(kit::Image::fromData(png(1, 4'096), 1).isNull());
+    EXPECT_TRUE(kit::Image::fromData(png(4'097, 1), 1).isNull());
+    EXPECT_TRUE(kit::Image::fromData(png(1, 4'097), 1).isNull());
+}
+
+// What is kept of a picture that is gone must not be shown for another one.
+TEST(DecodedImage, neverHasTheIdentityOfOneThatIsGone)
+{
+    quint64 gone = 0;
+    for (int round = 0; round < 20; ++round) {
+        const kit::Image image = kit::Image::fromData(png(10, 10), 1);
+        EXPECT_NE(image.identity(), gone);
+        gone = image.identity();
+    }
+}
+
 TEST(DecodedImage, scalesDownALargePicture)
 {
     const kit::Image image = kit::Image::fromData(png(2'000, 1'000), 1);
     EXPECT_EQ(image.size(), QSizeF(512, 256));
     EXPECT_EQ(kit::Image::fromData(png(100, 50), 1, 10).size(), QSizeF(10, 5));
-    EXPECT_EQ(kit::Image::fromData(png(10'000, 2), 1).size(), QSizeF(512, 1));
+    EXPECT_EQ(kit::Image::fromData(png(4'096, 2), 1).size(), QSizeF(512, 1));
 }
 
 TEST(DecodedImage, isNoneForAPictureThatIsADocument)

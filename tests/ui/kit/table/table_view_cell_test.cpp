@@ -28,19 +28,19 @@ double rightOf(const kit::View* view)
     return view->frame().right();
 }
 
-QImage square(int side)
+kit::Image picture(const QSize& size)
 {
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::red);
-    return image;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "PNG");
+    return kit::Image::fromData(bytes, 1);
 }
 
 kit::Image picture(int side)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    square(side).save(&buffer, "PNG");
-    return kit::Image::fromData(bytes, 1);
+    return picture({ side, side });
 }
 
 } // namespace
@@ -193,9 +193,35 @@ TEST(TableViewCell, keepsALargeImageWithinTheRow)
 {
     Cell cell(Style::Default);
     cell.imageView()->setImage(picture(400));
-    EXPECT_LE(cell.imageView()->width(), 42);
-    EXPECT_LE(cell.imageView()->height(), 52);
-    EXPECT_GE(cell.imageView()->frame().top(), 0);
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(16, 4, 52, 52));
+    EXPECT_EQ(cell.textLabel()->frame().left(), 16 + 52 + 12);
+}
+
+TEST(TableViewCell, usesAHighRowForALargeImage)
+{
+    Cell cell(Style::Subtitle);
+    cell.setFrame({ 0, 0, 320, 82 });
+    cell.imageView()->setImage(picture(120));
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(16, 4, 74, 74));
+    EXPECT_EQ(cell.textLabel()->frame().left(), 16 + 74 + 12);
+}
+
+// The corners of its view are those of the picture then, not those of an empty box around it.
+TEST(TableViewCell, keepsTheProportionsOfALargeImage)
+{
+    Cell cell(Style::Subtitle);
+    cell.imageView()->setImage(picture({ 208, 104 }));
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(16, 17, 52, 26));
+    cell.imageView()->setImage(picture({ 104, 208 }));
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(16, 4, 26, 52));
+    EXPECT_EQ(cell.textLabel()->frame().left(), 16 + 26 + 12);
+}
+
+TEST(TableViewCell, leavesASmallImageAsLargeAsItIs)
+{
+    Cell cell(Style::Subtitle);
+    cell.imageView()->setImage(picture({ 42, 20 }));
+    EXPECT_EQ(cell.imageView()->frame(), QRectF(16, 20, 42, 20));
 }
 
 TEST(TableViewCell, hasNoNegativeWidthsInARowThatIsTooNarrow)

@@ -93,9 +93,9 @@ TEST(Label, tellsNullFromEmpty)
     kit::Label label;
     EXPECT_TRUE(label.text().isNull());
     QSignalSpy changed(&label, &kit::Label::labelChanged);
-    label.setText(QStringLiteral(""));
+    label.setText(QLatin1String(""));
     EXPECT_FALSE(label.text().isNull());
-    label.setText(QStringLiteral(""));
+    label.setText(QLatin1String(""));
     EXPECT_EQ(changed.count(), 1);
 }
 

@@ -100,7 +100,7 @@ TEST_F(KitWindowTest, showsTheFocusFromTheFirstTabAfterATouch)
     EXPECT_EQ(focusedItemName(), QStringLiteral("Cancel"));
     const auto items = quick()->activeFocusItem()->childItems();
     EXPECT_TRUE(std::any_of(items.begin(), items.end(), [](const QQuickItem* item) {
-        return QLatin1String(item->metaObject()->className()).startsWith(QStringLiteral("FocusRing"))
+        return QLatin1String(item->metaObject()->className()).startsWith(QLatin1String("FocusRing"))
             && item->isVisible();
     }));
 }

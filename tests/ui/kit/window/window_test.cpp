@@ -264,11 +264,28 @@ TEST_F(KitWindowTest, takesTheKeyboardOffTheSearchFieldThatAScreenCancels)
     EXPECT_FALSE(bar->isActive());
 }
 
+TEST_F(KitWindowTest, tintsTheCursorAndTheEdgeOfTheSearchFieldInUse)
+{
+    const QColor tint(48, 88, 145);
+    two->navigationItem()->searchController()->searchBar()->setTintColor(
+        kit::Color{ 48 / 255.0, 88 / 255.0, 145 / 255.0, 1, {} });
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    const QQuickItem* const cursor = itemDrawnBy(QLatin1String("TextCursor"));
+    ASSERT_NE(cursor, nullptr);
+    EXPECT_TRUE(cursor->isVisible());
+    EXPECT_EQ(cursor->property("color").value<QColor>(), tint);
+    const auto* const input = qobject_cast<QQuickItem*>(cursor->property("field").value<QObject*>());
+    ASSERT_NE(input, nullptr);
+    EXPECT_EQ(input->property("selectionColor").value<QColor>(), tint);
+    EXPECT_EQ(input->parentItem()->property("edge").value<QColor>(), tint);
+}
+
 TEST_F(KitWindowTest, showsWhichPartIsSeenWhileAKeyOrAWheelScrolls)
 {
     kit::Animations::setEnabled(true);
     grabbed();
-    QQuickItem* const indicator = itemDrawnBy(QStringLiteral("ScrollIndicator"));
+    QQuickItem* const indicator = itemDrawnBy(QLatin1String("ScrollIndicator"));
     ASSERT_NE(indicator, nullptr);
     EXPECT_FALSE(indicator->isVisible());
     press(Qt::Key_Down);

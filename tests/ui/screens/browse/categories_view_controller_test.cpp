@@ -48,7 +48,7 @@ TEST_F(CategoriesScreen, onlyDeselectsTheEmptyRowWhenItIsTapped)
 {
     show();
     table()->tapRow(0, 0);
-    EXPECT_FALSE(cell(0, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(0, 0)));
     EXPECT_EQ(stackSize(), 1U);
 }
 
@@ -84,8 +84,8 @@ TEST_F(CategoriesScreen, pushesTheListOfTheTappedCategoryByItsName)
     addPackage(QStringLiteral("Two"), QStringLiteral("Games"));
     show();
     kit::TableView* categories = table();
-    categories->tapRow(0, 1);
-    EXPECT_FALSE(categories->cellForRow({ 0, 1 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { categories->tapRow(0, 1); }));
+    EXPECT_TRUE(isFadingOut(categories->cellForRow({ 0, 1 })));
     ASSERT_NE(top<PackageListViewController>(), nullptr);
     EXPECT_EQ(top<PackageListViewController>()->category(), QStringLiteral("Tweaks"));
 }

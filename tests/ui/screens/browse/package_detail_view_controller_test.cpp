@@ -1,5 +1,7 @@
 #include "ui/screens/browse/PackageDetailViewController.h"
 
+#include "tests/support/LoopbackServer.h"
+#include "tests/support/TestImage.h"
 #include "tests/ui/screens/ScreenWorld.h"
 
 #include <memory>
@@ -112,6 +114,34 @@ TEST_F(PackageDetailScreen, headsThePackageWithItsNameAuthorAndVersion)
     EXPECT_TRUE(row->imageView()->clipsToBounds());
 }
 
+TEST_F(PackageDetailScreen, headsThePackageWithItsIconAsSoonAsThatHasArrived)
+{
+    LoopbackServer server;
+    server.serve("/icon.png", pngOf(Qt::red, { 120, 120 }));
+    package->setIconURLString(server.url(QStringLiteral("/icon.png")));
+    show();
+    const kit::ImageView* const icon = cell(Header, 0)->imageView();
+    const kit::Image placeholder = ClassicUI::assetNamed(QStringLiteral("Homepage"));
+    EXPECT_EQ(icon->image(), placeholder);
+    ASSERT_TRUE(waitUntil([&] { return icon->image() != placeholder; }));
+    EXPECT_EQ(icon->image().pixels(1).pixelColor(60, 60), QColor(Qt::red));
+    EXPECT_EQ(icon->contentMode(), kit::ImageView::ContentMode::AspectFit);
+    EXPECT_EQ(icon->frame().size(), QSizeF(74, 74));
+}
+
+// A view with the proportions of its picture: an empty margin would have the round corners otherwise.
+TEST_F(PackageDetailScreen, roundsTheCornersOfAnIconOfAnyProportions)
+{
+    show();
+    kit::ImageView* const icon = cell(Header, 0)->imageView();
+    for (const QSize& size : { QSize(120, 120), QSize(120, 60), QSize(60, 120), QSize(30, 20) }) {
+        icon->setImage(kit::Image::fromData(pngOf(Qt::red, size), 1));
+        turnLoop();
+        EXPECT_EQ(icon->radius(), 9);
+        EXPECT_EQ(icon->width() * size.height(), icon->height() * size.width());
+    }
+}
+
 TEST_F(PackageDetailScreen, headsAPackageWithoutAnAuthorWithItsVersionAlone)
 {
     for (const QString& author : { QString(), QStringLiteral("") }) {
@@ -191,6 +221,16 @@ TEST_F(PackageDetailScreen, fillsInForMissingDetails)
     EXPECT_EQ(detail(Details, 3), QStringLiteral("Unknown"));
 }
 
+// What a source tells as an empty text is not missing.
+TEST_F(PackageDetailScreen, showsAnEmptyTextWhereTheSourceTellsOne)
+{
+    package->setSection(QStringLiteral(""));
+    package->repository()->setName(QStringLiteral(""));
+    show();
+    EXPECT_EQ(detail(Details, 2), QStringLiteral(""));
+    EXPECT_EQ(detail(Details, 3), QStringLiteral(""));
+}
+
 TEST_F(PackageDetailScreen, callsTheSourceUnknownWhenThereIsNone)
 {
     package->setRepository(nullptr);
@@ -267,7 +307,7 @@ TEST_F(PackageDetailScreen, confirmsWhatWasQueuedWithAnAlert)
 {
     show();
     table()->tapRow(Actions, 0);
-    EXPECT_FALSE(cell(Actions, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(Actions, 0)));
     kit::AlertController* alert = lastAlert();
     ASSERT_NE(alert, nullptr);
     EXPECT_EQ(alert->style(), kit::AlertController::Style::Alert);
@@ -318,7 +358,7 @@ TEST_F(PackageDetailScreen, onlyDeselectsARowOfTheOtherSections)
     for (const kit::IndexPath& indexPath :
         { kit::IndexPath{ Header, 0 }, kit::IndexPath{ Description, 0 }, kit::IndexPath{ Details, 3 } }) {
         table()->tapRow(indexPath.section, indexPath.row);
-        EXPECT_FALSE(cell(indexPath.section, indexPath.row)->isSelected());
+        EXPECT_TRUE(isFadingOut(cell(indexPath.section, indexPath.row)));
     }
     EXPECT_TRUE(window.alerts().isEmpty());
     EXPECT_TRUE(installer->queue().empty());

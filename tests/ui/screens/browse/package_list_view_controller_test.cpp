@@ -42,7 +42,7 @@ TEST_F(PackageListScreen, showsTheBareCategoryAndOneCentredRowWhenItHasNoPackage
     EXPECT_EQ(cell(0, 0)->textLabel()->textAlignment(), Qt::AlignHCenter);
     EXPECT_EQ(cell(0, 0)->accessoryType(), kit::TableViewCell::AccessoryType::None);
     table()->tapRow(0, 0);
-    EXPECT_FALSE(cell(0, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(0, 0)));
     EXPECT_EQ(stackSize(), 1U);
 }
 
@@ -95,8 +95,8 @@ TEST_F(PackageListScreen, pushesTheTappedPackage)
     const VeskPackagePtr apple = addTweak(QStringLiteral("Apple"));
     show();
     kit::TableView* list = table();
-    list->tapRow(0, 0);
-    EXPECT_FALSE(list->cellForRow({ 0, 0 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { list->tapRow(0, 0); }));
+    EXPECT_TRUE(isFadingOut(list->cellForRow({ 0, 0 })));
     ASSERT_NE(top<PackageDetailViewController>(), nullptr);
     EXPECT_EQ(top<PackageDetailViewController>()->package(), apple);
 }

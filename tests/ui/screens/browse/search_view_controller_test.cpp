@@ -36,7 +36,8 @@ TEST_F(SearchScreen, hasASearchFieldAndNoBarButtons)
     EXPECT_EQ(screen->navigationItem()->leftBarButtonItem(), nullptr);
     EXPECT_EQ(screen->navigationItem()->rightBarButtonItem(), nullptr);
     EXPECT_FALSE(screen->navigationItem()->hidesSearchBarWhenScrolling());
-    ASSERT_NE(screen->navigationItem()->searchController(), nullptr);
+    ASSERT_NE(screen->searchController(), nullptr);
+    EXPECT_EQ(screen->navigationItem()->searchController(), screen->searchController());
     EXPECT_FALSE(screen->navigationItem()->searchController()->obscuresBackgroundDuringPresentation());
     EXPECT_EQ(searchBar()->placeholder(), QStringLiteral("Search Vesk packages"));
     EXPECT_EQ(searchBar()->tintColor(), ClassicUI::veskBlueColor());
@@ -76,7 +77,7 @@ TEST_F(SearchScreen, onlyDeselectsTheEmptyRowWhenItIsTapped)
 {
     show();
     table()->tapRow(0, 0);
-    EXPECT_FALSE(cell(0, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(0, 0)));
     EXPECT_EQ(stackSize(), 1U);
 }
 
@@ -174,6 +175,16 @@ TEST_F(SearchScreen, returnsToTheCategoriesWhenTheSearchIsCancelled)
     EXPECT_EQ(headerText(0), QStringLiteral("BROWSE CATEGORIES"));
 }
 
+TEST_F(SearchScreen, readsTheCategoriesAnewWhenAnEmptySearchIsCancelled)
+{
+    show();
+    EXPECT_EQ(texts(0), QStringList(EmptyText));
+    fillCatalog();
+    searchBar()->setActive(true);
+    searchBar()->cancel();
+    EXPECT_EQ(texts(0), QStringList({ QStringLiteral("Themes"), QStringLiteral("Utilities") }));
+}
+
 TEST_F(SearchScreen, reloadsOnlyWhenItsQueryChanges)
 {
     show();
@@ -190,8 +201,8 @@ TEST_F(SearchScreen, pushesTheTappedPackage)
     show();
     type(QStringLiteral("alarm"));
     kit::TableView* results = table();
-    results->tapRow(0, 0);
-    EXPECT_FALSE(results->cellForRow({ 0, 0 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { results->tapRow(0, 0); }));
+    EXPECT_TRUE(isFadingOut(results->cellForRow({ 0, 0 })));
     ASSERT_NE(top<PackageDetailViewController>(), nullptr);
     EXPECT_EQ(top<PackageDetailViewController>()->package(), manager->packages()[2]);
 }
@@ -201,8 +212,8 @@ TEST_F(SearchScreen, pushesTheListOfTheTappedCategory)
     fillCatalog();
     show();
     kit::TableView* categories = table();
-    categories->tapRow(0, 1);
-    EXPECT_FALSE(categories->cellForRow({ 0, 1 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { categories->tapRow(0, 1); }));
+    EXPECT_TRUE(isFadingOut(categories->cellForRow({ 0, 1 })));
     ASSERT_NE(top<PackageListViewController>(), nullptr);
     EXPECT_EQ(top<PackageListViewController>()->category(), QStringLiteral("Utilities"));
 }
@@ -216,7 +227,7 @@ TEST_F(SearchScreen, asksTheCatalogAgainAtATap)
     manager->setPackages({ manager->packages()[0] });
     table()->tapRow(0, 1);
     EXPECT_EQ(stackSize(), 1U);
-    EXPECT_FALSE(cell(0, 1)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(0, 1)));
     table()->tapRow(0, 0);
     EXPECT_NE(top<PackageDetailViewController>(), nullptr);
 }
@@ -243,4 +254,18 @@ TEST_F(SearchScreen, showsNothingInARowWhosePackageIsGoneByTheTimeItIsDrawn)
     manager->setPackages({});
     navigation->layOut({ 0, 0, 320, 600 });
     EXPECT_EQ(table()->layout().rowCount(0), 2);
+}
+
+TEST_F(SearchScreen, showsNothingInARowThatScrollsInAfterItsResultIsGone)
+{
+    for (int number = 0; number < 60; ++number)
+        addPackage(QStringLiteral("Package %1").arg(number));
+    show();
+    type(QStringLiteral("package"));
+    ASSERT_EQ(table()->layout().rowCount(0), 60);
+    manager->setPackages({ manager->packages()[0] });
+    table()->setContentOffset(1800);
+    ASSERT_NE(cell(0, 32), nullptr);
+    EXPECT_EQ(cell(0, 32)->reuseIdentifier(), QStringLiteral("GoneCell"));
+    EXPECT_TRUE(text(0, 32).isNull());
 }

@@ -169,7 +169,7 @@ TEST_F(HomeScreen, showsOneCentredRowUnderABlankBandWhenTheCatalogIsEmpty)
     EXPECT_EQ(row->textLabel()->textColor(), ClassicUI::veskSecondaryTextColor());
     EXPECT_EQ(row->accessoryType(), kit::TableViewCell::AccessoryType::None);
     table()->tapRow(0, 0);
-    EXPECT_FALSE(row->isSelected());
+    EXPECT_TRUE(isFadingOut(row));
     EXPECT_EQ(stackSize(), 1U);
 }
 
@@ -267,8 +267,8 @@ TEST_F(HomeScreen, pushesTheTappedPackage)
     const VeskPackagePtr apple = addPackage(QStringLiteral("Apple"));
     show();
     kit::TableView* home = table();
-    home->tapRow(Featured, 0);
-    EXPECT_FALSE(home->cellForRow({ Featured, 0 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { home->tapRow(Featured, 0); }));
+    EXPECT_TRUE(isFadingOut(home->cellForRow({ Featured, 0 })));
     ASSERT_NE(top<PackageDetailViewController>(), nullptr);
     EXPECT_EQ(top<PackageDetailViewController>()->package(), apple);
 }
@@ -277,8 +277,8 @@ TEST_F(HomeScreen, pushesTheListOfTheTappedCategory)
 {
     showFilled();
     kit::TableView* home = table();
-    home->tapRow(Categories, 0);
-    EXPECT_FALSE(home->cellForRow({ Categories, 0 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { home->tapRow(Categories, 0); }));
+    EXPECT_TRUE(isFadingOut(home->cellForRow({ Categories, 0 })));
     ASSERT_NE(top<PackageListViewController>(), nullptr);
     EXPECT_EQ(top<PackageListViewController>()->category(), QStringLiteral("Tweaks"));
 }

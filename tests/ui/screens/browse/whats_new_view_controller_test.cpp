@@ -69,7 +69,7 @@ TEST_F(WhatsNewScreen, onlyDeselectsTheEmptyRowWhenItIsTapped)
 {
     show();
     table()->tapRow(0, 0);
-    EXPECT_FALSE(cell(0, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(0, 0)));
     EXPECT_EQ(stackSize(), 1U);
     EXPECT_TRUE(window.alerts().isEmpty());
 }
@@ -116,8 +116,8 @@ TEST_F(WhatsNewScreen, pushesTheTappedPackageAndDeselectsItsRow)
     const VeskPackagePtr apple = addPackage(QStringLiteral("Apple"));
     show();
     kit::TableView* list = table();
-    list->tapRow(0, 0);
-    EXPECT_FALSE(list->cellForRow({ 0, 0 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { list->tapRow(0, 0); }));
+    EXPECT_TRUE(isFadingOut(list->cellForRow({ 0, 0 })));
     ASSERT_NE(top<PackageDetailViewController>(), nullptr);
     EXPECT_EQ(top<PackageDetailViewController>()->package(), apple);
 }

@@ -53,7 +53,7 @@ TEST_F(InstalledAppsScreen, onlyDeselectsTheEmptyRowWhenItIsTapped)
     addPackage(QStringLiteral("Not installed"));
     show();
     table()->tapRow(0, 0);
-    EXPECT_FALSE(cell(0, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(0, 0)));
     EXPECT_EQ(stackSize(), 1U);
 }
 
@@ -82,8 +82,8 @@ TEST_F(InstalledAppsScreen, pushesTheTappedPackage)
     const VeskPackagePtr apple = addInstalled(QStringLiteral("Apple"));
     show();
     kit::TableView* list = table();
-    list->tapRow(0, 0);
-    EXPECT_FALSE(list->cellForRow({ 0, 0 })->isSelected());
+    EXPECT_TRUE(isPushedAnimated([&] { list->tapRow(0, 0); }));
+    EXPECT_TRUE(isFadingOut(list->cellForRow({ 0, 0 })));
     ASSERT_NE(top<PackageDetailViewController>(), nullptr);
     EXPECT_EQ(top<PackageDetailViewController>()->package(), apple);
 }

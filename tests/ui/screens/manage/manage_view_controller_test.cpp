@@ -89,7 +89,7 @@ TEST_F(ManageScreen, showsOneGreyCentredRowWhenNothingIsInstalled)
     show();
     expectEmptyRow();
     table()->tapRow(Installed, 0);
-    EXPECT_FALSE(cell(Installed, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(Installed, 0)));
     EXPECT_EQ(stackSize(), 1U);
     EXPECT_TRUE(window.alerts().isEmpty());
 }
@@ -115,7 +115,7 @@ TEST_F(ManageScreen, opensTheSources)
     show();
     kit::TableView* menu = table();
     menu->tapRow(Menu, 0);
-    EXPECT_FALSE(menu->cellForRow({ Menu, 0 })->isSelected());
+    EXPECT_TRUE(isFadingOut(menu->cellForRow({ Menu, 0 })));
     EXPECT_NE(top<SourcesViewController>(), nullptr);
     EXPECT_EQ(stackSize(), 2U);
 }
@@ -132,6 +132,14 @@ TEST_F(ManageScreen, opensTheQueue)
     show();
     table()->tapRow(Menu, 2);
     EXPECT_NE(top<QueueViewController>(), nullptr);
+}
+
+TEST_F(ManageScreen, pushesItsScreensByAnAnimation)
+{
+    for (int row = 0; row < 3; ++row) {
+        show();
+        EXPECT_TRUE(isPushedAnimated([&] { table()->tapRow(Menu, row); })) << row;
+    }
 }
 
 TEST_F(ManageScreen, passesItsCatalogAndItsInstallerOn)
@@ -162,7 +170,7 @@ TEST_F(ManageScreen, informsAboutItsSettings)
 {
     show();
     table()->tapRow(Settings, 0);
-    EXPECT_FALSE(cell(Settings, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(Settings, 0)));
     ASSERT_EQ(window.alerts().size(), 1);
     EXPECT_EQ(lastAlert()->style(), kit::AlertController::Style::Alert);
     EXPECT_EQ(lastAlert()->title(), QStringLiteral("Vesk Settings"));
@@ -194,7 +202,7 @@ TEST_F(ManageScreen, offersToUninstallATappedPackageOnASheet)
     addInstalled(QStringLiteral("Apple"));
     show();
     table()->tapRow(Installed, 0);
-    EXPECT_FALSE(cell(Installed, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(Installed, 0)));
     EXPECT_EQ(stackSize(), 1U);
     ASSERT_EQ(window.alerts().size(), 1);
     EXPECT_EQ(lastAlert()->style(), kit::AlertController::Style::ActionSheet);

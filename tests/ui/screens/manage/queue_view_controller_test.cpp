@@ -39,6 +39,26 @@ protected:
     static void pressClear(QueueViewController* screen) { screen->navigationItem()->leftBarButtonItem()->press(); }
 };
 
+// Tells of the tasks that are posted to an object, before each.
+class TaskWatcher : public QObject
+{
+public:
+    TaskWatcher(QObject* receiver, std::function<void()> told)
+        : m_told(std::move(told))
+    {
+        receiver->installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*receiver*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::MetaCall)
+            m_told();
+        return false;
+    }
+
+private:
+    std::function<void()> m_told;
+};
+
 } // namespace
 
 TEST_F(QueueScreen, hasAClearButtonAndAnEmphasisedInstallButton)
@@ -294,4 +314,15 @@ TEST_F(QueueScreen, mayBeGoneWhenTheRunEnds)
     ASSERT_TRUE(waitUntil([&] { return !installer->isInstalling(); }));
     turnLoop();
     EXPECT_TRUE(window.alerts().isEmpty());
+}
+
+// The run is over for everybody before its report comes.
+TEST_F(QueueScreen, reportsInATurnOfItsOwnAfterTheRunsCompletion)
+{
+    auto* screen = show();
+    bool hasTurnOfItsOwn = false;
+    TaskWatcher watcher(screen, [&] { hasTurnOfItsOwn = !installer->isInstalling() && window.alerts().isEmpty(); });
+    pressInstall(screen);
+    ASSERT_TRUE(waitUntil([&] { return window.alerts().size() == 1; }));
+    EXPECT_TRUE(hasTurnOfItsOwn);
 }

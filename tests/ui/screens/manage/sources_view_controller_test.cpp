@@ -429,6 +429,8 @@ TEST_F(SourcesScreen, removesASwipedSourceByDeletingItsRowAlone)
     EXPECT_EQ(cell(Active, 0), first);
     EXPECT_EQ(cell(Active, 1), third);
     EXPECT_EQ(cell(Available, 0), available);
+    // By an animation.
+    EXPECT_TRUE(table()->isSliding());
 }
 
 TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
@@ -471,7 +473,7 @@ TEST_F(SourcesScreen, handsATappedSourceToAnotherPackageManager)
 {
     show();
     table()->tapRow(Active, 1);
-    EXPECT_FALSE(cell(Active, 1)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(Active, 1)));
     EXPECT_EQ(opener.openedURLs(), QStringList(QStringLiteral("sileo://source/http://127.0.0.1/two")));
     EXPECT_EQ(stackSize(), 1U);
 }
@@ -480,7 +482,7 @@ TEST_F(SourcesScreen, onlyDeselectsATappedAvailableSource)
 {
     show();
     table()->tapRow(Available, 0);
-    EXPECT_FALSE(cell(Available, 0)->isSelected());
+    EXPECT_TRUE(isFadingOut(cell(Available, 0)));
     EXPECT_TRUE(opener.openedURLs().isEmpty());
     EXPECT_EQ(manager->repositories().size(), 3U);
 }

@@ -1,0 +1,75 @@
+#include "tests/catalog/index/PlainReading.h"
+
+#include "tests/catalog/decode/PlainReference.h"
+
+#include <QHash>
+#include <QStringDecoder>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A byte order mark is dropped.
+QString decodedText(const QByteArray& bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    QString text = decoder(bytes);
+    // Bytes that end within a character are told of by what follows them.
+    text += decoder(QByteArray("\n"));
+    if (decoder.hasError())
+        return QString::fromLatin1(bytes);
+    text.chop(1);
+    return text;
+}
+
+using Stanza = QHash<QString, QString>;
+
+void addFields(const Stanza& stanza, QStringList& fields)
+{
+    const QString package = stanza.value(u"Package"_s);
+    if (package.isEmpty())
+        return;
+    const QString sileoDepiction = stanza.value(u"SileoDepiction"_s, stanza.value(u"ModernDepiction"_s, u""_s));
+    fields << package << stanza.value(u"Name"_s, package) << stanza.value(u"Version"_s, u"0"_s)
+           << stanza.value(u"Description"_s, u""_s)
+           << stanza.value(u"Author"_s, stanza.value(u"Maintainer"_s, u"Unknown"_s))
+           << stanza.value(u"Maintainer"_s, u""_s) << stanza.value(u"Section"_s, u"Other"_s)
+           << stanza.value(u"Icon"_s, u""_s) << stanza.value(u"Depiction"_s, sileoDepiction)
+           << stanza.value(u"Homepage"_s, u""_s);
+}
+
+QStringList plainlyParsed(const QString& text)
+{
+    QStringList fields;
+    Stanza stanza;
+    for (const QString& line : text.split(u'\n')) {
+        const qsizetype colon = line.indexOf(u':');
+        if (line.isEmpty()) {
+            addFields(stanza, fields);
+            stanza.clear();
+        } else if (colon >= 0) {
+            stanza.insert(line.left(colon), line.mid(colon + 1).trimmed());
+        }
+    }
+    addFields(stanza, fields);
+    return fields;
+}
+
+} // namespace
+
+QStringList plainlyRead(const QByteArray& body, Compression compression)
+{
+    const PlainlyDecoded decoded = plainlyDecoded(body, compression);
+    return plainlyParsed(decodedText(decoded.isSound ? decoded.text : body));
+}
+
+QStringList fieldsOf(const PackageVector& packages)
+{
+    QStringList fields;
+    for (const VeskPackagePtr& package : packages) {
+        fields << package->packageID() << package->name() << package->version() << package->desc() << package->author()
+               << package->maintainer() << package->section() << package->iconURLString()
+               << package->depictionURLString() << package->homepageURLString();
+    }
+    return fields;
+}

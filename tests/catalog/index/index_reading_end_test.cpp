@@ -1,0 +1,141 @@
+// When a reading tells what came of it, and how it ends without.
+#include "tests/catalog/CatalogFixture.h"
+#include "tests/catalog/index/ReadIndex.h"
+
+#include <atomic>
+#include <future>
+
+using namespace Qt::StringLiterals;
+
+class TheEndOfReading : public testing::Test
+{
+protected:
+    IndexJob jobFor(Compression compression) const
+    {
+        IndexJob job;
+        job.compression = compression;
+        job.repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+        job.nameOrder = std::make_shared<const NameOrder>(u"en"_s);
+        return job;
+    }
+
+    std::unique_ptr<IndexReading> makeReading(Compression compression)
+    {
+        const auto done = [this](const ParsedIndex& index) {
+            ++m_doneCount;
+            m_done.set_value(idsOf(index.packages));
+        };
+        return std::make_unique<IndexReading>(jobFor(compression), *m_workers, m_stop.get_token(), done);
+    }
+
+    // All that has been posted by now is done.
+    void finishWorkers() const
+    {
+        std::promise<void> promise;
+        m_workers->post([&promise] { promise.set_value(); });
+        promise.get_future().wait();
+    }
+
+    std::stop_source m_stop;
+    std::promise<QStringList> m_done;
+    std::atomic<int> m_doneCount = 0;
+    // One: what is posted later runs later.
+    std::unique_ptr<Workers> m_workers = std::make_unique<Workers>(1);
+};
+
+TEST_F(TheEndOfReading, isToldOnceTheBodyIsWholeAndNotBefore)
+{
+    const QByteArray packed = gzipped(stanza("a"));
+    const auto reading = makeReading(Compression::Gzip);
+    reading->receive({ packed.constData(), static_cast<std::size_t>(packed.size()) });
+    for (int turn = 0; turn < 100; ++turn)
+        finishWorkers();
+    EXPECT_EQ(m_doneCount, 0);
+    reading->finish();
+    EXPECT_EQ(m_done.get_future().get(), QStringList(u"a"_s));
+    EXPECT_EQ(m_doneCount, 1);
+}
+
+TEST_F(TheEndOfReading, isToldWhenNothingCameAtAll)
+{
+    for (const Compression compression : { Compression::None, Compression::Bzip2, Compression::Gzip }) {
+        m_done = {};
+        const auto reading = makeReading(compression);
+        reading->finish();
+        EXPECT_TRUE(m_done.get_future().get().isEmpty());
+        finishWorkers();
+    }
+}
+
+TEST_F(TheEndOfReading, isNotToldOnceItIsDropped)
+{
+    auto reading = makeReading(Compression::None);
+    reading->receive("Package: a\n\n");
+    std::promise<void> mayGoOn;
+    m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
+    reading->finish();
+    reading.reset();
+    mayGoOn.set_value();
+    m_workers.reset();
+    EXPECT_EQ(m_doneCount, 0);
+}
+
+TEST_F(TheEndOfReading, isNotToldOnceAStopIsAskedFor)
+{
+    const auto reading = makeReading(Compression::Gzip);
+    const QByteArray packed = gzipped(stanza("a"));
+    std::promise<void> mayGoOn;
+    m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
+    reading->receive({ packed.constData(), static_cast<std::size_t>(packed.size()) });
+    reading->finish();
+    m_stop.request_stop();
+    mayGoOn.set_value();
+    for (int turn = 0; turn < 100; ++turn)
+        finishWorkers();
+    EXPECT_EQ(m_doneCount, 0);
+}
+
+TEST_F(TheEndOfReading, isNotToldWhenTheStopWasAskedForBefore)
+{
+    m_stop.request_stop();
+    const auto reading = makeReading(Compression::None);
+    reading->receive("Package: a\n\n");
+    reading->finish();
+    for (int turn = 0; turn < 100; ++turn)
+        finishWorkers();
+    EXPECT_EQ(m_doneCount, 0);
+}
+
+TEST_F(TheEndOfReading, mayComeAtAnyMoment)
+{
+    QByteArray text;
+    for (int number = 0; number < 20000; ++number)
+        text += stanza("p" + QByteArray::number(number));
+    Workers workers(3);
+    for (const QByteArray& body : { text, gzipped(text), bzipped(text) }) {
+        for (const Compression compression : { Compression::None, Compression::Bzip2, Compression::Gzip }) {
+            for (int turns = 0; turns < 20; ++turns) {
+                IndexReading reading(jobFor(compression), workers, {}, [](const ParsedIndex&) {});
+                reading.receive({ body.constData(), static_cast<std::size_t>(body.size()) });
+                for (int turn = 0; turn < turns * turns; ++turn)
+                    std::this_thread::yield();
+            }
+        }
+    }
+}
+
+// Who stands on the reading's own packages must not be held by what the reading leaves behind.
+TEST_F(TheEndOfReading, leavesNothingBehind)
+{
+    const auto source = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    const std::weak_ptr<VeskRepository> weak = source;
+    IndexJob job = jobFor(Compression::Bzip2);
+    job.repository = source;
+    const long countBefore = source.use_count();
+    {
+        IndexReading reading(job, *m_workers, {}, [](const ParsedIndex&) {});
+        reading.receive("Package: a\n\n");
+    }
+    m_workers.reset();
+    EXPECT_EQ(source.use_count(), countBefore);
+}

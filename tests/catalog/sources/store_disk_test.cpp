@@ -1,0 +1,213 @@
+// The stored list of sources on a disk that fails.
+#include "catalog/sources/JsonSourceStore.h"
+#include "tests/catalog/CatalogFixture.h"
+#include "tests/catalog/sources/FaultyDisk.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+class StoreOnAFaultyDisk : public testing::Test
+{
+protected:
+    StoreOnAFaultyDisk()
+    {
+        EXPECT_TRUE(JsonSourceStore(path()).setSources(m_old));
+        m_oldContents = contents();
+    }
+
+    QString path() const { return m_directory.filePath(u"defaults.json"_s); }
+
+    QByteArray contents() const
+    {
+        QFile file(path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
+    }
+
+    void write(const QByteArray& bytes) const
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+
+    QStringList filesThere() const { return QDir(m_directory.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    std::unique_ptr<JsonSourceStore> store() const
+    {
+        return std::make_unique<JsonSourceStore>(path(), std::make_unique<FaultyDisk>(m_disk));
+    }
+
+    std::unique_ptr<RepoManager> manager() const
+    {
+        CatalogWorld world;
+        world.store = store();
+        world.network = std::make_unique<QNetworkAccessManager>();
+        world.workers = QThreadPool::globalInstance();
+        return std::make_unique<RepoManager>(std::move(world));
+    }
+
+    QTemporaryDir m_directory;
+    std::shared_ptr<DiskRecord> m_disk = std::make_shared<DiskRecord>();
+    const std::vector<StoredSource> m_old{ { u"https://old"_s, u"Old"_s, true } };
+    const std::vector<StoredSource> m_new{ { u"https://new"_s, u"New"_s, false } };
+    QByteArray m_oldContents;
+};
+
+TEST_F(StoreOnAFaultyDisk, bringsTheFileToTheDiskBeforeItsNameAndTheNameAfterThat)
+{
+    ASSERT_TRUE(store()->setSources(m_new));
+    EXPECT_EQ(m_disk->calls,
+        QStringList({ u"open to read"_s, u"read"_s, u"close file"_s, u"open to write"_s, u"write"_s, u"fsync file"_s,
+            u"close file"_s, u"rename"_s, u"open directory"_s, u"fsync directory"_s, u"close directory"_s }));
+}
+
+TEST_F(StoreOnAFaultyDisk, keepsTheOldListWhateverFailsUntilTheNewOneIsSafe)
+{
+    for (const QString& step : { u"open to write"_s, u"write"_s, u"fsync file"_s, u"close file"_s, u"rename"_s }) {
+        m_disk->failing = QStringList(step);
+        EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
+        EXPECT_EQ(contents(), m_oldContents) << step.toStdString();
+        EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s)) << step.toStdString();
+    }
+}
+
+TEST_F(StoreOnAFaultyDisk, saysSoWhenTheNewNameIsNotBroughtToTheDisk)
+{
+    for (const QString& step : { u"open directory"_s, u"fsync directory"_s }) {
+        m_disk->failing = QStringList(step);
+        EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
+        EXPECT_EQ(JsonSourceStore(path()).sources(), m_new);
+    }
+}
+
+TEST_F(StoreOnAFaultyDisk, doesNotEmptyTheFileWhenASwitchIsTouchedWhileTheDiskIsFull)
+{
+    const auto full = manager();
+    m_disk->failing = QStringList(u"write"_s);
+    full->toggleRepository(full->repositories()[0], false);
+    EXPECT_EQ(contents(), m_oldContents);
+    EXPECT_FALSE(full->repositories()[0]->enabled());
+    m_disk->failing.clear();
+    full->toggleRepository(full->repositories()[0], false);
+    EXPECT_EQ(JsonSourceStore(path()).sources(), std::vector<StoredSource>({ { u"https://old"_s, u"Old"_s, false } }));
+}
+
+TEST_F(StoreOnAFaultyDisk, writesAndReadsInPiecesAndAfterInterruptions)
+{
+    m_disk->largestPiece = 3;
+    m_disk->interruptions = 2;
+    const auto slow = store();
+    ASSERT_TRUE(slow->setSources(m_new));
+    m_disk->interruptions = 2;
+    EXPECT_EQ(slow->sources(), m_new);
+    EXPECT_EQ(JsonSourceStore(path()).sources(), m_new);
+}
+
+TEST_F(StoreOnAFaultyDisk, takesAFileThatCannotBeReadForNoDamage)
+{
+    for (const QString& step : { u"open to read"_s, u"read"_s }) {
+        for (const int error : { EACCES, EMFILE, EIO }) {
+            m_disk->failing = QStringList(step);
+            m_disk->error = error;
+            const auto blind = store();
+            EXPECT_FALSE(blind->sources().has_value());
+            EXPECT_FALSE(blind->setSources(m_new)) << step.toStdString() << error;
+            // The list in memory is not that of the file: to write it now would lose the file's.
+            m_disk->failing.clear();
+            EXPECT_FALSE(blind->setSources(m_new)) << step.toStdString() << error;
+            EXPECT_EQ(contents(), m_oldContents);
+            EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s));
+        }
+    }
+}
+
+TEST_F(StoreOnAFaultyDisk, writesAgainOnceTheFileHasBeenReadAfterAll)
+{
+    m_disk->failing = QStringList(u"open to read"_s);
+    const auto blind = store();
+    EXPECT_FALSE(blind->sources().has_value());
+    m_disk->failing.clear();
+    EXPECT_EQ(blind->sources(), m_old);
+    EXPECT_TRUE(blind->setSources(m_new));
+    EXPECT_EQ(JsonSourceStore(path()).sources(), m_new);
+}
+
+TEST_F(StoreOnAFaultyDisk, triesTheNextEditAgainWhenTheFileCouldNotBeReadForOne)
+{
+    const auto store = this->store();
+    EXPECT_EQ(store->sources(), m_old);
+    m_disk->failing = QStringList(u"open to read"_s);
+    EXPECT_FALSE(store->setSources(m_new));
+    EXPECT_EQ(contents(), m_oldContents);
+    m_disk->failing.clear();
+    EXPECT_TRUE(store->setSources(m_new));
+}
+
+TEST_F(StoreOnAFaultyDisk, startsThisRunFromTheDefaultsAndTheNextFromTheUsersOwnWhenItCannotBeRead)
+{
+    m_disk->failing = QStringList(u"open to read"_s);
+    m_disk->error = EMFILE;
+    const auto blind = manager();
+    EXPECT_EQ(blind->repositories().size(), 4U);
+    m_disk->failing.clear();
+    blind->removeRepository(blind->repositories()[0]);
+    EXPECT_EQ(blind->repositories().size(), 3U);
+    EXPECT_EQ(contents(), m_oldContents);
+    ASSERT_EQ(manager()->repositories().size(), 1U);
+    EXPECT_EQ(manager()->repositories()[0]->name(), u"Old"_s);
+}
+
+TEST_F(StoreOnAFaultyDisk, leavesALinkThatLeadsNowhereAlone)
+{
+    ASSERT_TRUE(QFile::remove(path()));
+    ASSERT_TRUE(QFile::link(m_directory.filePath(u"not mounted/defaults.json"_s), path()));
+    EXPECT_FALSE(store()->sources().has_value());
+    EXPECT_FALSE(store()->setSources(m_new));
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+}
+
+TEST_F(StoreOnAFaultyDisk, writesNothingWhenTheCopyOfADamagedListCannotBeKept)
+{
+    const QByteArray damaged = "{\"Other\":1,\"VeskDefaultRepos_v1\":\"https://only.one\"}";
+    write(damaged);
+    for (const QString& step : { u"open to write"_s, u"write"_s, u"fsync file"_s, u"close file"_s, u"rename"_s }) {
+        m_disk->failing = QStringList(step);
+        EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
+        EXPECT_EQ(contents(), damaged) << step.toStdString();
+        EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s)) << step.toStdString();
+    }
+}
+
+TEST_F(StoreOnAFaultyDisk, writesNothingOverADamagedFileThatCannotMakeWay)
+{
+    write("not JSON");
+    m_disk->failing = QStringList(u"rename"_s);
+    EXPECT_FALSE(store()->setSources(m_new));
+    EXPECT_EQ(contents(), "not JSON");
+    EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s));
+}
+
+TEST_F(StoreOnAFaultyDisk, keepsThePermissionsOfTheFile)
+{
+    ASSERT_EQ(::chmod(QFile::encodeName(path()).constData(), 0640), 0);
+    ASSERT_TRUE(store()->setSources(m_new));
+    struct stat status
+    {
+    };
+    ASSERT_EQ(::stat(QFile::encodeName(path()).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+TEST_F(StoreOnAFaultyDisk, readsAFileOfExactlyTheLargestSizeAndNoneBeyond)
+{
+    constexpr qsizetype largest = qsizetype(8) * 1024 * 1024;
+    write(m_oldContents + QByteArray(largest - m_oldContents.size(), ' '));
+    EXPECT_EQ(store()->sources(), m_old);
+    write(m_oldContents + QByteArray(largest + 1 - m_oldContents.size(), ' '));
+    EXPECT_FALSE(store()->sources().has_value());
+}

@@ -1,0 +1,61 @@
+// The whole program, in a home of its own whose one source is switched off.
+#include "ui/screens/shell/ApplicationMain.h"
+
+#include "actions/SignalDispositions.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
+
+namespace {
+
+constexpr int chosenStatus = 7;
+
+// Again and again, for nothing ends before the main loop runs.
+void endApplication()
+{
+    QCoreApplication::exit(chosenStatus);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), endApplication, Qt::QueuedConnection);
+}
+
+void enterHome(const QString& home)
+{
+    qputenv("HOME", home.toUtf8());
+    qputenv("XDG_CONFIG_HOME", home.toUtf8());
+    qputenv("XDG_CACHE_HOME", home.toUtf8());
+    QDir().mkpath(home + QStringLiteral("/vesk"));
+    QFile sources(home + QStringLiteral("/vesk/defaults.json"));
+    sources.open(QIODevice::WriteOnly);
+    sources.write("{\"VeskDefaultRepos_v1\":[{\"url\":\"http://127.0.0.1:9/\",\"name\":\"Off\",\"enabled\":false}]}");
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(endApplication)
+
+TEST(Application, endsWithTheStatusOfItsMainLoopAndKnowsHowItsChildrenAreToStart)
+{
+    const QTemporaryDir home;
+    enterHome(home.path());
+    std::array<char, 5> name{ "vesk" };
+    std::array<char*, 2> arguments{ name.data(), nullptr };
+    signal(SIGPIPE, SIG_DFL);
+    EXPECT_EQ(applicationMain(1, arguments.data()), chosenStatus);
+    signal(SIGPIPE, SIG_IGN);
+    SignalDispositions::restoreForChildren();
+    EXPECT_NE(signal(SIGPIPE, SIG_DFL), SIG_IGN);
+}
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
