@@ -9,6 +9,23 @@ namespace {
 
 std::array<char, 65536> passBuffer;
 
+template <typename Take> qsizetype inflateInPasses(const QByteArray& body, Take take)
+{
+    z_stream stream{};
+    inflateInit2(&stream, 15 + 32);
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(body.data()));
+    stream.avail_in = static_cast<uInt>(body.size());
+    int result = Z_OK;
+    while (result == Z_OK) {
+        stream.next_out = reinterpret_cast<Bytef*>(passBuffer.data());
+        stream.avail_out = passBuffer.size();
+        result = inflate(&stream, Z_NO_FLUSH);
+        take(passBuffer.data(), static_cast<qsizetype>(passBuffer.size() - stream.avail_out));
+    }
+    inflateEnd(&stream);
+    return static_cast<qsizetype>(stream.total_out);
+}
+
 } // namespace
 
 QByteArray packedByGzip(const QByteArray& text)
@@ -39,20 +56,16 @@ QByteArray packedByBzip2(const QByteArray& text)
     return packed;
 }
 
+QByteArray unpackedByGzip(const QByteArray& body)
+{
+    QByteArray text;
+    inflateInPasses(body, [&text](const char* bytes, qsizetype size) { text.append(bytes, size); });
+    return text;
+}
+
 qsizetype inflateAlone(const QByteArray& body)
 {
-    z_stream stream{};
-    inflateInit2(&stream, 15 + 32);
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(body.data()));
-    stream.avail_in = static_cast<uInt>(body.size());
-    int result = Z_OK;
-    while (result == Z_OK) {
-        stream.next_out = reinterpret_cast<Bytef*>(passBuffer.data());
-        stream.avail_out = passBuffer.size();
-        result = inflate(&stream, Z_NO_FLUSH);
-    }
-    inflateEnd(&stream);
-    return static_cast<qsizetype>(stream.total_out);
+    return inflateInPasses(body, [](const char*, qsizetype) {});
 }
 
 qsizetype bunzipAlone(const QByteArray& body)

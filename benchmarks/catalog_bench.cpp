@@ -5,8 +5,9 @@
 // then.
 //
 // Measured by ./bench on two cores: a reading of the gzip index takes 1.15 times as long as inflating it (1.10 for the
-// work of the thread that is waited for), a refresh over loopback 1.42 times, a package 188 bytes and 352 with all that
+// work of the thread that is waited for), a refresh over loopback 1.42 times, a package 224 bytes and 389 with all that
 // search and order need, and a keystroke 0.1 to 1.3 ms.
+#include "benchmarks/Figures.h"
 #include "benchmarks/GeneratedIndex.h"
 #include "benchmarks/PackedBody.h"
 #include "catalog/RepoManager.h"
@@ -15,14 +16,13 @@
 #include "http/Client.h"
 #include "tests/catalog/index/ReadIndex.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/MemorySourceStore.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 #include <functional>
 #include <malloc.h>
@@ -32,26 +32,6 @@ namespace {
 constexpr int packageCount = 60000;
 constexpr int rounds = 9;
 constexpr int slowRounds = 3;
-
-class EmptyStore : public SourceStore
-{
-public:
-    std::optional<std::vector<StoredSource>> sources() const override { return std::nullopt; }
-    bool setSources(const std::vector<StoredSource>&) override { return true; }
-};
-
-void print(const char* name, double value, const char* unit)
-{
-    std::printf("%s %.3f %s\n", name, value, unit);
-}
-
-double millisecondsOf(const std::function<void()>& work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 // The processor's time alone, of this thread or of all: it hardly depends on what else the machine does.
 double processorTimeOf(clockid_t clock, const std::function<void()>& work)
@@ -64,13 +44,6 @@ double processorTimeOf(clockid_t clock, const std::function<void()>& work)
     const double begin = now();
     work();
     return now() - begin;
-}
-
-double medianOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 double medianTimeOf(const std::function<void()>& work)
@@ -92,8 +65,8 @@ public:
 
     void print(const QByteArray& name, const QByteArray& floorName) const
     {
-        ::print(name.constData(), medianOf(m_times), "ms");
-        ::print((name + "_to_" + floorName).constData(), medianOf(m_ratios), "ratio");
+        printFigure(name.constData(), medianOf(m_times), "ms");
+        printFigure((name + "_to_" + floorName).constData(), medianOf(m_ratios), "ratio");
     }
 
 private:
@@ -137,7 +110,7 @@ struct Setting
     std::unique_ptr<RepoManager> manager() const
     {
         CatalogWorld world;
-        world.store = std::make_unique<EmptyStore>();
+        world.store = std::make_unique<MemorySourceStore>(std::make_shared<StoreRecord>());
         world.statusPaths = { statusPath() };
         world.network = std::make_unique<http::Client>();
         world.workers = std::make_shared<Workers>();
@@ -166,8 +139,8 @@ void measureReading(const Setting& setting)
         read.addRound(floors.back(), millisecondsOf([&] { setting.read(setting.gzip, Compression::Gzip); }));
         refresh.addRound(floors.back(), millisecondsOf([&] { refreshAndWait(*manager); }));
     }
-    print("catalog.packages", static_cast<double>(manager->packages().size()), "packages");
-    print("catalog.inflate_alone", medianOf(floors), "ms");
+    printFigure("catalog.packages", static_cast<double>(manager->packages().size()), "packages");
+    printFigure("catalog.inflate_alone", medianOf(floors), "ms");
     read.print("catalog.read_gzip", "inflate");
     refresh.print("catalog.refresh_gzip", "inflate");
 }
@@ -187,7 +160,7 @@ void measureWork(const Setting& setting)
 
 void measureOtherBodies(const Setting& setting)
 {
-    print("catalog.read_plain", medianTimeOf([&] { setting.read(setting.text, Compression::None); }), "ms");
+    printFigure("catalog.read_plain", medianTimeOf([&] { setting.read(setting.text, Compression::None); }), "ms");
     Comparison read;
     for (int round = 0; round < slowRounds; ++round) {
         const double floor = millisecondsOf([&] { bunzipAlone(setting.bzip2); });
@@ -209,9 +182,9 @@ void measureMainThread(const Setting& setting)
         sort.push_back(millisecondsOf([&] { index.packagesByName(); }));
         clear.push_back(millisecondsOf([&] { index.clear(); }));
     }
-    print("catalog.merge", medianOf(merge), "ms");
-    print("catalog.first_order_by_name", medianOf(sort), "ms");
-    print("catalog.clear", medianOf(clear), "ms");
+    printFigure("catalog.merge", medianOf(merge), "ms");
+    printFigure("catalog.first_order_by_name", medianOf(sort), "ms");
+    printFigure("catalog.clear", medianOf(clear), "ms");
 }
 
 // The result of the last query is kept, so the query comes in two spellings in turn.
@@ -228,20 +201,20 @@ void measureQueries(RepoManager& manager)
 {
     PackageVector shuffled = manager.packages().all();
     std::reverse(shuffled.begin(), shuffled.end());
-    print("catalog.sort_all_by_name", medianTimeOf([&] {
+    printFigure("catalog.sort_all_by_name", medianTimeOf([&] {
         PackageVector packages = shuffled;
         manager.sortByName(packages);
     }),
         "ms");
     for (const char* query : { "e", "li", "th", "lib", "python", "zzz", "tool manager" }) {
         const QByteArray name = "catalog.keystroke_" + QByteArray(query).replace(' ', '_');
-        print(name.constData(), keystrokeTime(manager, QString::fromLatin1(query)), "ms");
+        printFigure(name.constData(), keystrokeTime(manager, QString::fromLatin1(query)), "ms");
     }
     const QString query = QStringLiteral("lib");
-    print("catalog.same_query_again", medianTimeOf([&] { manager.filteredPackagesWithQuery(query); }), "ms");
-    print("catalog.categories", medianTimeOf([&] { manager.categories(); }), "ms");
+    printFigure("catalog.same_query_again", medianTimeOf([&] { manager.filteredPackagesWithQuery(query); }), "ms");
+    printFigure("catalog.categories", medianTimeOf([&] { manager.categories(); }), "ms");
     const QString category = QStringLiteral("tools");
-    print("catalog.packages_of_category", medianTimeOf([&] { manager.packagesForCategory(category); }), "ms");
+    printFigure("catalog.packages_of_category", medianTimeOf([&] { manager.packagesForCategory(category); }), "ms");
 }
 
 // The records alone are measured by parsing alone, so that nothing else has been asked for and given back in between.
@@ -255,7 +228,7 @@ void measureMemory(const Setting& setting)
         parser.feed(viewOf(setting.text));
         records = parser.finish();
     }
-    print("catalog.memory_records", (heapInUse() - before) / packageCount, "bytes/package");
+    printFigure("catalog.memory_records", (heapInUse() - before) / packageCount, "bytes/package");
     records = PackageVector();
 
     PackageList packages;
@@ -263,7 +236,7 @@ void measureMemory(const Setting& setting)
     const double beforeAll = heapInUse();
     index.merge(setting.read(setting.gzip, Compression::Gzip));
     index.packagesByName();
-    print("catalog.memory_with_search_and_order", (heapInUse() - beforeAll) / packageCount, "bytes/package");
+    printFigure("catalog.memory_with_search_and_order", (heapInUse() - beforeAll) / packageCount, "bytes/package");
 }
 
 } // namespace

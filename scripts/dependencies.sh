@@ -20,7 +20,7 @@ test_packages=(
 # shellcheck disable=SC2034
 lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils shellcheck)
 # shellcheck disable=SC2034
-bench_packages=("${run_packages[@]}" libbenchmark-dev)
+bench_packages=("${run_packages[@]}")
 
 # missing_packages NAME...: prints those that are not installed, one a line.
 missing_packages() {
@@ -70,11 +70,11 @@ ensure_packages() {
   apt_install "${missing[@]}"
 }
 
-# build_preset NAME [TARGET...]: configures when that was never done, then builds.
+# build_preset NAME [TARGET...]: configures when that was never done or the presets have changed since, then builds.
 build_preset() {
   local preset=$1 targets=()
   shift
   [[ $# -gt 0 ]] && targets=(--target "$@")
-  [[ -e build/$preset/build.ninja ]] || cmake --preset "$preset"
+  [[ build/$preset/build.ninja -nt CMakePresets.json ]] || cmake --preset "$preset"
   cmake --build --preset "$preset" ${targets[@]+"${targets[@]}"}
 }

@@ -120,7 +120,7 @@ TEST_F(ChildProcess, passesEveryTextAsItIsWithTheProgramItselfAsArgumentZero)
 
 TEST_F(ChildProcess, inheritsNoDescriptorThatALibraryLeftOpenForChildren)
 {
-    const QString out = path(u"out");
+    const QString out = path(QStringLiteral("out"));
     const int left = open("/dev/null", O_RDONLY); // NOLINT: without close-on-exec, as libraries open their sockets
     ASSERT_GE(left, 0);
     // The shell lists its own; the one that reads the directory is its child's.

@@ -40,7 +40,7 @@ TEST_F(PackageDownloadDisk, isNotBlockedByWhoeverTookTheSharedName)
     ASSERT_TRUE(QFile::link(m_parent.path(), directory()));
     m_server.serve(m_debs, m_body);
     const QString own = m_parent.filePath(QStringLiteral("own/archives"));
-    const QString archive = PackageDownload({ directory(), own }, m_limits).download(package(), {});
+    const QString archive = PackageDownload({ directory(), own }, sourceRequest(m_limits)).download(package(), {});
     EXPECT_EQ(archive, own + QStringLiteral("/one_1.0_iphoneos-arm.deb"));
     EXPECT_EQ(contents(archive), m_body);
 }

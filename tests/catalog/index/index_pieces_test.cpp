@@ -107,7 +107,6 @@ protected:
     {
         const ParsedIndex index = readIndexInPieces(jobFor(compression), body, pieceSize, m_workers);
         EXPECT_EQ(fieldsOf(index.packages), plainlyRead(body, compression)) << body.toHex().left(400).constData();
-        EXPECT_EQ(index.searchText.packageCount(), index.packages.size());
         EXPECT_EQ(index.nameKeys.sortedPlaces().size(), index.packages.size());
     }
 

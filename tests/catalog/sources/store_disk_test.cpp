@@ -1,5 +1,6 @@
 // The stored list of sources on a disk that fails.
 #include "catalog/sources/JsonSourceStore.h"
+#include "http/Client.h"
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/sources/FaultyDisk.h"
 
@@ -46,8 +47,8 @@ protected:
     {
         CatalogWorld world;
         world.store = store();
-        world.network = std::make_unique<QNetworkAccessManager>();
-        world.workers = QThreadPool::globalInstance();
+        world.network = std::make_unique<http::Client>();
+        world.workers = std::make_shared<Workers>();
         return std::make_unique<RepoManager>(std::move(world));
     }
 
