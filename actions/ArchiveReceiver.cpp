@@ -28,6 +28,7 @@ bool ArchiveReceiver::begin(int status)
 bool ArchiveReceiver::receive(std::string_view piece)
 {
     m_length += static_cast<std::int64_t>(piece.size());
+    m_digest.addData(QByteArrayView(piece.data(), static_cast<qsizetype>(piece.size())));
     return m_file->write(piece.data(), static_cast<qint64>(piece.size()));
 }
 

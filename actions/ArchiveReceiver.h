@@ -4,6 +4,9 @@
 #include "http/Outcome.h"
 #include "http/Receiver.h"
 
+#include <QByteArray>
+#include <QCryptographicHash>
+
 #include <cstdint>
 #include <memory>
 
@@ -32,6 +35,8 @@ public:
     bool begin(int status) override;
     bool receive(std::string_view piece) override;
 
+    // The SHA-256 of the body as it came, in hexadecimal digits.
+    QByteArray digest() const { return m_digest.result().toHex(); }
     // For the end of the transfer: the file, when the answer is acceptable, else null. What is not taken disappears.
     std::unique_ptr<PartialFile> takeFile(const http::Outcome& outcome);
 
@@ -39,4 +44,5 @@ private:
     const PrivateDirectory* m_directory;
     std::unique_ptr<PartialFile> m_file;
     std::int64_t m_length = 0;
+    QCryptographicHash m_digest{ QCryptographicHash::Sha256 };
 };

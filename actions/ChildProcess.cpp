@@ -39,6 +39,11 @@ public:
         return m_usable && posix_spawn_file_actions_addopen(&m_actions, descriptor, "/dev/null", O_WRONLY, 0) == 0;
     }
 
+    bool give(int descriptor, int childDescriptor)
+    {
+        return m_usable && posix_spawn_file_actions_adddup2(&m_actions, descriptor, childDescriptor) == 0;
+    }
+
     // Connections that libraries opened without asking to have them closed in children, and anything else.
     bool closeFrom(int descriptor)
     {
@@ -62,6 +67,12 @@ std::vector<char*> nullTerminated(QList<QByteArray>& texts)
     return pointers;
 }
 
+// What is not to be passed on goes in every child.
+bool silenceOutputs(SpawnFileActions& actions)
+{
+    return actions.silence(STDOUT_FILENO) && actions.silence(STDERR_FILENO) && actions.closeFrom(STDERR_FILENO + 1);
+}
+
 // Zero, success, when the child can no longer be asked about, as where SIGCHLD is ignored.
 int waitStatus(pid_t child)
 {
@@ -70,26 +81,41 @@ int waitStatus(pid_t child)
     return status;
 }
 
-} // namespace
-
-bool runChildProcess(const QStringList& arguments)
+// How the child ended, or none when there was none.
+std::optional<int> waitStatusOf(const QStringList& arguments, const SpawnFileActions& actions)
 {
     if (arguments.isEmpty())
-        return false;
+        return std::nullopt;
     QList<QByteArray> texts;
     for (const QString& argument : arguments)
         texts.append(argument.toUtf8());
     const std::vector<char*> vector = nullTerminated(texts);
 
-    SpawnFileActions actions;
-    if (!actions.silence(STDIN_FILENO) || !actions.silence(STDOUT_FILENO) || !actions.silence(STDERR_FILENO)
-        || !actions.closeFrom(STDERR_FILENO + 1))
-        return false;
     SignalDispositions::restoreForChildren();
     pid_t child = 0;
     if (posix_spawn(&child, vector.front(), actions.get(), nullptr, vector.data(), environ) != 0)
+        return std::nullopt;
+    return waitStatus(child);
+}
+
+} // namespace
+
+bool runChildProcess(const QStringList& arguments)
+{
+    SpawnFileActions actions;
+    if (!actions.silence(STDIN_FILENO) || !silenceOutputs(actions))
         return false;
-    return (waitStatus(child) & exitStatusMask) == 0;
+    const auto status = waitStatusOf(arguments, actions);
+    return status && (*status & exitStatusMask) == 0;
+}
+
+std::optional<int> exitCodeOfChildProcess(const QStringList& arguments, int standardInput)
+{
+    SpawnFileActions actions;
+    if (!actions.give(standardInput, STDIN_FILENO) || !silenceOutputs(actions))
+        return std::nullopt;
+    const auto status = waitStatusOf(arguments, actions);
+    return status && WIFEXITED(*status) ? std::optional(WEXITSTATUS(*status)) : std::nullopt;
 }
 
 bool isExecutableFile(const QString& path)

@@ -35,6 +35,7 @@ InstallerSurroundings InstallerSurroundings::system()
 {
     return {
         .dpkgPath = QStringLiteral("/usr/bin/dpkg"),
+        .administrator = AdministratorPrograms::system(),
         .archiveDirectories = placesForArchives(),
         .urlOpener = std::make_unique<DesktopURLOpener>(),
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "actions/AdministratorInstall.h"
 #include "actions/URLOpener.h"
 #include "http/Request.h"
 
@@ -13,6 +14,8 @@
 struct InstallerSurroundings
 {
     QString dpkgPath;
+    // Used in place of dpkg where both are there; none for root.
+    AdministratorPrograms administrator;
     // Where downloaded archives may go, in the order of trial: the first that can be this user's own private directory
     // is made and taken at each download. See PrivateDirectory.
     QStringList archiveDirectories;

@@ -25,7 +25,7 @@ PackageDownload::PackageDownload(QStringList directories, http::Request request)
 {
 }
 
-QString PackageDownload::download(const VeskPackagePtr& package, const std::stop_token& stop) const
+QString PackageDownload::download(const VeskPackagePtr& package, const std::stop_token& stop)
 {
     if (!package || !package->repository())
         return {};
@@ -39,6 +39,7 @@ QString PackageDownload::download(const VeskPackagePtr& package, const std::stop
         ArchiveReceiver receiver(isWritable ? &*directory : nullptr);
         const auto outcome = http::fetch(aimedAt(m_request, url->url()), receiver, stop);
         const auto file = receiver.takeFile(outcome);
+        m_digest = receiver.digest();
         if (file && file->moveTo(name))
             return directory->pathOf(name);
     }

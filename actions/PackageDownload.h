@@ -3,6 +3,7 @@
 #include "catalog/records/VeskPackage.h"
 #include "http/Request.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -23,9 +24,12 @@ public:
     PackageDownload(QStringList directories, http::Request request);
 
     // The path of the file, which stays there; null when no candidate gave one or once told to stop.
-    QString download(const VeskPackagePtr& package, const std::stop_token& stop) const;
+    QString download(const VeskPackagePtr& package, const std::stop_token& stop);
+    // The SHA-256 of the last file as it was received, in hexadecimal digits. Never read from the file again.
+    const QByteArray& digest() const { return m_digest; }
 
 private:
     QStringList m_directories;
     http::Request m_request;
+    QByteArray m_digest;
 };

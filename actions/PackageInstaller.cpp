@@ -112,12 +112,19 @@ void PackageInstaller::executeQueueWithCompletion(std::function<void()> completi
 
 QueueRun PackageInstaller::runOf(const std::vector<QueueEntryPtr>& entries)
 {
-    const auto download = [this](const VeskPackagePtr& package, const std::stop_token& stop) {
-        return PackageDownload(m_surroundings.archiveDirectories, m_surroundings.archiveRequest)
-            .download(package, stop);
+    // What the administrator refused is refused for one run; each archive is installed before the next is downloaded.
+    const auto administrator = std::make_shared<AdministratorInstall>(m_surroundings.administrator);
+    const auto digest = std::make_shared<QByteArray>();
+    const auto download = [this, digest](const VeskPackagePtr& package, const std::stop_token& stop) {
+        PackageDownload archive(m_surroundings.archiveDirectories, m_surroundings.archiveRequest);
+        const QString path = archive.download(package, stop);
+        *digest = archive.digest();
+        return path;
     };
-    const auto install
-        = [this](const QString& path, const VeskPackagePtr& package) { return installWithDPKG(path, package); };
+    const auto install = [this, administrator, digest](const QString& path, const VeskPackagePtr& package) {
+        return m_surroundings.administrator.arePresent() ? administrator->install(path, *digest)
+                                                         : installWithDPKG(path, package);
+    };
     const auto handOver = [this](const VeskPackagePtr& package) {
         postToMainThread([this, package] { openPackageInPackageManager(package); });
     };
