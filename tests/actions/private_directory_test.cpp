@@ -167,9 +167,11 @@ TEST_F(PrivateDirectoryTest, failsWhenTheCloseOfAFileFails)
     const std::set<int> before = openDescriptors();
     const auto file = directory->makeFile();
     ASSERT_TRUE(file->write("contents", 8));
-    for (const int descriptor : openDescriptors())
-        if (!before.contains(descriptor))
+    for (const int descriptor : openDescriptors()) {
+        if (!before.contains(descriptor)) {
             ASSERT_EQ(close(descriptor), 0);
+        }
+    }
     EXPECT_FALSE(file->moveTo(QStringLiteral("archive")));
     EXPECT_TRUE(entries(path()).isEmpty());
 }
