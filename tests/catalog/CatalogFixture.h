@@ -1,8 +1,8 @@
 #pragma once
 
 #include "catalog/RepoManager.h"
-#include "tests/support/MemorySourceStore.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/MemorySourceStore.h"
 
 #include <QTemporaryDir>
 #include <QTest>
