@@ -1,6 +1,7 @@
 #include "ui/kit/table/OpenRow.h"
 
-#include "ui/kit/table/TableView.h"
+#include "ui/kit/table/TableHost.h"
+#include "ui/kit/table/TableViewDelegate.h"
 
 namespace kit {
 

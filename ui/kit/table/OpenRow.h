@@ -7,7 +7,7 @@
 
 namespace kit {
 
-class TableView;
+class TableHost;
 
 // The one row of a table that stands open for deletion: its delete button shows. Lives as long as its table.
 class OpenRow : public QObject
@@ -19,7 +19,7 @@ class OpenRow : public QObject
     Q_PROPERTY(int row READ row NOTIFY changed)
 
 public:
-    explicit OpenRow(TableView& table)
+    explicit OpenRow(TableHost& table)
         : m_table(table)
     {
     }
@@ -43,7 +43,7 @@ Q_SIGNALS:
 private:
     void setOpen(const IndexPath& indexPath);
 
-    TableView& m_table;
+    TableHost& m_table;
     IndexPath m_open = NoRow;
 };
 

@@ -1,6 +1,10 @@
 #include "ui/kit/table/RowFocus.h"
 
-#include "ui/kit/table/TableView.h"
+#include "ui/kit/table/OpenRow.h"
+#include "ui/kit/table/TableHost.h"
+#include "ui/kit/table/TableLayout.h"
+#include "ui/kit/table/TableViewCell.h"
+#include "ui/kit/table/TableViewDelegate.h"
 
 #include <algorithm>
 #include <limits>

@@ -9,7 +9,7 @@
 
 namespace kit {
 
-class TableView;
+class TableHost;
 
 // The row of a table that the keyboard acts on, and how keys move it. A move scrolls the row into view. Lives as long
 // as its table.
@@ -23,7 +23,7 @@ class RowFocus : public QObject
     Q_PROPERTY(bool keyboardHere MEMBER m_keyboardHere NOTIFY keyboardHereChanged)
 
 public:
-    explicit RowFocus(TableView& table)
+    explicit RowFocus(TableHost& table)
         : m_table(table)
     {
     }
@@ -69,7 +69,7 @@ private:
     void tellScroll(double before);
     QString nameOf(const IndexPath& indexPath) const;
 
-    TableView& m_table;
+    TableHost& m_table;
     IndexPath m_focused = NoRow;
     bool m_keyboardHere = false;
     QString m_typed;

@@ -7,13 +7,13 @@
 
 namespace kit {
 
-class TableView;
+class TableHost;
 
 // The header views of a table's sections, as its delegate makes them. Lives as long as its table, which owns the views.
 class SectionHeaders
 {
 public:
-    explicit SectionHeaders(TableView& table)
+    explicit SectionHeaders(TableHost& table)
         : m_table(table)
     {
     }
@@ -29,7 +29,7 @@ public:
 private:
     void dropAll();
 
-    TableView& m_table;
+    TableHost& m_table;
     std::map<int, View*> m_headers;
     ObjectListModel m_model;
 };

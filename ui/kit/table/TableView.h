@@ -4,6 +4,7 @@
 #include "ui/kit/table/RefreshControl.h"
 #include "ui/kit/table/RowFocus.h"
 #include "ui/kit/table/SectionHeaders.h"
+#include "ui/kit/table/TableHost.h"
 #include "ui/kit/table/TableLayout.h"
 #include "ui/kit/table/TableViewCell.h"
 #include "ui/kit/table/TableViewDelegate.h"
@@ -19,7 +20,7 @@ namespace kit {
 // A table of sections and rows with a pinned section header. It asks its delegate what there is to show and finds the
 // places; its parts keep the cells of the rows that are seen, the headers, the row that the keyboard acts on and the
 // row that stands open for deletion. Lives on the main thread.
-class TableView : public View
+class TableView : public TableHost
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(KitTable)
@@ -43,7 +44,7 @@ public:
 
     // Null stands for a table without rows. Anything else shows with the next reload.
     void setDelegate(TableViewDelegate* delegate);
-    TableViewDelegate& delegate() const { return *m_delegate; }
+    TableViewDelegate& delegate() const override { return *m_delegate; }
 
     double rowHeight() const { return m_rowHeight; }
     void setRowHeight(double height) { m_rowHeight = height; }
@@ -96,31 +97,28 @@ public:
     // anew.
     void deleteRow(const IndexPath& indexPath, Animation animation);
 
-    bool hasRow(const IndexPath& indexPath) const;
-    const IndexPath& selectedRow() const { return m_selectedRow; }
-    // In the table's content coordinates, in which the table header view begins at 0.
-    QRectF rectForRow(const IndexPath& indexPath) const;
+    bool hasRow(const IndexPath& indexPath) const override;
+    const IndexPath& selectedRow() const override { return m_selectedRow; }
+    QRectF rectForRow(const IndexPath& indexPath) const override;
     std::optional<IndexPath> indexPathForRowAtPoint(const QPointF& point) const;
-    // Null unless the row is visible.
-    TableViewCell* cellForRow(const IndexPath& indexPath) const { return m_rows.cellFor(indexPath); }
-    std::vector<IndexPath> indexPathsForVisibleRows() const { return m_rows.indexPaths(); }
-    View* headerView(int section) const { return m_headers.headerOf(section); }
+    TableViewCell* cellForRow(const IndexPath& indexPath) const override { return m_rows.cellFor(indexPath); }
+    std::vector<IndexPath> indexPathsForVisibleRows() const override { return m_rows.indexPaths(); }
+    View* headerView(int section) const override { return m_headers.headerOf(section); }
     double contentHeight() const { return m_layout.contentHeight(); }
-    double contentOffset() const { return m_contentOffset; }
-    // Where the content begins to be seen; below 0 while the table is pulled down.
-    Q_INVOKABLE void setContentOffset(double offset);
+    double contentOffset() const override { return m_contentOffset; }
+    void setContentOffset(double offset) override;
     QPointF contentOrigin() const override { return { 0, m_contentOffset }; }
-    const TableLayout& layout() const { return m_layout; }
+    const TableLayout& layout() const override { return m_layout; }
 
     void layoutSubviews() override;
     QString component() const override { return QStringLiteral("TableBody"); }
 
     // What a person does.
-    Q_INVOKABLE void tapRow(int section, int row);
+    void tapRow(int section, int row) override;
     Q_INVOKABLE void pressRow(int section, int row, bool pressed);
     // Shows what is next or (-1) what was before, wherever the focus is.
     Q_INVOKABLE void scrollByPage(int direction);
-    OpenRow* openRow() { return &m_openRow; }
+    OpenRow* openRow() override { return &m_openRow; }
     RowFocus* rowFocus() { return &m_rowFocus; }
 
     // While the rows below a deleted one move up to their new frames.

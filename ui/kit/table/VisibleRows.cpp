@@ -1,6 +1,8 @@
 #include "ui/kit/table/VisibleRows.h"
 
-#include "ui/kit/table/TableView.h"
+#include "ui/kit/table/TableHost.h"
+#include "ui/kit/table/TableLayout.h"
+#include "ui/kit/table/TableViewDelegate.h"
 
 #include <iterator>
 #include <utility>

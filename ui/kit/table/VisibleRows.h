@@ -9,14 +9,14 @@
 
 namespace kit {
 
-class TableView;
+class TableHost;
 
 // The cells of a table, one for each row that is seen. The cells of rows that left are given to those that come, by
 // reuse identifier. Lives as long as its table, which owns the cells.
 class VisibleRows
 {
 public:
-    explicit VisibleRows(TableView& table)
+    explicit VisibleRows(TableHost& table)
         : m_table(table)
     {
     }
@@ -45,7 +45,7 @@ private:
     TableViewCell* askForCell(const IndexPath& indexPath);
     void placeCell(TableViewCell& cell, const IndexPath& indexPath);
 
-    TableView& m_table;
+    TableHost& m_table;
     std::map<IndexPath, TableViewCell*> m_cells;
     CellPool m_reusable;
     ObjectListModel m_model;
