@@ -30,6 +30,8 @@ public:
     // Null unless the row is visible.
     virtual TableViewCell* cellForRow(const IndexPath& indexPath) const = 0;
     virtual std::vector<IndexPath> indexPathsForVisibleRows() const = 0;
+    // For a row for which the delegate has no cell.
+    virtual TableViewCell* dequeueEmptyCell() = 0;
     virtual View* headerView(int section) const = 0;
     virtual double contentOffset() const = 0;
     // Where the content begins to be seen; below 0 while the table is pulled down.

@@ -8,7 +8,7 @@
 namespace kit {
 
 TableView::TableView(QObject* parent)
-    : View({}, parent)
+    : TableHost({}, parent)
     , m_delegate(&TableViewDelegate::none())
     , m_rows(*this)
     , m_headers(*this)

@@ -92,6 +92,10 @@ public:
         cell->setSeparatorInset(m_separatorInset);
         return cell;
     }
+    TableViewCell* dequeueEmptyCell() override
+    {
+        return dequeueCell<TableViewCell>(QString(), TableViewCell::Style::Default);
+    }
     void deselectRow(const IndexPath& indexPath, Animation animation);
     // The row is gone from the delegate already; those below move up. If more than it has changed, everything is asked
     // anew.

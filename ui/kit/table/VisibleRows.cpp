@@ -61,7 +61,7 @@ TableViewCell* VisibleRows::askForCell(const IndexPath& indexPath)
 {
     if (TableViewCell* cell = m_table.delegate().cellForRowAtIndexPath(indexPath))
         return cell;
-    return m_table.dequeueCell<TableViewCell>(QString(), TableViewCell::Style::Default);
+    return m_table.dequeueEmptyCell();
 }
 
 void VisibleRows::showRow(const IndexPath& indexPath)
