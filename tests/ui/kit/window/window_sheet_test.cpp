@@ -41,7 +41,7 @@ protected:
     {
         const auto items = quick()->findChildren<QQuickItem*>();
         const auto found = std::find_if(
-            items.begin(), items.end(), [](const QQuickItem* item) { return item->inherits("PanelShape"); });
+            items.begin(), items.end(), [](const QQuickItem* item) { return item->inherits("kit::PanelShape"); });
         if (found == items.end())
             return {};
         const QQuickItem* const body = (*found)->parentItem();
@@ -51,7 +51,7 @@ protected:
     {
         const auto items = quick()->findChildren<QQuickItem*>();
         return std::any_of(items.begin(), items.end(), [](const QQuickItem* item) {
-            return item->inherits("PanelShape") && item->isVisible()
+            return item->inherits("kit::PanelShape") && item->isVisible()
                 && item->property("place").value<kit::PanelPlace>().arrowEdge() != kit::PanelPlace::NoArrow;
         });
     }
