@@ -72,7 +72,7 @@ FocusScope {
                     required property int index
 
                     width: parent ? (parent as Row).tabWidth : 0
-                    height: bar.height
+                    height: root.barHeight
                     item: (object as ViewController).tabBarItem
                     bar: root.bar
                     selected: index === root.controller.selectedIndex

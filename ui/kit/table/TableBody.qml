@@ -211,8 +211,9 @@ Item {
 
     function openCell() {
         const openRow = root.view.openRow;
-        for (const slot of cells.children) {
-            const cell = slot.children[0] as CellView;
+        for (let index = 0; index < cells.children.length; ++index) {
+            const slot = cells.children[index];
+            const cell = slot.children.length > 0 ? slot.children[0] as CellView : null;
             if (cell && !cell.view.hidden && cell.view.section === openRow.section && cell.view.row === openRow.row)
                 return cell;
         }
