@@ -46,6 +46,6 @@ bool AdministratorInstall::install(const QString& path, const QByteArray& digest
     const QStringList arguments{ m_programs.pkexecPath, QStringLiteral("--disable-internal-agent"),
         m_programs.helperPath, QString::fromLatin1(digest) };
     const auto exitCode = exitCodeOfChildProcess(arguments, archive.get());
-    m_isRefused = exitCode == dismissed || exitCode == notAuthorized;
+    m_isRefused = exitCode && (*exitCode == dismissed || *exitCode == notAuthorized);
     return exitCode == 0;
 }

@@ -117,7 +117,7 @@ QueueRun PackageInstaller::runOf(const std::vector<QueueEntryPtr>& entries)
     const auto digest = std::make_shared<QByteArray>();
     const auto download = [this, digest](const VeskPackagePtr& package, const std::stop_token& stop) {
         PackageDownload archive(m_surroundings.archiveDirectories, m_surroundings.archiveRequest);
-        const QString path = archive.download(package, stop);
+        QString path = archive.download(package, stop);
         *digest = archive.digest();
         return path;
     };

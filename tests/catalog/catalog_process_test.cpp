@@ -67,14 +67,19 @@ TEST_F(CatalogProcess, endsCleanlyBeforeAnAnswerHasCome)
 TEST_F(CatalogProcess, endsCleanlyWhileBodiesPourIn)
 {
     LoopbackServer::Reply endless;
+    // Without a length, for one beyond the limit is refused before any of it has come.
+    endless.declaredLength = -1;
     endless.fillerSize = qint64(1) << 40;
+    endless.ending = LoopbackServer::Ending::Close;
     for (int round = 0; round < 10; ++round) {
         m_server.setReply("/1/Packages.bz2", endless);
         m_server.setReply("/2/Packages.bz2", endless);
         const qint64 before = m_server.bytesSent();
         start();
         ASSERT_TRUE(waitFor([&] { return m_server.bytesSent() - before > 1000 * 1000; }));
-        EXPECT_EQ(end().toStdString(), "") << round;
+        // On a fast machine the bodies may have come to the limit by now, and every refresh to its end.
+        const QString printed = end();
+        EXPECT_TRUE(printed.isEmpty() || printed == u"finished\n"_s) << printed.toStdString();
     }
 }
 

@@ -13,7 +13,7 @@ TEST_F(AtScale1, focusOnABarButton)
 {
     fillCatalog();
     open(Tab::Changes, Low);
-    press(Qt::Key_Tab);
+    press(Qt::Key_Backtab);
     expectPicture(QStringLiteral("focus-bar-button"));
 }
 
@@ -21,7 +21,7 @@ TEST_F(AtScale1, focusOnATab)
 {
     fillCatalog();
     open(Tab::Changes, Low);
-    press(Qt::Key_Backtab);
+    press(Qt::Key_Tab);
     expectPicture(QStringLiteral("focus-tab"));
 }
 

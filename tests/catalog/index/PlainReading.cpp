@@ -9,10 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A byte order mark is dropped.
+// A byte order mark is a character like any other: the name of the field behind it is another one.
 QString decodedText(const QByteArray& bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
     QString text = decoder(bytes);
     // Bytes that end within a character are told of by what follows them.
     text += decoder(QByteArray("\n"));

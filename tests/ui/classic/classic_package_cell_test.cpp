@@ -2,6 +2,7 @@
 
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/TestImage.h"
+#include "tests/ui/classic/IconNetwork.h"
 #include "tests/ui/classic/TestPackage.h"
 #include "ui/classic/ClassicUI.h"
 
@@ -208,6 +209,7 @@ TEST_F(PackageCell, givesTheTextsNoWidthInAVeryNarrowRow)
 TEST_F(PackageCell, showsThePlaceholderAtOnceAndTheIconWhenItHasArrived)
 {
     LoopbackServer server;
+    const IconNetwork network;
     server.serve("/icon.png", pngOf(Qt::red));
     package->setIconURLString(server.url(QStringLiteral("/icon.png")));
     QSignalSpy changes(cell.imageView(), &kit::ImageView::imageChanged);

@@ -1,6 +1,7 @@
 // On a screen of twice as many pixels, which a program has from its start on.
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/TestImage.h"
+#include "tests/ui/classic/IconNetwork.h"
 #include "tests/ui/classic/TestPackage.h"
 #include "ui/classic/ClassicUI.h"
 
@@ -11,6 +12,7 @@
 TEST(PackageIcon, isDecodedForTheScaleOfTheScreen)
 {
     LoopbackServer server;
+    const IconNetwork network;
     server.serve("/icon.png", pngOf(Qt::red, { 120, 60 }));
     const VeskPackagePtr package = makePackage(QStringLiteral("Alpha"));
     package->setIconURLString(server.url(QStringLiteral("/icon.png")));

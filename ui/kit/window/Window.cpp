@@ -50,7 +50,7 @@ void Window::makeKeyAndVisible(const QString& title)
 {
     const QScreen& screen = *QGuiApplication::primaryScreen();
     const bool fillsScreen = isPhone(screen.size());
-    const QSizeF size = fillsScreen ? QSizeF(screen.size()) : DesktopSize.boundedTo(screen.availableSize());
+    const QSizeF size = fillsScreen ? QSizeF(screen.availableSize()) : DesktopSize.boundedTo(screen.availableSize());
     resize(size.width(), size.height());
 
     QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));

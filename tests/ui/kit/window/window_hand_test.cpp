@@ -70,6 +70,17 @@ protected:
     }
 };
 
+class Animated
+{
+protected:
+    Animated() { kit::Animations::setEnabled(true); }
+};
+
+// Of a window that moves from its beginning.
+class MovingHand : private Animated, public Hand
+{
+};
+
 } // namespace
 
 // MARK: stopping
@@ -82,9 +93,8 @@ TEST_F(Hand, opensNothingByATouchThatStopsTheList)
     EXPECT_TRUE(waitUntil([this] { return !isMoving(); }));
 }
 
-TEST_F(Hand, pressesNoButtonInARowThatMoves)
+TEST_F(MovingHand, pressesNoButtonInARowThatMoves)
 {
-    kit::Animations::setEnabled(true);
     table().refreshControl()->beginRefreshing();
     ASSERT_GT(table().contentOffset(), -60) << "it is on its way there";
     touch(accessoryOf({ 0, 1 }));
@@ -200,6 +210,13 @@ TEST_F(Hand, goesBackByOneScreenHoweverQuicklyBackIsTouchedTwice)
     }
 }
 
+TEST_F(MovingHand, staysOnTheScreenThatATouchOpened)
+{
+    touch(pointOf({ 0, 2 }));
+    ASSERT_TRUE(waitUntil([this] { return !stack(0)->isTransitioning(); }));
+    EXPECT_EQ(stack(0)->viewControllers().size(), 2U);
+}
+
 TEST_F(Hand, touchesNothingWhileOneScreenGivesWayToAnother)
 {
     kit::Animations::setEnabled(true);
@@ -286,14 +303,17 @@ TEST_F(Hand, keepsARowPressedWhileTheFingerSlipsAlongIt)
 TEST_F(Hand, showsThatAButtonIsPressedOnlyWhileTheFingerIsOnIt)
 {
     const auto down = [this] { return itemDrawnBy(QLatin1String("ButtonView"))->property("down").toBool(); };
-    const QPoint button = accessoryOf({ 0, 1 });
-    begin(button);
+    // At its left edge, so that it is left before the row takes the finger for a swipe.
+    const QRectF frame = table().cellForRow({ 0, 1 })->accessoryView()->frame();
+    const QPoint inside = accessoryOf({ 0, 1 }) - QPoint(static_cast<int>(frame.width() / 2) - 3, 0);
+    const QPoint outside = inside - QPoint(7, 0);
+    begin(inside);
     EXPECT_TRUE(down());
-    moveTo(button - QPoint(120, 0), 1);
+    moveTo(outside, 1);
     EXPECT_FALSE(down());
-    moveTo(button, 1);
+    moveTo(inside, 1);
     EXPECT_TRUE(down());
-    moveTo(button - QPoint(120, 0), 1);
+    moveTo(outside, 1);
     end();
     EXPECT_EQ(one->buttonPresses, 0);
 }
