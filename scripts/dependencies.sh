@@ -20,7 +20,7 @@ test_packages=(
 # shellcheck disable=SC2034
 lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils shellcheck)
 # shellcheck disable=SC2034
-bench_packages=("${run_packages[@]}")
+bench_packages=("${run_packages[@]}" xdotool xvfb)
 
 # missing_packages NAME...: prints those that are not installed, one a line.
 missing_packages() {

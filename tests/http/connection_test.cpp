@@ -50,7 +50,7 @@ public:
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         socklen_t length = sizeof address;
-        bind(listening, plainAddress(), length);
+        EXPECT_EQ(bind(listening, plainAddress(), length), 0);
         getsockname(listening, plainAddress(), &length);
     }
     ~DeafSocket()
@@ -65,7 +65,7 @@ public:
     {
         listen(listening, 0);
         for (const int one : { first, second })
-            connect(one, plainAddress(), sizeof address);
+            static_cast<void>(connect(one, plainAddress(), sizeof address));
     }
     std::string url() const { return "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/"; }
 
