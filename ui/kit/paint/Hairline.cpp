@@ -7,6 +7,8 @@ namespace kit {
 Hairline::Hairline(QQuickItem* parent)
     : PixelItem(parent)
 {
+    // Made within a window, it is not told of that.
+    takeHeight();
     connect(this, &Hairline::colorChanged, this, &QQuickItem::update);
 }
 

@@ -50,6 +50,7 @@ Item {
     PressArea {
         anchors.fill: parent
         enabled: !root.view.hidden
+        canBeDrawn: true
         onDownChanged: root.table.pressRow(root.view.section, root.view.row, down)
         onTapped: {
             KeyboardFocus.shown = false;

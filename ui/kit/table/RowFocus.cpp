@@ -48,6 +48,7 @@ void RowFocus::moveTo(int section, int row)
     if (!m_table.hasRow({ section, row }))
         return;
     const double before = m_table.contentOffset();
+    m_typed.clear();
     setFocused({ section, row });
     scrollIntoView({ section, row });
     tellScroll(before);
@@ -80,18 +81,22 @@ QString RowFocus::nameOf(const IndexPath& indexPath) const
 
 void RowFocus::type(const QString& letters)
 {
-    constexpr qint64 InOneGo = 1000;
-    if (!m_sinceTyped.isValid() || m_sinceTyped.elapsed() > InOneGo)
-        m_typed.clear();
-    m_sinceTyped.start();
-    m_typed += letters;
+    const QString typed = isTyping() ? m_typed + letters : letters;
     auto row = m_table.layout().rowAfter({ 0, 0 }, 0);
-    while (row && !nameOf(*row).startsWith(m_typed, Qt::CaseInsensitive)) {
+    while (row && !nameOf(*row).startsWith(typed, Qt::CaseInsensitive)) {
         const auto next = m_table.layout().rowAfter(*row, 1);
         row = next == row ? std::nullopt : next;
     }
     if (row)
         moveTo(row->section, row->row);
+    m_typed = typed;
+    m_sinceTyped.start();
+}
+
+bool RowFocus::isTyping() const
+{
+    constexpr qint64 InOneGo = 1000;
+    return !m_typed.isEmpty() && m_sinceTyped.elapsed() <= InOneGo;
 }
 
 void RowFocus::scrollIntoView(const IndexPath& indexPath)

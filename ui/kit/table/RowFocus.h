@@ -43,6 +43,8 @@ public:
     Q_INVOKABLE void clear();
     // To the next row whose name begins with what was typed in one go.
     Q_INVOKABLE void type(const QString& letters);
+    // True for a while after letters were typed: a space goes on with them then.
+    Q_INVOKABLE bool isTyping() const;
     // What a tap on the row does.
     Q_INVOKABLE void activate();
     // Shows the row's delete button, or does what it does if it shows already.

@@ -56,11 +56,12 @@ Item {
     function act(event) {
         if (!root.activeFocus || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
             return false;
-        if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
+        const presses = event.key === Qt.Key_Return || event.key === Qt.Key_Enter || (event.key === Qt.Key_Space && !root.view.rowFocus.isTyping());
+        if (presses)
             root.view.rowFocus.activate();
         else if (event.key === Qt.Key_Delete)
             root.view.rowFocus.deleteRow();
-        else if (event.text.length > 0 && event.text > " " && event.text !== "\x7f")
+        else if (event.text.length > 0 && event.text >= " " && event.text !== "\x7f")
             root.view.rowFocus.type(event.text);
         else
             return false;

@@ -230,8 +230,9 @@ void TableViewCell::setMeetsHeader(bool meets)
 
 void TableViewCell::setSelected(bool selected, Fade fade)
 {
-    m_selected = selected;
     m_fade = fade;
+    Q_EMIT fadesSelectionChanged();
+    m_selected = selected;
     Q_EMIT selectionChanged();
 }
 
@@ -239,8 +240,9 @@ void TableViewCell::setPressed(bool pressed)
 {
     if (m_pressed == pressed)
         return;
-    m_pressed = pressed;
     m_fade = Fade::Immediately;
+    Q_EMIT fadesSelectionChanged();
+    m_pressed = pressed;
     Q_EMIT selectionChanged();
 }
 

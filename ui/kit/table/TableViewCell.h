@@ -22,7 +22,8 @@ class TableViewCell : public View
     Q_PROPERTY(double separatorRight READ separatorRight NOTIFY cellChanged)
     Q_PROPERTY(bool meetsHeader READ meetsHeader NOTIFY rowChanged)
     Q_PROPERTY(bool highlighted READ isHighlighted NOTIFY selectionChanged)
-    Q_PROPERTY(bool fadesSelection READ fadesSelection NOTIFY selectionChanged)
+    // Changes before the selection that it is for.
+    Q_PROPERTY(bool fadesSelection READ fadesSelection NOTIFY fadesSelectionChanged)
     Q_PROPERTY(int section READ section NOTIFY rowChanged)
     Q_PROPERTY(int row READ row NOTIFY rowChanged)
 
@@ -88,6 +89,7 @@ public:
 
 Q_SIGNALS:
     void cellChanged();
+    void fadesSelectionChanged();
     void selectionChanged();
     void rowChanged();
 

@@ -10,6 +10,9 @@ MouseArea {
     readonly property bool down: pressed && containsMouse
     // Of what a second touch at once would do again to something else.
     property bool takesOneOfTwo: false
+    // Of what a finger draws aside: the second of two touches presses it when it ends, not when it begins.
+    property bool canBeDrawn: false
+    property bool isSecond: false
 
     signal tapped
 
@@ -22,8 +25,36 @@ MouseArea {
         return true;
     }
 
-    onPressed: mouse => mouse.accepted = root.standsStill()
+    function endSecond() {
+        if (!isSecond)
+            return;
+        isSecond = false;
+        tapped();
+    }
+
+    onPressed: mouse => {
+        isSecond = false;
+        mouse.accepted = root.standsStill();
+    }
     onClicked: root.tapped()
-    onDoubleClicked: if (!root.takesOneOfTwo && root.standsStill())
-        root.tapped()
+    onDoubleClicked: {
+        isSecond = !takesOneOfTwo;
+        if (!canBeDrawn)
+            endSecond();
+    }
+    onReleased: if (containsMouse)
+        endSecond()
+
+    // The area is told of a finger's second touch as it begins and then no more, though it may yet become a drag.
+    // In an item of its own, for an item with a handler takes every button of the mouse.
+    Item {
+        anchors.fill: parent
+
+        TapHandler {
+            enabled: root.canBeDrawn
+            acceptedDevices: PointerDevice.TouchScreen
+            longPressThreshold: 3600
+            onTapped: root.endSecond()
+        }
+    }
 }

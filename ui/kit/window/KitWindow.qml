@@ -28,6 +28,8 @@ Window {
             controller: root.controller.rootViewController
         }
         TapHandler {
+            // A finger presses no button, and would go back by every touch.
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
             acceptedButtons: Qt.BackButton
             onTapped: root.controller.goBack()
         }
