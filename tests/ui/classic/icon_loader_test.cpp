@@ -344,8 +344,9 @@ TEST_F(Loader, canGoAwayDuringDownloadsAndDecodings)
 {
     server.setReply("/held.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
     server.serve("/icon.png", pngOf(Qt::red, { 2000, 2000 }));
+    kit::ImageView other;
     load(server.url(QStringLiteral("/icon.png")), view);
-    load(server.url(QStringLiteral("/held.png")), view);
+    load(server.url(QStringLiteral("/held.png")), other);
     ASSERT_TRUE(QTest::qWaitFor([&] { return server.requests().size() == 2; }, generousMilliseconds));
     loader.reset();
     server.release("/held.png");
