@@ -1,5 +1,4 @@
 import QtQuick
-import ui.kit
 
 // Where a touch presses a control. Two quick touches are two presses. A touch that begins while what it falls on moves under
 // it, and stops that, is none.

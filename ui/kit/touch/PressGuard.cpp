@@ -36,7 +36,8 @@ void PressGuard::itemChange(ItemChange change, const ItemChangeData& data)
     if (change == ItemSceneChange) {
         if (m_watched)
             m_watched->removeEventFilter(this);
-        m_watched = data.window;
+        // This change comes with the window; Qt tells all of them by one union.
+        m_watched = data.window; // NOLINT(cppcoreguidelines-pro-type-union-access)
         if (m_watched)
             m_watched->installEventFilter(this);
     }
