@@ -4,9 +4,8 @@
 // that the threads of one reading have to take turns. What threads work is told as processor time too, which holds even
 // then.
 //
-// Measured by ./bench on two cores: a reading of the gzip index takes 1.15 times as long as inflating it (1.10 for the
-// work of the thread that is waited for), a refresh over loopback 1.42 times, a package 224 bytes and 389 with all that
-// search and order need, and a keystroke 0.1 to 1.3 ms.
+// Measured by ./bench on two cores: a reading of the gzip index takes 1.8 times as long as inflating it, a refresh over
+// loopback 1.9 times, a package 224 bytes and 389 with all that search and order need, and a keystroke 0.3 to 1.6 ms.
 #include "benchmarks/Figures.h"
 #include "benchmarks/GeneratedIndex.h"
 #include "benchmarks/PackedBody.h"
