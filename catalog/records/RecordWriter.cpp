@@ -25,9 +25,31 @@ VeskPackagePtr RecordWriter::add(const PackageTexts<std::string_view>& texts)
         endBlock();
         beginBlock();
     }
-    const VeskPackage::TextHandles handles([&](PackageText which) { return m_texts->add(texts[which]); });
-    VeskPackage& record = m_records->emplace_back(m_origin, handles);
+    m_lastTexts = addTexts(texts);
+    VeskPackage& record = m_records->emplace_back(m_origin, m_lastTexts);
     return { m_records, &record };
+}
+
+// Packages made from one source stand together in an index: what is the same in the record before, or in this one under
+// another name, is kept once.
+VeskPackage::TextHandles RecordWriter::addTexts(const PackageTexts<std::string_view>& texts)
+{
+    TextPool& pool = m_origin->texts;
+    VeskPackage::TextHandles handles;
+    const auto isIn = [&](TextPool::Handle handle, std::string_view text) {
+        return handle > TextPool::empty && pool.text(handle) == text;
+    };
+    const auto handleOf = [&](PackageText which) {
+        const std::string_view text = texts[which];
+        if (which == PackageText::Name && isIn(handles[PackageText::PackageID], text))
+            return handles[PackageText::PackageID];
+        if (which == PackageText::Maintainer && isIn(handles[PackageText::Author], text))
+            return handles[PackageText::Author];
+        return isIn(m_lastTexts[which], text) ? m_lastTexts[which] : pool.add(text);
+    };
+    for (std::size_t index = 0; index < std::size_t(PackageText::Count); ++index)
+        handles[PackageText(index)] = handleOf(PackageText(index));
+    return handles;
 }
 
 void RecordWriter::finish()
@@ -35,7 +57,6 @@ void RecordWriter::finish()
     endBlock();
     m_records.reset();
     m_origin.reset();
-    m_texts.reset();
 }
 
 std::size_t RecordWriter::byteSize() const
@@ -48,7 +69,7 @@ void RecordWriter::beginBlock()
     m_origin = std::make_shared<PackageOrigin>();
     m_origin->repository = m_repository;
     m_records = std::make_shared<std::deque<VeskPackage>>();
-    m_texts.emplace(m_origin->texts);
+    m_lastTexts = {};
 }
 
 void RecordWriter::endBlock()

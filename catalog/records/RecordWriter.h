@@ -1,10 +1,8 @@
 #pragma once
 
 #include "catalog/records/VeskPackage.h"
-#include "catalog/text/TextInterner.h"
 
 #include <deque>
-#include <optional>
 
 // Makes the package records of one source. They stand in blocks, each with the texts of its own records, and a pointer
 // to a record keeps its block alone: whoever holds on to one package of a large index holds at most blockSize bytes, or
@@ -26,6 +24,7 @@ public:
     std::size_t byteSize() const;
 
 private:
+    VeskPackage::TextHandles addTexts(const PackageTexts<std::string_view>& texts);
     void beginBlock();
     void endBlock();
     std::size_t sizeOfBlock() const;
@@ -35,6 +34,6 @@ private:
     std::shared_ptr<PackageOrigin> m_origin;
     // Each pointer to a record keeps all of its block.
     std::shared_ptr<std::deque<VeskPackage>> m_records;
-    // Equal texts of a block stand in it once.
-    std::optional<TextInterner> m_texts;
+    // Of the last record of the block.
+    VeskPackage::TextHandles m_lastTexts;
 };

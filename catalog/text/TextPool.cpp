@@ -29,8 +29,8 @@ TextPool::Handle TextPool::add(std::string_view text)
     for (; length >= moreFollows; length >>= 7)
         prefix[prefixSize++] = static_cast<char>(static_cast<unsigned char>(length) | moreFollows);
     prefix[prefixSize++] = static_cast<char>(length);
-    m_buffer.append(prefix.data(), static_cast<qsizetype>(prefixSize));
-    m_buffer.append(text.data(), static_cast<qsizetype>(text.size()));
+    m_buffer.append(prefix.data(), prefixSize);
+    m_buffer.append(text);
     return handle;
 }
 
@@ -41,9 +41,9 @@ std::string_view TextPool::text(Handle handle) const
     std::size_t position = handle;
     std::size_t length = 0;
     for (unsigned shift = 0;; shift += 7) {
-        const auto byte = static_cast<unsigned char>(m_buffer.constData()[position++]);
+        const auto byte = static_cast<unsigned char>(m_buffer[position++]);
         length |= std::size_t(byte & 0x7fU) << shift;
         if (byte < moreFollows)
-            return { m_buffer.constData() + position, length };
+            return { m_buffer.data() + position, length };
     }
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 // Texts one behind the other in one growing buffer, each known by a 32-bit handle: what many packages' texts are kept
@@ -24,13 +23,12 @@ public:
     // How much the text can add to a pool's size.
     static std::size_t largestSizeOf(std::string_view text) { return longestLengthPrefix + text.size(); }
     // Gives back what the buffer holds in reserve.
-    void shrink() { m_buffer.squeeze(); }
-    std::size_t size() const { return static_cast<std::size_t>(m_buffer.size()); }
+    void shrink() { m_buffer.shrink_to_fit(); }
+    std::size_t size() const { return m_buffer.size(); }
 
 private:
     static constexpr std::size_t longestLengthPrefix = 5;
 
     // Each text stands behind its length, written seven bits a byte, the highest bit telling that more follow.
-    // In a QByteArray, which grows to megabytes without being copied.
-    QByteArray m_buffer;
+    std::string m_buffer;
 };

@@ -1,5 +1,6 @@
 #include "catalog/index/IndexParser.h"
 #include "catalog/records/RecordWriter.h"
+#include "catalog/text/TextDecoding.h"
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/HeapInUse.h"
 
@@ -74,18 +75,21 @@ TEST(RecordWriter, keepsTextsOfEveryRecordApartInAndAcrossBlocks)
     PackageVector packages;
     for (int number = 0; number < 5000; ++number) {
         const std::string text = std::to_string(number);
-        packages.push_back(writer.add(textsOf(text, "text of " + text)));
+        PackageTexts<std::string_view> texts = textsOf(text, "text of " + text);
+        texts[PackageText::Section] = "Games";
+        packages.push_back(writer.add(texts));
     }
     writer.finish();
     for (int number = 0; number < 5000; ++number) {
         const VeskPackage& package = *packages[static_cast<std::size_t>(number)];
         ASSERT_EQ(package.packageID(), QString::number(number));
         ASSERT_EQ(package.desc(), u"text of %1"_s.arg(number));
-        ASSERT_TRUE(package.section().isNull());
+        ASSERT_EQ(package.section(), u"Games"_s);
+        ASSERT_TRUE(package.author().isNull());
     }
 }
 
-TEST(RecordWriter, keepsEqualTextsOfABlockOnce)
+TEST(RecordWriter, keepsOnceWhatFollowingRecordsShare)
 {
     RecordWriter writer(nullptr);
     const std::string shared(1000, 'x');
@@ -94,6 +98,23 @@ TEST(RecordWriter, keepsEqualTextsOfABlockOnce)
         packages.push_back(writer.add(textsOf(std::to_string(number), shared)));
     EXPECT_LT(writer.byteSize(), 40 * sizeof(VeskPackage) + 2000);
     EXPECT_GT(writer.byteSize(), 40 * sizeof(VeskPackage) + 1000);
+    EXPECT_EQ(packages.back()->desc(), textOf(shared));
+}
+
+TEST(RecordWriter, keepsOnceWhatOneRecordHasUnderTwoNames)
+{
+    RecordWriter writer(nullptr);
+    const std::string name(1000, 'n');
+    const std::string person(1000, 'p');
+    PackageTexts<std::string_view> texts;
+    texts[PackageText::PackageID] = texts[PackageText::Name] = name;
+    texts[PackageText::Author] = texts[PackageText::Maintainer] = person;
+    const VeskPackagePtr package = writer.add(texts);
+    EXPECT_LT(writer.byteSize(), sizeof(VeskPackage) + 2100);
+    EXPECT_EQ(package->packageID(), textOf(name));
+    EXPECT_EQ(package->name(), textOf(name));
+    EXPECT_EQ(package->author(), textOf(person));
+    EXPECT_EQ(package->maintainer(), textOf(person));
 }
 
 TEST(RecordWriter, countsWhatStandsInEveryBlock)

@@ -1,4 +1,3 @@
-#include "catalog/text/TextInterner.h"
 #include "catalog/text/TextPool.h"
 
 #include <gtest/gtest.h>
@@ -22,28 +21,4 @@ TEST(TextPool, tellsNullFromEmpty)
     const std::string_view empty = pool.text(pool.add(""));
     EXPECT_NE(empty.data(), nullptr);
     EXPECT_TRUE(empty.empty());
-}
-
-TEST(TextInterner, keepsEqualTextsOnceHoweverManyThereAre)
-{
-    TextPool pool;
-    TextInterner interner(pool);
-    std::vector<TextPool::Handle> handles;
-    handles.reserve(5000);
-    for (int number = 0; number < 5000; ++number)
-        handles.push_back(interner.add(std::to_string(number)));
-    const std::size_t size = pool.size();
-    for (int number = 0; number < 5000; ++number) {
-        EXPECT_EQ(interner.add(std::to_string(number)), handles[static_cast<std::size_t>(number)]);
-        EXPECT_EQ(pool.text(handles[static_cast<std::size_t>(number)]), std::to_string(number));
-    }
-    EXPECT_EQ(pool.size(), size);
-}
-
-TEST(TextInterner, tellsNullFromEmpty)
-{
-    TextPool pool;
-    TextInterner interner(pool);
-    EXPECT_EQ(interner.add({}), TextPool::null);
-    EXPECT_EQ(interner.add(""), TextPool::empty);
 }
