@@ -54,6 +54,7 @@ bool IndexTextReader::isBeyondLimits(std::size_t packageCount) const
 void IndexTextReader::indexNewPackages(const PackageVector& packages)
 {
     for (std::size_t place = m_index.nameKeys.size(); place < packages.size(); ++place) {
+        m_index.identifiers.add(packages);
         m_index.searchText.add(*packages[place]);
         m_index.nameKeys.add(packages[place]->utf8(VeskPackage::Text::Name), *m_job.nameOrder);
         m_index.sections.add(packages[place]->utf8(VeskPackage::Text::Section));

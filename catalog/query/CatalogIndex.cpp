@@ -46,23 +46,39 @@ void CatalogIndex::clear()
 void CatalogIndex::merge(ParsedIndex index)
 {
     bringUpToDate();
-    Segment segment{ std::move(index.searchText), std::move(index.nameKeys), std::move(index.sections), {} };
+    Segment segment{ std::move(index.identifiers), std::move(index.searchText), std::move(index.nameKeys),
+        std::move(index.sections), {} };
     segment.places.reserve(index.packages.size());
-    m_identifiers.reserve(m_packages.size() + index.packages.size());
-    bool bringsAny = false;
-    for (VeskPackagePtr& package : index.packages) {
-        const auto place = static_cast<std::uint32_t>(m_packages.size());
-        const bool isNew = m_identifiers.insert(package->utf8(VeskPackage::Text::PackageID), place, m_packages.all());
-        segment.places.push_back(isNew ? place : dropped);
-        bringsAny = bringsAny || isNew;
-        if (isNew)
-            m_packages.push_back(std::move(package));
-        else
+    const std::size_t firstPlace = m_packages.size();
+    std::size_t newCount = 0;
+    for (std::uint32_t place = 0; place < index.packages.size(); ++place) {
+        VeskPackagePtr& package = index.packages[place];
+        if (segment.identifiers.isRepeated(place) || isThere(*package, segment.identifiers.hash(place))) {
+            segment.places.push_back(dropped);
             segment.sections.drop(package->utf8(VeskPackage::Text::Section));
+            continue;
+        }
+        segment.places.push_back(static_cast<std::uint32_t>(firstPlace + newCount));
+        std::swap(index.packages[newCount++], package);
     }
-    if (bringsAny)
+    index.packages.resize(newCount);
+    m_packages.append(std::move(index.packages));
+    segment.identifiers.forgetHashes();
+    if (newCount > 0)
         m_segments.push_back(std::move(segment));
     noteAsCurrent();
+}
+
+// A package that was dropped is of an identifier that an earlier segment has.
+bool CatalogIndex::isThere(const VeskPackage& package, std::uint32_t hash) const
+{
+    const auto identifierOf = [](const VeskPackage& each) { return each.utf8(VeskPackage::Text::PackageID); };
+    return std::any_of(m_segments.begin(), m_segments.end(), [&](const Segment& segment) {
+        return segment.identifiers.has(hash, [&](std::uint32_t place) {
+            return segment.places[place] != dropped
+                && identifierOf(*m_packages[segment.places[place]]) == identifierOf(package);
+        });
+    });
 }
 
 const PackageVector& CatalogIndex::packagesMatching(const QString& query)
@@ -173,17 +189,17 @@ void CatalogIndex::bringUpToDate()
 {
     if (isCurrent())
         return;
-    m_identifiers.clear();
     m_segments.clear();
     Segment whole;
     for (const VeskPackagePtr& package : m_packages) {
         const auto place = static_cast<std::uint32_t>(whole.places.size());
-        m_identifiers.insert(package->utf8(VeskPackage::Text::PackageID), place, m_packages.all());
+        whole.identifiers.add(m_packages.all());
         whole.searchText.add(*package);
         whole.nameKeys.add(package->utf8(VeskPackage::Text::Name), *m_order);
         whole.sections.add(package->utf8(VeskPackage::Text::Section));
         whole.places.push_back(place);
     }
+    whole.identifiers.forgetHashes();
     whole.nameKeys.sort();
     whole.sections.sort(*m_order);
     if (!whole.places.empty())

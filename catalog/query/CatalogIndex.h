@@ -1,6 +1,5 @@
 #pragma once
 
-#include "catalog/query/IdentifierSet.h"
 #include "catalog/query/ParsedIndex.h"
 
 #include <memory>
@@ -41,6 +40,7 @@ private:
     // What one merged index brought, with the place in the list of each of its packages.
     struct Segment
     {
+        IdentifierSet identifiers;
         SearchText searchText;
         NameKeys nameKeys;
         // Without the packages that were dropped.
@@ -48,6 +48,7 @@ private:
         std::vector<std::uint32_t> places;
     };
 
+    bool isThere(const VeskPackage& package, std::uint32_t hash) const;
     bool isCurrent() const;
     void noteAsCurrent();
     void bringUpToDate();
@@ -59,7 +60,6 @@ private:
     std::shared_ptr<const NameOrder> m_order;
     quint64 m_revision = 0;
     quint64 m_edits = 0;
-    IdentifierSet m_identifiers;
     std::vector<Segment> m_segments;
 
     QString m_query;

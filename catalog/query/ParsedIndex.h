@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalog/query/IdentifierSet.h"
 #include "catalog/query/NameKeys.h"
 #include "catalog/query/SearchText.h"
 #include "catalog/query/SectionCounts.h"
@@ -10,6 +11,7 @@
 struct ParsedIndex
 {
     PackageVector packages;
+    IdentifierSet identifiers;
     SearchText searchText;
     NameKeys nameKeys;
     SectionCounts sections;
@@ -17,7 +19,7 @@ struct ParsedIndex
     // All but the records, which their writer counts: the pointers to them and what stands beside them.
     std::size_t byteSize() const
     {
-        return nameKeys.size() * sizeof(VeskPackagePtr) + searchText.byteSize() + nameKeys.byteSize()
-            + sections.byteSize();
+        return nameKeys.size() * sizeof(VeskPackagePtr) + identifiers.byteSize() + searchText.byteSize()
+            + nameKeys.byteSize() + sections.byteSize();
     }
 };

@@ -1,10 +1,20 @@
 #include "catalog/records/PackageList.h"
 
+#include <iterator>
 #include <utility>
 
 void PackageList::push_back(VeskPackagePtr package)
 {
     m_packages.push_back(std::move(package));
+    ++m_revision;
+}
+
+void PackageList::append(PackageVector packages)
+{
+    if (m_packages.empty())
+        m_packages = std::move(packages);
+    else
+        m_packages.insert(m_packages.end(), std::move_iterator(packages.begin()), std::move_iterator(packages.end()));
     ++m_revision;
 }
 

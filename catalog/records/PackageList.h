@@ -25,6 +25,7 @@ public:
     operator const PackageVector&() const { return m_packages; }
 
     void push_back(VeskPackagePtr package);
+    void append(PackageVector packages);
     void assign(PackageVector packages);
     void clear();
     // Removes every occurrence of that very record.

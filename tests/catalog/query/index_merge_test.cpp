@@ -32,6 +32,17 @@ TEST_F(IndexMerge, keepsTheFirstPackageWhenTwoSourcesOfferTheSameIdentifier)
     EXPECT_EQ(manager().packages()[2]->repository(), second);
 }
 
+TEST_F(IndexMerge, keepsTheFirstOfThreeSourcesWhereEachRepeatsSomeOfTheOthers)
+{
+    ASSERT_TRUE(refresh(serve(u"/1"_s, "Package: a\nVersion: 1\n\nPackage: b\nVersion: 1\n")));
+    ASSERT_TRUE(
+        refresh(serve(u"/2"_s, "Package: b\nVersion: 2\n\nPackage: c\nVersion: 2\n\nPackage: d\nVersion: 2\n")));
+    ASSERT_TRUE(refresh(serve(u"/3"_s,
+        "Package: b\nVersion: 3\n\nPackage: e\nVersion: 3\n\nPackage: d\nVersion: 3\n\nPackage: a\nVersion: 3\n")));
+    EXPECT_EQ(packageIDs(), QStringList({ u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s }));
+    EXPECT_EQ(versions(), QStringList({ u"1"_s, u"1"_s, u"2"_s, u"2"_s, u"3"_s }));
+}
+
 TEST_F(IndexMerge, keepsTheFirstOfSeveralVersionsInOneIndex)
 {
     ASSERT_TRUE(
