@@ -110,6 +110,16 @@ TlsIdentity::~TlsIdentity()
     unlink(m_authorities.c_str());
 }
 
+void TlsIdentity::write(const std::string& keyFile, const std::string& certificateFile) const
+{
+    FILE* file = std::fopen(keyFile.c_str(), "we");
+    PEM_write_PrivateKey(file, SSL_CTX_get0_privatekey(m_context.get()), nullptr, nullptr, 0, nullptr, nullptr);
+    std::fclose(file);
+    file = std::fopen(certificateFile.c_str(), "we");
+    PEM_write_X509(file, SSL_CTX_get0_certificate(m_context.get()));
+    std::fclose(file);
+}
+
 ssl_st* TlsIdentity::newConnection() const
 {
     return SSL_new(m_context.get());

@@ -30,6 +30,8 @@ public:
 
     // The file with the authority's certificate.
     const std::string& authorities() const { return m_authorities; }
+    // For a server that is a program of its own.
+    void write(const std::string& keyFile, const std::string& certificateFile) const;
     // For a connection that was accepted; the caller frees it.
     ssl_st* newConnection() const;
 
