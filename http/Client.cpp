@@ -1,6 +1,5 @@
 #include "http/Client.h"
 
-#include "http/BrokenPipeGuard.h"
 #include "http/Transfer.h"
 #include "http/TransferLoop.h"
 
@@ -28,7 +27,6 @@ void Client::start(const Request& request, std::shared_ptr<Receiver> receiver, D
 
 void Client::run(const std::stop_token& stop)
 {
-    const BrokenPipeGuard guard;
     runUntilTold(stop);
     takeStarted();
     m_loop.reset();

@@ -1,6 +1,5 @@
 #include "http/Fetch.h"
 
-#include "http/BrokenPipeGuard.h"
 #include "http/Transfer.h"
 #include "http/TransferLoop.h"
 
@@ -10,7 +9,6 @@ namespace http {
 
 Outcome fetch(const Request& request, Receiver& receiver, const std::stop_token& stop)
 {
-    const BrokenPipeGuard guard;
     // Lent, not owned.
     const std::shared_ptr<Receiver> lent(std::shared_ptr<void>(), &receiver);
     Outcome outcome;

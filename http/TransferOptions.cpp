@@ -23,6 +23,8 @@ void initialiseOnce()
 
 void setManners(CURL* handle)
 {
+    // What the process does about signals is left alone, for its children inherit that. libcurl writes to sockets so
+    // that one that broke raises none.
     curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     // A name that is being looked up is left to its thread when the transfer is dropped.
     curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
