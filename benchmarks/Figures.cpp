@@ -4,10 +4,24 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 
-void printFigure(const char* name, double value, const char* unit)
+Figures::Figures(int argc, char** argv)
+    : m_wanted(argv + 1, argv + argc)
 {
-    std::printf("%s %.3f %s\n", name, value, unit);
+}
+
+bool Figures::areWanted(const QByteArray& beginning) const
+{
+    const auto fits = [&](const QByteArray& word) { return word.startsWith(beginning) || beginning.startsWith(word); };
+    return m_wanted.empty() || std::any_of(m_wanted.begin(), m_wanted.end(), fits);
+}
+
+void Figures::print(const QByteArray& name, double value, const char* unit) const
+{
+    if (!areWanted(name))
+        return;
+    std::printf("%s %.3f %s\n", name.constData(), value, unit);
     std::fflush(stdout);
 }
 
@@ -24,4 +38,16 @@ double millisecondsOf(const std::function<void()>& work)
     timer.start();
     work();
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+double processorTimeOf(const std::function<void()>& work)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    };
+    const double begin = now();
+    work();
+    return now() - begin;
 }

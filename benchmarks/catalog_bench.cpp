@@ -1,256 +1,271 @@
-// Measures the catalog on a generated index of 60,000 packages and prints one figure a line: name, value, unit.
-// Times are medians of several rounds. What is set in relation is measured in turn within each round, and the ratio is
-// the median of the rounds' own: it holds on a machine that is busy with other things too, as long as it is not so busy
-// that the threads of one reading have to take turns. What threads work is told as processor time too, which holds even
-// then.
-//
-// Measured by ./bench on two cores: a reading of the gzip index takes 1.8 times as long as inflating it, a refresh over
-// loopback 1.9 times, a package 224 bytes and 389 with all that search and order need, and a keystroke 0.3 to 1.6 ms.
+// Measures the catalog without any window, on Debian's own index (about 63,000 packages; 63k in the names), on the same
+// packages ten times (634k), and on the same with every field that Vesk knows (rich). One figure a line: name, value,
+// unit. A refresh is all from a body in memory to the merged catalog, with search and order by name ready; ratios are
+// against the library alone that decompresses the same body. Times are medians; what the main thread does is told as
+// processor time.
 #include "benchmarks/Figures.h"
 #include "benchmarks/GeneratedIndex.h"
+#include "benchmarks/IndexData.h"
 #include "benchmarks/PackedBody.h"
-#include "catalog/RepoManager.h"
-#include "catalog/index/IndexParser.h"
+#include "benchmarks/ProcessMemory.h"
+#include "catalog/query/CatalogIndex.h"
 #include "catalog/text/TextDecoding.h"
-#include "http/Client.h"
+#include "tests/catalog/decode/DrivenDecoder.h"
 #include "tests/catalog/index/ReadIndex.h"
-#include "tests/support/LoopbackServer.h"
-#include "tests/support/MemorySourceStore.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <ctime>
-#include <functional>
-#include <malloc.h>
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <thread>
 
 namespace {
 
-constexpr int packageCount = 60000;
 constexpr int rounds = 9;
 constexpr int slowRounds = 3;
 
-// The processor's time alone, of this thread or of all: it hardly depends on what else the machine does.
-double processorTimeOf(clockid_t clock, const std::function<void()>& work)
-{
-    const auto now = [clock] {
-        timespec time{};
-        clock_gettime(clock, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-    };
-    const double begin = now();
-    work();
-    return now() - begin;
-}
-
-double medianTimeOf(const std::function<void()>& work)
-{
-    std::vector<double> times(rounds);
-    std::generate(times.begin(), times.end(), [&work] { return millisecondsOf(work); });
-    return medianOf(std::move(times));
-}
-
-// The times of some work beside those of the floor that no such work can go below.
-class Comparison
+// Both processors are kept busy with other work while it lives.
+class OtherWork
 {
 public:
-    void addRound(double floor, double time)
+    OtherWork()
     {
-        m_times.push_back(time);
-        m_ratios.push_back(time / floor);
-    }
-
-    void print(const QByteArray& name, const QByteArray& floorName) const
-    {
-        printFigure(name.constData(), medianOf(m_times), "ms");
-        printFigure((name + "_to_" + floorName).constData(), medianOf(m_ratios), "ratio");
+        for (unsigned number = 0; number < std::thread::hardware_concurrency(); ++number)
+            m_threads.emplace_back([](const std::stop_token& stop) {
+                std::atomic<unsigned> counter = 0;
+                while (!stop.stop_requested())
+                    ++counter;
+            });
     }
 
 private:
-    std::vector<double> m_times;
-    std::vector<double> m_ratios;
+    std::vector<std::jthread> m_threads;
 };
 
-double heapInUse()
+// What a manager has of the catalog, without a network.
+class Catalog
 {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<double>(info.uordblks + info.hblkhd);
-}
+public:
+    Catalog(VeskRepositoryPtr source, QString statusPath)
+        : m_source(std::move(source))
+        , m_statusPath(std::move(statusPath))
+    {
+    }
 
-// The outside world of the benchmark: its index, its server, its status file.
-struct Setting
+    ParsedIndex read(const QByteArray& body, Compression compression) const
+    {
+        return readIndex({ compression, m_source, { m_statusPath }, m_order, {} }, body, *m_workers);
+    }
+    // Waits for what the workers still let go of.
+    void settle() { m_workers = std::make_unique<Workers>(); }
+    void merge(ParsedIndex index) { m_index.merge(std::move(index)); }
+    const PackageVector& byName() { return m_index.packagesByName(); }
+    qsizetype hitsOf(const QString& query) { return static_cast<qsizetype>(m_index.packagesMatching(query).size()); }
+    void clear() { m_index.clear(); }
+    void refresh(const QByteArray& body, Compression compression)
+    {
+        clear();
+        merge(read(body, compression));
+        byName();
+    }
+    std::size_t size() const { return m_packages.size(); }
+
+private:
+    VeskRepositoryPtr m_source;
+    QString m_statusPath;
+    std::unique_ptr<Workers> m_workers = std::make_unique<Workers>();
+    std::shared_ptr<const NameOrder> m_order = std::make_shared<const NameOrder>(QStringLiteral("en"));
+    PackageList m_packages;
+    CatalogIndex m_index{ m_packages, m_order };
+};
+
+// The outside world of the benchmark.
+class Setting
 {
-    QByteArray text = generatedIndex(packageCount);
-    QByteArray gzip = packedByGzip(text);
-    QByteArray bzip2 = packedByBzip2(text);
-    QTemporaryDir directory;
-    LoopbackServer server;
-    std::shared_ptr<const NameOrder> order = std::make_shared<const NameOrder>(QStringLiteral("en"));
-    VeskRepositoryPtr source;
-
+public:
     Setting()
     {
         QFile status(statusPath());
         if (status.open(QIODevice::WriteOnly))
-            status.write(generatedStatus(packageCount));
-        server.serve("/Packages.gz", gzip);
-        source = VeskRepository::repositoryWithURLString(server.url(), QStringLiteral("Generated"));
+            status.write(generatedStatus(20000));
     }
 
-    QString statusPath() const { return directory.filePath(QStringLiteral("status")); }
+    std::unique_ptr<Catalog> catalog() const { return std::make_unique<Catalog>(m_source, statusPath()); }
 
-    ParsedIndex read(const QByteArray& body, Compression compression) const
-    {
-        return readIndex({ compression, source, { statusPath() }, order, {} }, body);
-    }
+private:
+    QString statusPath() const { return m_directory.filePath(QStringLiteral("status")); }
 
-    std::unique_ptr<RepoManager> manager() const
-    {
-        CatalogWorld world;
-        world.store = std::make_unique<MemorySourceStore>(std::make_shared<StoreRecord>());
-        world.statusPaths = { statusPath() };
-        world.network = std::make_unique<http::Client>();
-        world.workers = std::make_shared<Workers>();
-        world.collationLocale = QStringLiteral("en");
-        auto manager = std::make_unique<RepoManager>(std::move(world));
-        manager->setRepositories({ source });
-        return manager;
-    }
+    QTemporaryDir m_directory;
+    VeskRepositoryPtr m_source
+        = VeskRepository::repositoryWithURLString(QStringLiteral("http://127.0.0.1/"), QStringLiteral("Measured"));
 };
 
-void refreshAndWait(RepoManager& manager)
+// Not to be asked for twice: the result of the last query is kept.
+double worstKeystroke(Catalog& catalog)
 {
-    QEventLoop loop;
-    manager.refreshAllWithCompletion([&loop] { loop.quit(); });
-    loop.exec();
+    double worst = 0;
+    for (const char* text : { "e", "i", "li", "th", "lib", "pyt", "python", "zzz", "interface", "tool manager",
+             "development", "documentation" }) {
+        const QString query = QString::fromLatin1(text);
+        std::vector<double> times;
+        for (int round = 0; round < rounds; ++round) {
+            catalog.hitsOf(query.toUpper());
+            times.push_back(processorTimeOf([&] { catalog.hitsOf(query); }));
+        }
+        worst = std::max(worst, medianOf(times));
+    }
+    return worst;
 }
 
-void measureReading(const Setting& setting)
+void measureReading(
+    const Figures& figures, const Setting& setting, const QByteArray& text, const QByteArray& size, int count)
 {
-    std::vector<double> floors;
-    Comparison read;
+    if (!figures.areWanted("refresh_gz_over_inflate_" + size) && !figures.areWanted("cost_growth"))
+        return;
+    const QByteArray gzip = packedByGzip(text);
+    const auto catalog = setting.catalog();
     Comparison refresh;
-    const auto manager = setting.manager();
-    for (int round = 0; round < rounds; ++round) {
-        floors.push_back(millisecondsOf([&] { inflateAlone(setting.gzip); }));
-        read.addRound(floors.back(), millisecondsOf([&] { setting.read(setting.gzip, Compression::Gzip); }));
-        refresh.addRound(floors.back(), millisecondsOf([&] { refreshAndWait(*manager); }));
+    for (int round = 0; round < count; ++round) {
+        const double floor = millisecondsOf([&] { inflateAlone(gzip); });
+        refresh.addRound(floor, millisecondsOf([&] { catalog->refresh(gzip, Compression::Gzip); }));
     }
-    printFigure("catalog.packages", static_cast<double>(manager->packages().size()), "packages");
-    printFigure("catalog.inflate_alone", medianOf(floors), "ms");
-    read.print("catalog.read_gzip", "inflate");
-    refresh.print("catalog.refresh_gzip", "inflate");
+    figures.print("refresh_gz_ms_" + size, refresh.time(), "ms");
+    figures.print("refresh_gz_over_inflate_" + size, refresh.ratio(), "ratio");
 }
 
-// With one processor alone, reading takes as long as all threads are at work; with more, somewhat longer than the
-// decompression.
-void measureWork(const Setting& setting)
+double costOfPackage(const Setting& setting, const QByteArray& text)
 {
-    Comparison all;
-    for (int round = 0; round < rounds; ++round) {
-        const double floor = processorTimeOf(CLOCK_THREAD_CPUTIME_ID, [&] { inflateAlone(setting.gzip); });
-        const auto read = [&] { setting.read(setting.gzip, Compression::Gzip); };
-        all.addRound(floor, processorTimeOf(CLOCK_PROCESS_CPUTIME_ID, read));
-    }
-    all.print("catalog.read_gzip_work_of_all_threads", "inflate");
+    const QByteArray gzip = packedByGzip(text);
+    const auto catalog = setting.catalog();
+    std::vector<double> times;
+    for (int round = 0; round < slowRounds; ++round)
+        times.push_back(millisecondsOf([&] { catalog->refresh(gzip, Compression::Gzip); }));
+    return 1000 * medianOf(times) / packageCountOf(text);
 }
 
-void measureOtherBodies(const Setting& setting)
+void measureGrowth(const Figures& figures, const Setting& setting, const QByteArray& text)
 {
-    printFigure("catalog.read_plain", medianTimeOf([&] { setting.read(setting.text, Compression::None); }), "ms");
-    Comparison read;
+    if (!figures.areWanted("cost_"))
+        return;
+    const double few = costOfPackage(setting, tenthOf(text));
+    const double many = costOfPackage(setting, tenTimes(text));
+    figures.print("cost_us_per_package_6k", few, "us");
+    figures.print("cost_us_per_package_63k", costOfPackage(setting, text), "us");
+    figures.print("cost_us_per_package_634k", many, "us");
+    figures.print("cost_growth", many / few, "ratio");
+}
+
+void measureBzip2(const Figures& figures, const Setting& setting, const QByteArray& text)
+{
+    if (!figures.areWanted("refresh_bz2_"))
+        return;
+    const QByteArray bzip2 = packedByBzip2(text);
+    const auto catalog = setting.catalog();
+    const auto refresh = [&] { catalog->refresh(bzip2, Compression::Bzip2); };
+    Comparison overBlocks;
+    Comparison overBunzip;
     for (int round = 0; round < slowRounds; ++round) {
-        const double floor = millisecondsOf([&] { bunzipAlone(setting.bzip2); });
-        read.addRound(floor, millisecondsOf([&] { setting.read(setting.bzip2, Compression::Bzip2); }));
+        const double time = millisecondsOf(refresh);
+        overBlocks.addRound(millisecondsOf([&] { decodeWhole(bzip2, Compression::Bzip2); }), time);
+        overBunzip.addRound(millisecondsOf([&] { bunzipAlone(bzip2); }), time);
     }
-    read.print("catalog.read_bzip2", "bunzip");
+    figures.print("refresh_bz2_ms_63k", overBlocks.time(), "ms");
+    figures.print("refresh_bz2_over_blocks", overBlocks.ratio(), "ratio");
+    figures.print("refresh_bz2_over_bunzip", overBunzip.ratio(), "ratio");
+    const OtherWork otherWork;
+    Comparison underLoad;
+    for (int round = 0; round < slowRounds; ++round)
+        underLoad.addRound(millisecondsOf([&] { bunzipAlone(bzip2); }), millisecondsOf(refresh));
+    figures.print("refresh_bz2_over_bunzip_under_load", underLoad.ratio(), "ratio");
 }
 
-void measureMainThread(const Setting& setting)
+void measureQueries(const Figures& figures, const Setting& setting, const QByteArray& text, const QByteArray& size)
 {
+    if (!figures.areWanted("search_keystroke_ms_" + size) && !figures.areWanted("main_thread_"))
+        return;
+    const auto catalog = setting.catalog();
     std::vector<double> merge;
-    std::vector<double> sort;
+    std::vector<double> order;
     std::vector<double> clear;
-    for (int round = 0; round < rounds; ++round) {
-        PackageList packages;
-        CatalogIndex index(packages, setting.order);
-        ParsedIndex parsed = setting.read(setting.gzip, Compression::Gzip);
-        merge.push_back(millisecondsOf([&] { index.merge(std::move(parsed)); }));
-        sort.push_back(millisecondsOf([&] { index.packagesByName(); }));
-        clear.push_back(millisecondsOf([&] { index.clear(); }));
+    for (int round = 0; round < slowRounds; ++round) {
+        clear.push_back(processorTimeOf([&] { catalog->clear(); }));
+        ParsedIndex index = catalog->read(text, Compression::None);
+        merge.push_back(processorTimeOf([&] { catalog->merge(std::move(index)); }));
+        order.push_back(processorTimeOf([&] { catalog->byName(); }));
     }
-    printFigure("catalog.merge", medianOf(merge), "ms");
-    printFigure("catalog.first_order_by_name", medianOf(sort), "ms");
-    printFigure("catalog.clear", medianOf(clear), "ms");
+    figures.print("main_thread_merge_ms_" + size, medianOf(merge), "ms");
+    figures.print("main_thread_first_order_ms_" + size, medianOf(order), "ms");
+    figures.print("main_thread_clear_ms_" + size, medianOf(clear), "ms");
+    figures.print("search_keystroke_ms_" + size, worstKeystroke(*catalog), "ms");
 }
 
-// The result of the last query is kept, so the query comes in two spellings in turn.
-double keystrokeTime(RepoManager& manager, const QString& query)
+// The slowest of the locales.
+void measureSorting(const Figures& figures, const Setting& setting, const QByteArray& text)
 {
-    const QString other = query.toUpper();
-    return medianTimeOf([&] {
-        manager.filteredPackagesWithQuery(query);
-        manager.filteredPackagesWithQuery(other);
-    }) / 2;
-}
-
-void measureQueries(RepoManager& manager)
-{
-    PackageVector shuffled = manager.packages().all();
-    std::reverse(shuffled.begin(), shuffled.end());
-    printFigure("catalog.sort_all_by_name", medianTimeOf([&] {
-        PackageVector packages = shuffled;
-        manager.sortByName(packages);
-    }),
-        "ms");
-    for (const char* query : { "e", "li", "th", "lib", "python", "zzz", "tool manager" }) {
-        const QByteArray name = "catalog.keystroke_" + QByteArray(query).replace(' ', '_');
-        printFigure(name.constData(), keystrokeTime(manager, QString::fromLatin1(query)), "ms");
+    if (!figures.areWanted("sort_over_inflate"))
+        return;
+    const PackageVector packages = setting.catalog()->read(text, Compression::None).packages;
+    const QByteArray gzip = packedByGzip(text);
+    double worst = 0;
+    for (const char* locale : { "C", "C.UTF-8", "en_US", "de", "tr" }) {
+        const NameOrder order(QString::fromLatin1(locale));
+        Comparison sorting;
+        for (int round = 0; round < rounds; ++round) {
+            PackageVector shuffled(packages.rbegin(), packages.rend());
+            const double floor = millisecondsOf([&] { inflateAlone(gzip); });
+            sorting.addRound(floor, millisecondsOf([&] { sortPackagesByName(shuffled, order); }));
+        }
+        worst = std::max(worst, sorting.ratio());
     }
-    const QString query = QStringLiteral("lib");
-    printFigure("catalog.same_query_again", medianTimeOf([&] { manager.filteredPackagesWithQuery(query); }), "ms");
-    printFigure("catalog.categories", medianTimeOf([&] { manager.categories(); }), "ms");
-    const QString category = QStringLiteral("tools");
-    printFigure("catalog.packages_of_category", medianTimeOf([&] { manager.packagesForCategory(category); }), "ms");
+    figures.print("sort_over_inflate", worst, "ratio");
 }
 
-// The records alone are measured by parsing alone, so that nothing else has been asked for and given back in between.
-void measureMemory(const Setting& setting)
+void measureMemory(const Figures& figures, const Setting& setting, const QByteArray& text, const QByteArray& kind)
 {
-    const DpkgStatus status = DpkgStatus::read({ setting.statusPath() });
+    const QByteArray bytes = "bytes_per_package_" + kind;
+    const QByteArray peak = "refresh_peak_over_index_" + kind;
+    if (!figures.areWanted(bytes) && !figures.areWanted(peak))
+        return;
+    const QByteArray gzip = packedByGzip(text);
+    const auto catalog = setting.catalog();
+    catalog->refresh(packedByGzip(tenthOf(text)), Compression::Gzip);
+    catalog->clear();
+    catalog->settle();
     const double before = heapInUse();
-    PackageVector records;
-    {
-        IndexParser parser(setting.source, status);
-        parser.feed(viewOf(setting.text));
-        records = parser.finish();
-    }
-    printFigure("catalog.memory_records", (heapInUse() - before) / packageCount, "bytes/package");
-    records = PackageVector();
+    const double growth = peakGrowthDuring([&] { catalog->refresh(gzip, Compression::Gzip); });
+    catalog->settle();
+    figures.print(bytes, (heapInUse() - before) / static_cast<double>(catalog->size()), "bytes");
+    figures.print(peak, growth / static_cast<double>(text.size()), "ratio");
+}
 
-    PackageList packages;
-    CatalogIndex index(packages, setting.order);
-    const double beforeAll = heapInUse();
-    index.merge(setting.read(setting.gzip, Compression::Gzip));
-    index.packagesByName();
-    printFigure("catalog.memory_with_search_and_order", (heapInUse() - beforeAll) / packageCount, "bytes/package");
+void measureTheLargest(const Figures& figures, const Setting& setting, const QByteArray& text)
+{
+    const QByteArray large = tenTimes(text);
+    measureMemory(figures, setting, large, "634k");
+    measureReading(figures, setting, large, "634k", slowRounds);
+    measureQueries(figures, setting, large, "634k");
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
+    const Figures figures(argc, argv);
     const Setting setting;
-    measureMemory(setting);
-    measureReading(setting);
-    measureWork(setting);
-    measureOtherBodies(setting);
-    measureMainThread(setting);
-    const auto manager = setting.manager();
-    refreshAndWait(*manager);
-    measureQueries(*manager);
+    const QByteArray text = realIndex();
+    figures.print("index_packages", packageCountOf(text), "packages");
+    measureMemory(figures, setting, text, "63k");
+    measureMemory(figures, setting, withEveryField(text), "rich");
+    measureReading(figures, setting, text, "63k", rounds);
+    measureBzip2(figures, setting, text);
+    measureQueries(figures, setting, text, "63k");
+    measureSorting(figures, setting, text);
+    measureTheLargest(figures, setting, text);
+    measureGrowth(figures, setting, text);
     return 0;
 }

@@ -4,6 +4,7 @@
 // on the machine, else one of 60,000 generated packages. Times are medians of several rounds.
 #include "benchmarks/Figures.h"
 #include "benchmarks/GeneratedIndex.h"
+#include "benchmarks/IndexData.h"
 #include "benchmarks/PacedServer.h"
 #include "benchmarks/PackedBody.h"
 #include "catalog/RepoManager.h"
@@ -25,7 +26,6 @@ using Clock = std::chrono::steady_clock;
 constexpr double hundredMegabits = 100e6 / 8;
 constexpr double unlimited = 0;
 constexpr int rounds = 7;
-constexpr auto debianIndex = "build/demo/sources/debian/Packages.gz";
 
 // Passes a body on and notes when its last byte came.
 class TimedReceiver : public http::Receiver
@@ -111,29 +111,25 @@ struct Body
     std::function<void()> decodeAlone;
 };
 
-void measure(const Body& body, double rate, const QByteArray& suffix, const QString& statusPath)
+void measure(const Figures& figures, const Body& body, double rate, const QByteArray& suffix, const QString& statusPath)
 {
+    const QByteArray tail = "refresh_tail_ms_" + QByteArray(body.name) + suffix;
+    const QByteArray overFloor = "refresh_loopback_over_decoding_" + QByteArray(body.name) + suffix;
+    const bool hasFloor = rate == unlimited && body.decodeAlone;
+    if (!figures.areWanted(tail) && !(hasFloor && figures.areWanted(overFloor)))
+        return;
     const PacedServer server({ { body.path, body.bytes } }, rate);
     std::vector<double> tails;
-    std::vector<double> ratios;
+    Comparison whole;
     for (int round = 0; round < rounds; ++round) {
-        const double floor = body.decodeAlone ? millisecondsOf(body.decodeAlone) : 0;
+        const double floor = hasFloor ? millisecondsOf(body.decodeAlone) : 1;
         const Refresh refresh = refreshOnce(server, statusPath);
         tails.push_back(refresh.tail);
-        if (floor > 0)
-            ratios.push_back(refresh.whole / floor);
+        whole.addRound(floor, refresh.whole);
     }
-    printFigure(("refresh_tail_ms_" + QByteArray(body.name) + suffix).constData(), medianOf(tails), "ms");
-    if (rate == unlimited && !ratios.empty())
-        printFigure(("refresh_" + QByteArray(body.name) + "_over_decoding_alone_loopback").constData(),
-            medianOf(ratios), "ratio");
-}
-
-QByteArray indexText()
-{
-    QFile file(QString::fromLatin1(debianIndex));
-    constexpr int generatedPackages = 60000;
-    return file.open(QIODevice::ReadOnly) ? unpackedByGzip(file.readAll()) : generatedIndex(generatedPackages);
+    figures.print(tail, medianOf(tails), "ms");
+    if (hasFloor)
+        figures.print(overFloor, whole.ratio(), "ratio");
 }
 
 } // namespace
@@ -141,21 +137,23 @@ QByteArray indexText()
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    const Figures figures(argc, argv);
+    if (!figures.areWanted("refresh_"))
+        return 0;
     const QTemporaryDir directory;
     const QString statusPath = directory.filePath(QStringLiteral("status"));
     QFile status(statusPath);
     if (status.open(QIODevice::WriteOnly))
         status.write(generatedStatus(1000));
     status.close();
-    const QByteArray text = indexText();
+    const QByteArray text = realIndex();
     const QByteArray gzip = packedByGzip(text);
     const QByteArray bzip2 = packedByBzip2(text);
-    printFigure("refresh_index_mib", static_cast<double>(text.size()) / (1024.0 * 1024.0), "MiB");
     for (const Body& body : { Body{ "gz", "/Packages.gz", gzip, [&] { inflateAlone(gzip); } },
              Body{ "bz2", "/Packages.bz2", bzip2, [&] { bunzipAlone(bzip2); } },
              Body{ "plain", "/Packages", text, nullptr } }) {
-        measure(body, hundredMegabits, {}, statusPath);
-        measure(body, unlimited, "_unlimited", statusPath);
+        measure(figures, body, hundredMegabits, {}, statusPath);
+        measure(figures, body, unlimited, "_unlimited", statusPath);
     }
     return 0;
 }

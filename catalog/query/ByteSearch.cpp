@@ -1,17 +1,13 @@
 #include "catalog/query/ByteSearch.h"
 
+#include <algorithm>
 #include <array>
-#include <bit>
-#include <cstdint>
 #include <cstring>
 
 namespace {
 
 // As the compiler knows them for every processor; what a comparison gives has all bits of a byte set or none.
 using Bytes [[gnu::vector_size(16)]] = signed char;
-
-constexpr std::size_t stepSize = 64;
-using Step = std::array<Bytes, stepSize / sizeof(Bytes)>;
 
 Bytes bytesOf(char c)
 {
@@ -27,38 +23,70 @@ Bytes bytesAt(const char* place)
     return bytes;
 }
 
+// One bit for each of eight bytes that have all bits set or none, that of the first byte lowest.
+std::uint64_t bitsOf(std::uint64_t bytes)
+{
+    if constexpr (std::endian::native == std::endian::big)
+        bytes = __builtin_bswap64(bytes);
+    return ((bytes & 0x0101010101010101U) * 0x0102040810204080U) >> 56;
+}
+
+std::uint64_t bitsOf(Bytes bytes)
+{
+    const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(bytes);
+    return bitsOf(halves[0]) | bitsOf(halves[1]) << 8;
+}
+
 bool isAnySet(Bytes bytes)
 {
     const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(bytes);
     return (halves[0] | halves[1]) != 0;
 }
 
+// The more frequent a byte is in names and descriptions, the earlier it stands here; what does not is rare.
+constexpr std::string_view byFrequency = "eiatronsl -cdmpubgyfhvkwx2310j465789qz";
+
+std::size_t rarityOf(char c)
+{
+    return std::min(byFrequency.find(c), byFrequency.size());
+}
+
 } // namespace
 
-std::size_t findBytes(std::string_view text, std::string_view pattern, std::size_t from)
+BytePattern::BytePattern(std::string_view pattern)
+    : m_pattern(pattern)
 {
-    // A single byte is found as fast by the library, which also does the end of the text.
-    const std::size_t toLast = pattern.size() - 1;
-    if (toLast == 0)
-        return text.find(pattern, from);
-    const Bytes first = bytesOf(pattern.front());
-    const Bytes last = bytesOf(pattern.back());
-    for (; from + stepSize + toLast <= text.size(); from += stepSize) {
-        const char* const place = text.data() + from;
-        Step hits;
-        Bytes any{};
-        for (std::size_t part = 0; part < hits.size(); ++part) {
-            const char* const at = place + part * sizeof(Bytes);
-            hits[part] = (bytesAt(at) == first) & (bytesAt(at + toLast) == last);
-            any |= hits[part];
-        }
-        if (!isAnySet(any))
-            continue;
-        const auto isHit = std::bit_cast<std::array<signed char, stepSize>>(hits);
-        for (std::size_t offset = 0; offset < stepSize; ++offset) {
-            if (isHit[offset] != 0 && std::memcmp(place + offset, pattern.data(), pattern.size()) == 0)
-                return from + offset;
+    const auto isRarer = [&](std::size_t a, std::size_t b) { return rarityOf(pattern[a]) > rarityOf(pattern[b]); };
+    for (std::size_t place = 1; place < pattern.size(); ++place) {
+        if (isRarer(place, m_rarest)) {
+            m_nextRarest = m_rarest;
+            m_rarest = place;
+        } else if (m_nextRarest == m_rarest || isRarer(place, m_nextRarest)) {
+            m_nextRarest = place;
         }
     }
-    return text.find(pattern, from);
+}
+
+std::uint64_t BytePattern::candidatesFrom(const char* place) const
+{
+    const Bytes rarest = bytesOf(m_pattern[m_rarest]);
+    const Bytes nextRarest = bytesOf(m_pattern[m_nextRarest]);
+    std::array<Bytes, placesAtOnce / sizeof(Bytes)> hits;
+    Bytes any{};
+    for (std::size_t part = 0; part < hits.size(); ++part) {
+        const char* const at = place + part * sizeof(Bytes);
+        hits[part] = (bytesAt(at + m_rarest) == rarest) & (bytesAt(at + m_nextRarest) == nextRarest);
+        any |= hits[part];
+    }
+    if (!isAnySet(any))
+        return 0;
+    std::uint64_t candidates = 0;
+    for (std::size_t part = 0; part < hits.size(); ++part)
+        candidates |= bitsOf(hits[part]) << (part * sizeof(Bytes));
+    return candidates;
+}
+
+bool BytePattern::standsAt(const char* place) const
+{
+    return std::memcmp(place, m_pattern.data(), m_pattern.size()) == 0;
 }

@@ -95,7 +95,9 @@ const PackageVector& CatalogIndex::packagesMatching(const QString& query)
     if (folded.isEmpty())
         return m_found;
     for (const Segment& segment : m_segments) {
-        for (const std::uint32_t place : segment.searchText.find(viewOf(folded))) {
+        const std::vector<std::uint32_t> found = segment.searchText.find(viewOf(folded));
+        m_found.reserve(m_found.size() + found.size());
+        for (const std::uint32_t place : found) {
             if (segment.places[place] != dropped)
                 m_found.push_back(m_packages[segment.places[place]]);
         }

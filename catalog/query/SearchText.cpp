@@ -66,17 +66,14 @@ QByteArray SearchText::folded(const QString& query)
 std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
 {
     std::vector<std::uint32_t> found;
-    const std::string_view text = viewOf(m_text);
     std::uint32_t package = 0;
-    std::size_t at = findBytes(text, foldedQuery, 0);
-    // Clang 14 loses a comparison with npos here: no package ends behind that, so it takes the inner loop for endless.
-    while (at < text.size()) {
+    // One match in a package is enough: the next one is looked for behind its end.
+    findEach(viewOf(m_text), BytePattern(foldedQuery), [&](std::size_t at) -> std::size_t {
         while (m_ends[package] <= at)
             ++package;
         found.push_back(package);
-        // One match is enough: go on with the next package.
-        at = findBytes(text, foldedQuery, m_ends[package]);
-    }
+        return m_ends[package];
+    });
     return found;
 }
 
