@@ -124,7 +124,7 @@ double worstKeystroke(Catalog& catalog)
 void measureReading(
     const Figures& figures, const Setting& setting, const QByteArray& text, const QByteArray& size, int count)
 {
-    if (!figures.areWanted("refresh_gz_over_inflate_" + size) && !figures.areWanted("cost_growth"))
+    if (!figures.areWanted("refresh_gz_over_inflate_" + size) && !figures.areWanted("refresh_gz_ms_" + size))
         return;
     const QByteArray gzip = packedByGzip(text);
     const auto catalog = setting.catalog();
@@ -244,6 +244,10 @@ void measureMemory(const Figures& figures, const Setting& setting, const QByteAr
 
 void measureTheLargest(const Figures& figures, const Setting& setting, const QByteArray& text)
 {
+    const std::vector<QByteArray> names = { "bytes_per_package_634k", "refresh_peak_over_index_634k",
+        "refresh_gz_ms_634k", "refresh_gz_over_inflate_634k", "main_thread_", "search_keystroke_ms_634k" };
+    if (std::none_of(names.begin(), names.end(), [&](const QByteArray& name) { return figures.areWanted(name); }))
+        return;
     const QByteArray large = tenTimes(text);
     measureMemory(figures, setting, large, "634k");
     measureReading(figures, setting, large, "634k", slowRounds);
