@@ -15,3 +15,11 @@ function(vesk_library name)
   target_link_libraries(${name} PRIVATE vesk_warnings)
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
 endfunction()
+
+# vesk_repeatable_qml(NAME): has the QML of a library compile to the same bits every time. To be called before qt_add_qml_module.
+function(vesk_repeatable_qml name)
+  get_target_property(VESK_QMLCACHEGEN Qt6::qmlcachegen LOCATION)
+  set(program "${CMAKE_CURRENT_BINARY_DIR}/qmlcachegen")
+  configure_file("${CMAKE_SOURCE_DIR}/cmake/qmlcachegen.in" "${program}" @ONLY USE_SOURCE_PERMISSIONS)
+  set_target_properties(${name} PROPERTIES QT_QMLCACHEGEN_EXECUTABLE "${program}")
+endfunction()

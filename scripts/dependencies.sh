@@ -15,10 +15,11 @@ window_packages=(
 run_packages=("${build_packages[@]}" "${window_packages[@]}")
 # shellcheck disable=SC2034  # the lists are for the scripts that source this file
 test_packages=(
-  "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils libclang-rt-14-dev libssl-dev nghttp2-server openssl xdotool xvfb
+  "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils gir1.2-atspi-2.0 git libclang-rt-14-dev libegl1 libgl1-mesa-dri
+  libglib2.0-bin libssl-dev nghttp2-server openssl python3-gi weston xdotool xvfb
 )
 # shellcheck disable=SC2034
-lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils shellcheck)
+lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils git shellcheck)
 # shellcheck disable=SC2034
 bench_packages=("${run_packages[@]}" xdotool xvfb)
 
