@@ -1,5 +1,6 @@
 #include "actions/ChildProcess.h"
 
+#include "actions/DescriptorLimit.h"
 #include "actions/SignalDispositions.h"
 
 #include <QByteArray>
@@ -81,6 +82,14 @@ int waitStatus(pid_t child)
     return status;
 }
 
+std::optional<pid_t> spawned(const std::vector<char*>& arguments, const SpawnFileActions& actions)
+{
+    const DescriptorLimit::OfChildren limit;
+    pid_t child = 0;
+    const int error = posix_spawn(&child, arguments.front(), actions.get(), nullptr, arguments.data(), environ);
+    return error == 0 ? std::optional(child) : std::nullopt;
+}
+
 // How the child ended, or none when there was none.
 std::optional<int> waitStatusOf(const QStringList& arguments, const SpawnFileActions& actions)
 {
@@ -92,10 +101,8 @@ std::optional<int> waitStatusOf(const QStringList& arguments, const SpawnFileAct
     const std::vector<char*> vector = nullTerminated(texts);
 
     SignalDispositions::restoreForChildren();
-    pid_t child = 0;
-    if (posix_spawn(&child, vector.front(), actions.get(), nullptr, vector.data(), environ) != 0)
-        return std::nullopt;
-    return waitStatus(child);
+    const auto child = spawned(vector, actions);
+    return child ? std::optional(waitStatus(*child)) : std::nullopt;
 }
 
 } // namespace

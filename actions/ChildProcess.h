@@ -6,9 +6,9 @@
 #include <optional>
 
 // Runs the program at the path that comes first (PATH is not searched) with all the texts as its arguments, the path
-// itself included, in this process's environment and ignoring no signal but those that this process was started to
-// ignore, and waits for it. Its descriptors 0, 1 and 2 are "/dev/null",
-// write-only. True exactly when it exited by itself with code 0. Blocks; any thread.
+// itself included, in this process's environment, ignoring no signal but those that this process was started to ignore
+// and with the limit of open files that this process was started with, and waits for it. Its descriptors 0, 1 and 2 are
+// "/dev/null", write-only. True exactly when it exited by itself with code 0. Blocks; any thread.
 bool runChildProcess(const QStringList& arguments);
 
 // The same with the open file, above 2, as its standard input: its exit code, or none when it could not be started or

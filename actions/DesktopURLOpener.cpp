@@ -3,6 +3,8 @@
 
 #include "actions/DesktopURLOpener.h"
 
+#include "actions/DescriptorLimit.h"
+
 #include <memory>
 
 namespace {
@@ -34,5 +36,6 @@ void DesktopURLOpener::openURL(const QString& url)
         return;
     QByteArray text = url.toUtf8();
     GList list = { text.data(), nullptr, nullptr };
+    const DescriptorLimit::OfChildren limit;
     g_app_info_launch_uris(handler.get(), &list, nullptr, nullptr);
 }

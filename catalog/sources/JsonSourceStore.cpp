@@ -97,10 +97,12 @@ bool JsonSourceStore::setSources(const std::vector<StoredSource>& sources)
     if (m_isLeftAlone)
         return false;
     Contents contents = read();
-    if (!QDir().mkpath(QFileInfo(m_path).absolutePath()) || !keepAside(contents))
-        return false;
     contents.root.insert(sourcesKey, listOf(sources));
-    return m_file.replace(QJsonDocument(contents.root).toJson());
+    const QByteArray bytes = QJsonDocument(contents.root).toJson();
+    // What would not be read again at the next start is no store.
+    if (bytes.size() > maximumFileSize)
+        return false;
+    return QDir().mkpath(QFileInfo(m_path).absolutePath()) && keepAside(contents) && m_file.replace(bytes);
 }
 
 JsonSourceStore::Contents JsonSourceStore::read() const

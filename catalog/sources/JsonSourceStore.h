@@ -20,6 +20,7 @@ public:
     static QString standardPath();
 
     std::optional<std::vector<StoredSource>> sources() const override;
+    // A list that would make a file larger than one that is read is not written either.
     bool setSources(const std::vector<StoredSource>& sources) override;
 
 private:

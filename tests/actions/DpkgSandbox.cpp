@@ -112,7 +112,8 @@ QByteArray TestArchive::build() const
     const QString archive = directory.filePath(QStringLiteral("archive.deb"));
     const QString control = QStringLiteral("Package: %1\nVersion: %2\nArchitecture: all\n"
                                            "Maintainer: Vesk <vesk@example.org>\nDescription: made for a test\n");
-    write(root + QStringLiteral("/DEBIAN/control"), control.arg(identifier, version).toUtf8());
+    const QString dependency = depends.isEmpty() ? QString() : QStringLiteral("Depends: %1\n").arg(depends);
+    write(root + QStringLiteral("/DEBIAN/control"), (control.arg(identifier, version) + dependency).toUtf8());
     for (const auto& [name, contents] : files)
         write(root + name, contents);
     if (!postinst.isEmpty()) {

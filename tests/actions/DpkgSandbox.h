@@ -53,6 +53,8 @@ struct TestArchive
     QList<QPair<QString, QByteArray>> files;
     // A shell script that runs after unpacking; none when empty.
     QString postinst;
+    // What has to be installed before it; nothing when empty.
+    QString depends;
 
     // Builds it with dpkg-deb. Empty when that fails.
     QByteArray build() const;

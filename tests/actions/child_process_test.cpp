@@ -1,5 +1,6 @@
 #include "actions/ChildProcess.h"
 
+#include "actions/DescriptorLimit.h"
 #include "actions/SignalDispositions.h"
 
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <fcntl.h>
 #include <pthread.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -55,8 +57,25 @@ protected:
         return contents(out).trimmed().toULongLong(nullptr, 16);
     }
 
+    // How many files a child may have open.
+    rlim_t limitOfChild() const
+    {
+        const QString out = path(QStringLiteral("out"));
+        EXPECT_TRUE(shell(QStringLiteral("ulimit -n > \"$0\""), { out }));
+        return contents(out).trimmed().toULongLong();
+    }
+
+    static rlimit limit()
+    {
+        rlimit limit = {};
+        EXPECT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+        return limit;
+    }
+
     QTemporaryDir m_directory;
 };
+
+constexpr rlim_t lowLimit = 200;
 
 std::atomic<int> interruptions = 0;
 
@@ -163,6 +182,32 @@ TEST_F(ChildProcess, inheritsWhatWasIgnoredFromTheStart)
     EXPECT_EQ(ignoredByChild() & maskOf(SIGHUP), maskOf(SIGHUP));
     signal(SIGPIPE, previousPipe);
     signal(SIGHUP, previousHangUp);
+}
+
+TEST_F(ChildProcess, mayHaveOnlyAsManyFilesOpenAsTheProgramWasStartedWith)
+{
+    rlimit low = limit();
+    ASSERT_GT(low.rlim_max, lowLimit);
+    low.rlim_cur = lowLimit;
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &low), 0);
+    DescriptorLimit::raiseAtStart();
+    EXPECT_EQ(limit().rlim_cur, limit().rlim_max);
+    EXPECT_EQ(limitOfChild(), lowLimit);
+    EXPECT_EQ(limit().rlim_cur, limit().rlim_max);
+}
+
+TEST_F(ChildProcess, startsWithTheLimitOfTheProgramsStartWhileOthersStartToo)
+{
+    rlimit low = limit();
+    low.rlim_cur = lowLimit;
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &low), 0);
+    DescriptorLimit::raiseAtStart();
+    {
+        const DescriptorLimit::OfChildren other;
+        EXPECT_EQ(limitOfChild(), lowLimit);
+        EXPECT_EQ(limit().rlim_cur, lowLimit);
+    }
+    EXPECT_EQ(limit().rlim_cur, limit().rlim_max);
 }
 
 TEST_F(ChildProcess, hasTheNullDeviceWriteOnlyAsItsThreeDescriptors)

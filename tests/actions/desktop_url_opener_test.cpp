@@ -1,6 +1,7 @@
 // Each test has a desktop of its own: GIO reads it once in a process, so what opens URLs is a process of its own too.
 #include "tests/actions/RecordingHandlers.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QSet>
 #include <gtest/gtest.h>
@@ -102,4 +103,22 @@ TEST_F(DesktopURLOpener, doesNothingWithoutAHandlerAndForAnIdentifierWithABlank)
     // What comes first is the first that was opened at all.
     handOverPackage(QStringLiteral("last"));
     EXPECT_EQ(m_handlers.urls(1), QStringList{ QStringLiteral("sileo://package/last") });
+}
+
+TEST_F(DesktopURLOpener, startsTheHandlerWithTheLimitOfOpenFilesThatTheProgramWasStartedWith)
+{
+    m_handlers.install({ QStringLiteral("sileo") });
+    QFile handler(m_directory.filePath(QStringLiteral("record")));
+    ASSERT_TRUE(handler.open(QIODevice::WriteOnly));
+    handler.write("#!/bin/sh\nulimit -n >> '" + m_directory.filePath(QStringLiteral("urls")).toUtf8() + "'\n");
+    handler.close();
+    QProcess shell;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    m_handlers.enter(environment);
+    shell.setProcessEnvironment(environment);
+    shell.start(QStringLiteral("/bin/sh"),
+        { QStringLiteral("-c"), QStringLiteral("ulimit -Sn 200; exec \"$0\" package \"$1\" org.example.one"),
+            QStringLiteral(INSTALLER_PROBE), m_source });
+    ASSERT_TRUE(shell.waitForFinished());
+    EXPECT_EQ(m_handlers.urls(1), QStringList{ QStringLiteral("200") });
 }

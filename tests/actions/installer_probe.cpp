@@ -7,6 +7,7 @@
 //   installer_probe run SOURCE [IDENTIFIER VERSION ACTION]...   runs a queue, prints a line with each entry's status
 //                                                        and stays until its standard input ends
 //   installer_probe quit SOURCE IDENTIFIER VERSION       starts a run and quits as soon as its standard input ends
+#include "actions/DescriptorLimit.h"
 #include "actions/DesktopURLOpener.h"
 #include "actions/PackageInstaller.h"
 
@@ -83,6 +84,7 @@ int quit(const QStringList& words)
 
 int main(int argc, char** argv)
 {
+    DescriptorLimit::raiseAtStart();
     const QCoreApplication application(argc, argv);
     QStringList words = QCoreApplication::arguments().mid(1);
     const QString verb = words.isEmpty() ? QString() : words.takeFirst();

@@ -193,6 +193,19 @@ TEST_F(RefreshAll, mayBeStartedFromItsOwnCompletion)
     EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
 }
 
+TEST_F(RefreshAll, mayEndTheManagerByItsCompletion)
+{
+    serve(u"/1"_s, "a");
+    serve(u"/2"_s, "b");
+    bool isDone = false;
+    manager().refreshAllWithCompletion([&] {
+        m_manager.reset();
+        isDone = true;
+    });
+    EXPECT_TRUE(waitFor([&isDone] { return isDone; }));
+    EXPECT_EQ(m_manager, nullptr);
+}
+
 TEST_F(RefreshAll, isDroppedWhenTheManagerGoes)
 {
     hold("/1/Packages.bz2", stanza("a"));

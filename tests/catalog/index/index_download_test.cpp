@@ -235,6 +235,18 @@ TEST_F(IndexDownloading, followsARedirectWhateverStandsInItsOwnBody)
     EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
 }
 
+TEST_F(IndexDownloading, goesOnToTheNextNameAfterABodyOfNoToldLengthThatIsReset)
+{
+    LoopbackServer::Reply reset;
+    reset.body = stanza("half");
+    reset.declaredLength = -1;
+    reset.ending = LoopbackServer::Ending::Reset;
+    m_server.setReply("/r/Packages.bz2", reset);
+    serveIndex("Packages.gz", gzipped(stanza("whole")));
+    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    EXPECT_EQ(packageIDs(), QStringList(u"whole"_s));
+}
+
 TEST_F(IndexDownloading, followsRedirectsNeitherInACircleNorOutOfTheWeb)
 {
     QFile file(m_directory.filePath(u"local"_s));

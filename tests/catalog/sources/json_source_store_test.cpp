@@ -257,3 +257,20 @@ TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
     EXPECT_TRUE(manager->repositories()[1]->enabled());
     EXPECT_FALSE(manager->repositories()[0]->lastRefresh().isValid());
 }
+
+TEST_F(JsonStore, readsAMillionEntriesAndWritesNoFileThatItWouldNotReadAgain)
+{
+    constexpr qsizetype million = 1000000;
+    const QByteArray many = "{\"VeskDefaultRepos_v1\":[{}" + QByteArray(",{}").repeated(million - 1) + "]}";
+    write(many);
+    auto sources = read();
+    ASSERT_TRUE(sources.has_value());
+    EXPECT_EQ(sources->size(), std::size_t(million));
+    sources->front().enabled = true;
+    EXPECT_FALSE(save(*sources));
+    EXPECT_EQ(contents(), many);
+    sources->resize(3);
+    EXPECT_TRUE(save(*sources));
+    EXPECT_EQ(read(), sources);
+    EXPECT_TRUE(otherFiles().isEmpty());
+}

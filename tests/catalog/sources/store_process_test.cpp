@@ -119,3 +119,15 @@ TEST_F(StoreOnARealDisk, isLeftAloneWhenItMayNotBeRead)
     EXPECT_EQ(contents(u"vesk/defaults.json"_s), before);
     EXPECT_EQ(QDir(path(u"vesk"_s)).entryList(QDir::Files | QDir::Hidden), QStringList(u"defaults.json"_s));
 }
+
+TEST_F(StoreOnARealDisk, isLeftAsItIsWhereTheDirectoryMayOnlyBeRead)
+{
+    ASSERT_TRUE(QDir().mkpath(path(u"vesk"_s)));
+    const QString file = path(u"vesk/defaults.json"_s);
+    ASSERT_TRUE(JsonSourceStore(file).setSources(m_user));
+    const QByteArray before = contents(u"vesk/defaults.json"_s);
+    run({ u"--ro-bind"_s, path(u"vesk"_s), path(u"vesk"_s) },
+        R"(printf '\n\n' | XDG_CONFIG_HOME="$W" "$PROBE" >"$W/out")");
+    EXPECT_EQ(contents(u"out"_s), "2 off\n2 on\n");
+    EXPECT_EQ(contents(u"vesk/defaults.json"_s), before);
+}

@@ -55,6 +55,7 @@ Pressable {
             width: Math.min(implicitWidth, root.maximumTitleWidth)
             visible: text.length > 0
             text: root.title
+            maximumLineCount: 1
             font: KitLook.barFont(16, root.item !== null && root.item.emphasised ? Font.Bold : Font.Normal)
             standardSize: 16
             color: root.bar.tint

@@ -62,6 +62,7 @@ FocusScope {
         width: Math.min(implicitWidth, root.width - root.leftEdge - root.rightEdge)
         height: root.barHeight
         text: KitLook.shown(root.item.title.slice(0, 500))
+        maximumLineCount: 1
         font: root.bar.titleFont
         standardSize: root.bar.standardTitleSize
         color: root.bar.titleColor

@@ -120,9 +120,22 @@ Image Image::glyphNamed(const QString& name)
     return loadOnce(loaded, name, [&] { return load(QStringLiteral(":/glyphs/"), name, RenderingMode::Template); });
 }
 
+namespace {
+
+// Of 16 bits a colour, a picture takes twice the memory of one that is drawn.
+void limitDecoding()
+{
+    constexpr int Mebibytes = 64;
+    static std::once_flag isLimited;
+    std::call_once(isLimited, [] { QImageReader::setAllocationLimit(Mebibytes); });
+}
+
+} // namespace
+
 Image Image::fromData(const QByteArray& data, double scale, int maximumPixels)
 {
     constexpr int LargestSide = 4096;
+    limitDecoding();
     QBuffer buffer;
     buffer.setData(data);
     QImageReader reader(&buffer);

@@ -29,7 +29,8 @@ public:
     // A control's own glyph (an arrow, a checkmark), a template, or none.
     static Image glyphNamed(const QString& name);
     // A picture decoded from a file's bytes, whose pixels are for the given scale; none when they do not decode. A
-    // picture of more than maximumPixels a side is scaled down while it is decoded; one of more than 4,096 is refused.
+    // picture of more than maximumPixels a side is scaled down while it is decoded; one of more than 4,096, or that
+    // takes more than 64 MiB on the way, is refused.
     static Image fromData(const QByteArray& data, double scale, int maximumPixels = 512);
 
     Image resizable(const EdgeInsets& capInsets, ResizingMode mode) const;

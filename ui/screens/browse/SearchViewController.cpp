@@ -37,7 +37,7 @@ int SearchViewController::numberOfRowsInSection(int /*section*/) const
 {
     if (isQuerying())
         return static_cast<int>(m_manager.filteredPackagesWithQuery(m_currentQuery).size());
-    return rowsOrEmptyRow(m_manager.categories().size());
+    return rowsOrEmptyRow(m_manager.categoryCount());
 }
 
 kit::View* SearchViewController::viewForHeaderInSection(int /*section*/)
@@ -84,7 +84,7 @@ VeskPackagePtr SearchViewController::resultAtRow(int row) const
 
 VeskCategoryPtr SearchViewController::categoryAtRow(int row) const
 {
-    return recordOfRow(m_manager.categories(), row);
+    return row < 0 ? nullptr : m_manager.categoryAt(static_cast<std::size_t>(row));
 }
 
 void SearchViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)

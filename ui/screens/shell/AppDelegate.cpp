@@ -3,6 +3,9 @@
 #include "ui/classic/ClassicUI.h"
 #include "ui/screens/shell/RootViewController.h"
 
+#include <QGuiApplication>
+#include <QQuickWindow>
+
 AppDelegate::AppDelegate()
     : AppDelegate(*RepoManager::sharedManager(), PackageInstaller::sharedInstaller())
 {
@@ -26,4 +29,17 @@ bool AppDelegate::didFinishLaunchingWithOptions()
     m_window->setRootViewController(new RootViewController(m_manager, m_installer));
     m_window->makeKeyAndVisible(QStringLiteral("Vesk"));
     return true;
+}
+
+// Qt takes the token out of the environment, and out again. While dpkg may be started the environment is left alone: a
+// child could be given half of it.
+void AppDelegate::bringToFront(const QString& activationToken)
+{
+    const bool isWayland = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    if (isWayland && !activationToken.isEmpty() && !m_installer.isInstalling())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    QQuickWindow& window = *m_window->quickWindow();
+    window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.raise();
+    window.requestActivate();
 }

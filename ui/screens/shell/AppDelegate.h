@@ -22,6 +22,9 @@ public:
 
     // Opens the window; always true.
     bool didFinishLaunchingWithOptions();
+    // Shows the open window before all others, however it was put away. The token is what a Wayland desktop wants to
+    // see for that; it may be empty.
+    void bringToFront(const QString& activationToken);
     StatusBarStyle preferredStatusBarStyle() const { return StatusBarStyle::LightContent; }
     // Null before the launch.
     kit::Window* window() const { return m_window.get(); }

@@ -170,6 +170,17 @@ TEST(DecodedImage, refusesWhatSaysItIsEnormous)
     EXPECT_TRUE(kit::Image::fromData(pngDeclaring(0, 0), 1).isNull());
 }
 
+TEST(DecodedImage, decodesNothingThatTakesMoreThan64MebibytesOnTheWay)
+{
+    const auto deepPng = [](int height) {
+        QImage image(4'096, height, QImage::Format_RGBA64);
+        image.fill(Qt::red);
+        return encoded(image, "png");
+    };
+    EXPECT_FALSE(kit::Image::fromData(deepPng(2'048), 1).isNull());
+    EXPECT_TRUE(kit::Image::fromData(deepPng(2'049), 1).isNull());
+}
+
 TEST(DecodedImage, decodesNothingOfMoreThan4096PixelsASide)
 {
     EXPECT_FALSE(kit::Image::fromData(png(4'096, 1), 1).isNull());

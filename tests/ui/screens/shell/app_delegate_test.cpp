@@ -44,6 +44,20 @@ TEST_F(Launch, hasTheHomeScreenRefreshAnEmptyCatalog)
     EXPECT_TRUE(waitUntil([this] { return !network->requestedURLs().isEmpty(); }));
 }
 
+TEST_F(Launch, bringsAWindowToTheFrontThatWasPutAway)
+{
+    delegate.didFinishLaunchingWithOptions();
+    QQuickWindow& shown = *delegate.window()->quickWindow();
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    shown.setWindowStates(Qt::WindowMinimized);
+    ASSERT_TRUE(waitUntil([&] { return !shown.isActive(); }));
+    delegate.bringToFront(QString());
+    EXPECT_TRUE(waitUntil([&] { return shown.isActive(); }));
+    EXPECT_EQ(shown.windowStates() & Qt::WindowMinimized, Qt::WindowStates());
+}
+
 TEST_F(Launch, wantsLightStatusBarTexts)
 {
     EXPECT_EQ(delegate.preferredStatusBarStyle(), StatusBarStyle::LightContent);

@@ -1,6 +1,7 @@
 // The whole program, in a home of its own whose one source is switched off.
 #include "ui/screens/shell/ApplicationMain.h"
 
+#include "actions/ChildProcess.h"
 #include "actions/SignalDispositions.h"
 
 #include <QCoreApplication>
@@ -12,6 +13,7 @@
 
 #include <array>
 #include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -35,18 +37,39 @@ void enterHome(const QString& home)
     sources.write("{\"VeskDefaultRepos_v1\":[{\"url\":\"http://127.0.0.1:9/\",\"name\":\"Off\",\"enabled\":false}]}");
 }
 
+int run()
+{
+    std::array<char, 5> name{ "vesk" };
+    std::array<char*, 2> arguments{ name.data(), nullptr };
+    return applicationMain(1, arguments.data());
+}
+
 } // namespace
 
 Q_COREAPP_STARTUP_FUNCTION(endApplication)
+
+TEST(Application, mayHaveAsManyFilesOpenAsTheSystemAllowsAndItsChildrenAsManyAsItWasStartedWith)
+{
+    const QTemporaryDir home;
+    enterHome(home.path());
+    rlimit limit = {};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+    limit.rlim_cur = 200;
+    ASSERT_LT(limit.rlim_cur, limit.rlim_max);
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+    run();
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+    EXPECT_EQ(limit.rlim_cur, limit.rlim_max);
+    EXPECT_TRUE(runChildProcess(
+        { QStringLiteral("/bin/sh"), QStringLiteral("-c"), QStringLiteral("test $(ulimit -n) -eq 200") }));
+}
 
 TEST(Application, endsWithTheStatusOfItsMainLoopAndKnowsHowItsChildrenAreToStart)
 {
     const QTemporaryDir home;
     enterHome(home.path());
-    std::array<char, 5> name{ "vesk" };
-    std::array<char*, 2> arguments{ name.data(), nullptr };
     signal(SIGPIPE, SIG_DFL);
-    EXPECT_EQ(applicationMain(1, arguments.data()), chosenStatus);
+    EXPECT_EQ(run(), chosenStatus);
     signal(SIGPIPE, SIG_IGN);
     SignalDispositions::restoreForChildren();
     EXPECT_NE(signal(SIGPIPE, SIG_DFL), SIG_IGN);
