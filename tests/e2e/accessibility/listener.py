@@ -9,6 +9,7 @@ import subprocess
 import time
 
 import gi
+from closing import ask_to_close
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
@@ -125,6 +126,11 @@ class Listener:
                                      capture_output=True, text=True).stdout.split()[0]
         subprocess.run(["xdotool", "windowfocus", "--sync", self.window], check=True)
         self.wait_until(lambda: any("active" in node.states for node in self.root.children), "the window in front")
+
+    def close_window(self):
+        """The program's exit status, when it ends because its only window is closed."""
+        ask_to_close(int(self.window))
+        return self.program.wait(timeout=LONGEST_WAIT)
 
     def end(self):
         """The program's exit status; a second time it is only said again."""
