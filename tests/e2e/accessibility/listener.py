@@ -14,7 +14,7 @@ from closing import ask_to_close
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-LONGEST_WAIT = 20
+LONGEST_WAIT = 60
 
 
 class Node:
@@ -234,10 +234,17 @@ class Listener:
 
     def focus_heard_after(self, *keys):
         """What is told to have the keyboard after these keys: role, name and description."""
+        self.hear_out()
         self.heard.clear()
         self.key(*keys)
         self.wait_until(self.focus_heard, f"a focus after {keys}")
+        self.hear_out()
         return self.focus_heard()[-1]
+
+    def hear_out(self):
+        """Hears all that the program has said by now: its answer to a question comes after it."""
+        self.root.accessible.get_child_count()
+        self.turn()
 
     def focus_heard(self):
         return [what for kind, gained, *what in self.heard if kind == "object:state-changed:focused" and gained]
