@@ -9,11 +9,6 @@
 
 namespace {
 
-QString nameOf(const VeskPackage& package)
-{
-    return package.name().isEmpty() ? package.packageID() : package.name();
-}
-
 QString subtitleOf(const VeskPackage& package)
 {
     const QString repositoryName = package.repository() ? package.repository()->name() : QString();
@@ -23,10 +18,13 @@ QString subtitleOf(const VeskPackage& package)
     return source.isEmpty() ? version : joinedWithBullet(source, version);
 }
 
-kit::ImageView* badge(const QString& symbol, const kit::Color& color)
+// It is spoken with the rest of the row.
+kit::ImageView* badge(const QString& symbol, const kit::Color& color, const QString& meaning)
 {
     auto* view = new kit::ImageView(kit::Image::systemNamed(symbol));
     view->setTintColor(color);
+    view->setAccessibilityLabel(meaning);
+    view->setAccessibilityElement(false);
     return view;
 }
 
@@ -36,6 +34,11 @@ ClassicPackageCell::ClassicPackageCell(Style, const QString& reuseIdentifier)
     : kit::TableViewCell(Style::Subtitle, reuseIdentifier)
 {
     imageView()->setImage(ClassicUI::assetNamed(QStringLiteral("Homepage")));
+}
+
+QString ClassicPackageCell::nameOf(const VeskPackage& package)
+{
+    return package.name().isEmpty() ? package.packageID() : package.name();
 }
 
 void ClassicPackageCell::configureWithPackage(const VeskPackage& package, int variant)
@@ -56,9 +59,10 @@ void ClassicPackageCell::showBadge(const VeskPackage& package)
 {
     kit::ImageView* view = nullptr;
     if (package.hasUpdate())
-        view = badge(QStringLiteral("arrow.up.circle.fill"), ClassicUI::veskOrangeColor());
+        view = badge(
+            QStringLiteral("arrow.up.circle.fill"), ClassicUI::veskOrangeColor(), QStringLiteral("update available"));
     else if (package.installed())
-        view = badge(QStringLiteral("checkmark.circle.fill"), ClassicUI::veskBlueColor());
+        view = badge(QStringLiteral("checkmark.circle.fill"), ClassicUI::veskBlueColor(), QStringLiteral("installed"));
     setAccessoryView(view);
     if (!view)
         setAccessoryType(AccessoryType::DisclosureIndicator);

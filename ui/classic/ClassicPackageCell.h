@@ -13,6 +13,8 @@ public:
     // Always in the subtitle style, whatever the style asked for.
     ClassicPackageCell(Style style, const QString& reuseIdentifier);
 
+    // What it shows for the package's name: the identifier where it has none.
+    static QString nameOf(const VeskPackage& package);
     void configureWithPackage(const VeskPackage& package, int variant);
     // The icon URL of the package last configured, null after the cell was prepared for reuse.
     const QString& representedIconURL() const { return m_representedIconURL; }

@@ -76,12 +76,13 @@ TEST_F(ScreenReader, meetsTheTabsTheTitleTheButtonsTheHeadersAndTheRows)
             QStringLiteral("Section 3") }));
 }
 
-TEST_F(ScreenReader, hearsTheDetailOfARowAsItsDescription)
+TEST_F(ScreenReader, hearsTheDetailAndThePlaceOfARowAsItsDescription)
 {
     addPackages(2);
     open();
-    EXPECT_EQ(description(QAccessible::ListItem, QStringLiteral("Package 001")), QStringLiteral("First  •  1.0"));
-    EXPECT_EQ(description(QAccessible::ListItem, QStringLiteral("Section 2")), QStringLiteral("1"));
+    EXPECT_EQ(
+        description(QAccessible::ListItem, QStringLiteral("Package 001")), QStringLiteral("First  •  1.0, 1 of 2"));
+    EXPECT_EQ(description(QAccessible::ListItem, QStringLiteral("Section 2")), QStringLiteral("1, 1 of 2"));
 }
 
 TEST_F(ScreenReader, opensARowAndComesBack)

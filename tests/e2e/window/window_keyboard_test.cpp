@@ -32,6 +32,15 @@ protected:
         }
         return false;
     }
+    // Types a name that is not in sight, and tells which row has the keyboard then.
+    QString typedTo(const QString& name)
+    {
+        const kit::IndexPath first = table().indexPathsForVisibleRows().front();
+        table().rowFocus()->moveTo(first.section, first.row);
+        touch->type(name);
+        EXPECT_TRUE(touch->settle());
+        return touch->rowText({ table().rowFocus()->section(), table().rowFocus()->row() });
+    }
     void openQueueWith(const QStringList& names)
     {
         for (const QString& name : names)
@@ -259,7 +268,7 @@ TEST_F(Keyboard, reachesNothingBehindAnAlertByAnyShortcut)
     touch->key(Qt::Key_2, Qt::ControlModifier);
     touch->key(Qt::Key_Left, Qt::AltModifier);
     EXPECT_NE(alert(), nullptr);
-    EXPECT_EQ(touch->title(), QStringLiteral("Queue"));
+    EXPECT_EQ(touch->screen().title(), QStringLiteral("Queue"));
     EXPECT_EQ(installer->queue().size(), 1U);
     touch->key(Qt::Key_Return);
     ASSERT_TRUE(touch->waitUntil([&] { return alert() == nullptr; }));
@@ -359,4 +368,46 @@ TEST_F(Keyboard, showsThatTheListHasTheFocusBeforeAnyOfItsRowsHas)
     EXPECT_NE(touch->picture(), unmarked);
     const QPoint edge(195, touch->quickWindow().height() - 49 - 3);
     EXPECT_NE(touch->picture().pixelColor(edge), unmarked.pixelColor(edge));
+}
+
+TEST_F(Keyboard, findsByItsFirstLettersWhatIsNotInSight)
+{
+    addPackages(60);
+    for (int number = 1; number <= 30; ++number)
+        addInstalledPackage(QStringLiteral("Installed %1").arg(number), QStringLiteral("1.0"), QStringLiteral("1.0"));
+    open();
+    touch->key(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(typedTo(QStringLiteral("package 055")), QStringLiteral("Package 055"));
+    touch->key(Qt::Key_5, Qt::ControlModifier);
+    EXPECT_EQ(typedTo(QStringLiteral("installed 28")), QStringLiteral("Installed 28"));
+    EXPECT_EQ(typedTo(QStringLiteral("installed a")), QStringLiteral("Installed Apps")) << "scrolled out of sight";
+    touch->key(Qt::Key_Return);
+    ASSERT_TRUE(reaches(QStringLiteral("Installed Apps")));
+    EXPECT_EQ(typedTo(QStringLiteral("installed 29")), QStringLiteral("Installed 29"));
+}
+
+TEST_F(Keyboard, findsWhatIsNotInSightAmongCategoriesAndResultsToo)
+{
+    for (int number = 1; number <= 40; ++number)
+        addPackage(QStringLiteral("Package %1").arg(number), QStringLiteral("Section %1").arg(number));
+    open();
+    EXPECT_EQ(typedTo(QStringLiteral("section 33")), QStringLiteral("Section 33")) << "on the home screen";
+    touch->key(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(typedTo(QStringLiteral("section 34")), QStringLiteral("Section 34"));
+    touch->key(Qt::Key_4, Qt::ControlModifier);
+    touch->key(Qt::Key_Down);
+    EXPECT_EQ(typedTo(QStringLiteral("section 35")), QStringLiteral("Section 35"));
+    touch->key(Qt::Key_F, Qt::ControlModifier);
+    touch->type(QStringLiteral("package"));
+    touch->key(Qt::Key_Down);
+    EXPECT_EQ(typedTo(QStringLiteral("package 36")), QStringLiteral("Package 36"));
+}
+
+TEST_F(Keyboard, findsWhatIsNotInSightInTheQueue)
+{
+    QStringList names;
+    for (int number = 1; number <= 30; ++number)
+        names.append(QStringLiteral("Package %1").arg(number));
+    openQueueWith(names);
+    EXPECT_EQ(typedTo(QStringLiteral("package 27")), QStringLiteral("Package 27"));
 }

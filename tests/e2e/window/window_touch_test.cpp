@@ -278,10 +278,12 @@ TEST_F(Finger, holdsBackEverythingBehindAnAlertUntilItsButtonIsTapped)
 {
     addPackages(3);
     open();
+    // A screen reader does not find it behind the alert, but a finger does.
+    const QPointF tab = TouchDriver::centre(*touch->tabButton(QStringLiteral("Search")));
     ASSERT_TRUE(touch->tapBarButton(QStringLiteral("About")));
     ASSERT_NE(alert(), nullptr);
     ASSERT_TRUE(touch->settle());
-    touch->tap(TouchDriver::centre(*touch->tabButton(QStringLiteral("Search"))));
+    touch->tap(tab);
     touch->tap({ 195, 500 });
     EXPECT_EQ(touch->tabs().selectedIndex(), 0);
     EXPECT_NE(alert(), nullptr);

@@ -117,6 +117,18 @@ TEST_F(PackageCell, hasOnlyTheOrangeBadgeWhenAnInstalledPackageHasAnUpdate)
     expectBadge(QStringLiteral("arrow.up.circle.fill"), ClassicUI::veskOrangeColor());
 }
 
+TEST_F(PackageCell, hasABadgeThatIsToldWithTheRowAndNotByItself)
+{
+    const auto told = [this](const QString& installedVersion) {
+        package->setInstalledVersion(installedVersion);
+        configure();
+        EXPECT_FALSE(cell.accessoryView()->isAccessibilityElement());
+        return cell.accessoryView()->accessibilityLabel();
+    };
+    EXPECT_EQ(told(QStringLiteral("1.0")), QStringLiteral("installed"));
+    EXPECT_EQ(told(QStringLiteral("0.9")), QStringLiteral("update available"));
+}
+
 TEST_F(PackageCell, losesItsBadgeWhenItIsPreparedForReuse)
 {
     package->setInstalledVersion(QStringLiteral("0.9"));

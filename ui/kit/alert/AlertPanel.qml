@@ -6,7 +6,7 @@ import ui.kit
 // An alert in the middle of the window, or a sheet, over a shade that holds back everything else. In a window of a phone's
 // size the sheet lies at the lower edge; in a large one it stands beside what opened it and points there.
 // Where the window is too low, the texts and the buttons scroll, each for themselves.
-FocusScope {
+SpokenScope {
     id: root
 
     required property AlertController alert
@@ -14,9 +14,11 @@ FocusScope {
     readonly property bool beside: alert.sheet && large
     readonly property bool sideBySide: !alert.sheet && alert.actions.length === 2
 
-    Accessible.role: Accessible.Dialog
-    Accessible.name: heading.text
-    Accessible.description: message.text
+    spokenRole: Accessible.Dialog
+    spokenName: heading.text
+    spokenDescription: message.text
+
+    Accessible.role: spokenRole
     Keys.onUpPressed: texts.scroll(-40)
     Keys.onDownPressed: texts.scroll(40)
     Keys.onEscapePressed: root.alert.cancel()

@@ -88,7 +88,7 @@ FocusScope {
             Keys.onReturnPressed: root.leftForResults(0)
             Keys.onEnterPressed: root.leftForResults(0)
         }
-        ImageItem {
+        Pressable {
             id: clear
 
             anchors.right: parent.right
@@ -96,26 +96,23 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             width: 18
             height: 18
-            mode: ImageItem.AspectFit
-            image: GlyphImages.clear
-            tint: KitLook.fieldPlaceholder
             visible: input.text.length > 0
-            opacity: clearArea.down ? 0.5 : 1
+            // What it does, keys do in the field itself.
+            activeFocusOnTab: false
+            reachAside: 10
+            reachAbove: 10
+            spokenName: KitLook.clearTitle
+            onPressed: {
+                input.clear();
+                input.forceActiveFocus();
+            }
 
-            Accessible.role: Accessible.Button
-            Accessible.name: KitLook.clearTitle
-            Accessible.onPressAction: if (enabled)
-                input.clear()
-
-            PressArea {
-                id: clearArea
-
+            ImageItem {
                 anchors.fill: parent
-                anchors.margins: -10
-                onTapped: {
-                    input.clear();
-                    input.forceActiveFocus();
-                }
+                mode: ImageItem.AspectFit
+                image: GlyphImages.clear
+                tint: KitLook.fieldPlaceholder
+                opacity: clear.down ? 0.5 : 1
             }
         }
     }

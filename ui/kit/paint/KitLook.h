@@ -46,6 +46,9 @@ class KitLook : public QObject
     Q_PROPERTY(QString cancelTitle MEMBER m_cancelTitle CONSTANT)
     Q_PROPERTY(QString clearTitle MEMBER m_clearTitle CONSTANT)
     Q_PROPERTY(QString backTitle MEMBER m_backTitle CONSTANT)
+    Q_PROPERTY(QString refreshingTitle MEMBER m_refreshingTitle CONSTANT)
+    // Of a row and the number of rows in its section.
+    Q_PROPERTY(QString placeTitle MEMBER m_placeTitle CONSTANT)
 
 public:
     // The text scale, for what tells its own sizes.
@@ -87,6 +90,8 @@ private:
     QString m_cancelTitle = QStringLiteral("Cancel");
     QString m_clearTitle = QStringLiteral("Clear text");
     QString m_backTitle = QStringLiteral("Back");
+    QString m_refreshingTitle = QStringLiteral("Refreshing");
+    QString m_placeTitle = QStringLiteral("%1 of %2");
 };
 
 } // namespace kit

@@ -4,7 +4,7 @@ import QtQuick
 import ui.kit
 
 // A row: backgrounds, content, accessory and separator, its touches, and the delete button that a swipe uncovers.
-Item {
+SpokenItem {
     id: root
 
     required property TableViewCell view
@@ -12,6 +12,7 @@ Item {
     readonly property bool open: table.openRow.section === view.section && table.openRow.row === view.row && !view.hidden
     readonly property bool focusedHere: table.rowFocus.keyboardHere && KeyboardFocus.shown && table.rowFocus.section === view.section && table.rowFocus.row === view.row && !view.hidden
     readonly property double deleteWidth: 88
+    readonly property bool deletable: !view.hidden && table.openRow.canDelete(view.section, view.row)
     // A swipe that goes so far deletes at once.
     readonly property double wholeSwipe: width * 0.6
 
@@ -22,19 +23,44 @@ Item {
     visible: !view.hidden
     clip: swipe.carries || content.x !== 0
 
-    Accessible.role: Accessible.ListItem
-    Accessible.name: view.textLabel.shownText
-    Accessible.description: view.detailTextLabel ? view.detailTextLabel.shownText : ""
-    Accessible.selectable: true
-    Accessible.focusable: true
-    Accessible.focused: focusedHere
-    Accessible.onPressAction: if (enabled)
-        root.table.tapRow(root.view.section, root.view.row)
-    // What a swipe does.
-    Accessible.onScrollLeftAction: if (enabled)
-        root.table.openRow.open(root.view.section, root.view.row)
-    Accessible.onScrollRightAction: if (enabled)
-        root.table.openRow.close()
+    spokenRole: Accessible.ListItem
+    spokenName: view.textLabel.shownText
+    spokenDescription: [detail(), mark(), place()].filter(part => part.length > 0).join(", ")
+    spokenFocused: focusedHere
+    spokenActions: ["Press", "SetFocus"].concat(deletable ? [KitLook.deleteTitle, "Scroll Left", "Scroll Right"] : [])
+    onActed: action => root.doAction(action)
+
+    Accessible.role: spokenRole
+
+    function detail() {
+        return view.detailTextLabel ? view.detailTextLabel.shownText : "";
+    }
+
+    // What the accessory says; a control at its place says it itself.
+    function mark() {
+        return view.accessory && !view.accessory.accessibilityElement ? view.accessory.accessibilityLabel : "";
+    }
+
+    function place() {
+        return view.rowCount > 1 ? KitLook.placeTitle.arg(view.row + 1).arg(view.rowCount) : "";
+    }
+
+    function doAction(action) {
+        const openRow = root.table.openRow;
+        const actions = {
+            "Press": () => root.table.tapRow(root.view.section, root.view.row),
+            "SetFocus": () => {
+                KeyboardFocus.shown = true;
+                root.table.rowFocus.takeKeyboard();
+                root.table.rowFocus.moveTo(root.view.section, root.view.row);
+            },
+            // What a swipe does, a whole one and a short one.
+            [KitLook.deleteTitle]: () => openRow.deleteRow(root.view.section, root.view.row),
+            "Scroll Left": () => openRow.open(root.view.section, root.view.row),
+            "Scroll Right": () => openRow.close()
+        };
+        actions[action]();
+    }
 
     onFocusedHereChanged: if (focusedHere)
         KeyboardFocus.announce(root)
@@ -124,7 +150,7 @@ Item {
             radius: Metrics.CornerRadius
         }
     }
-    Rectangle {
+    SpokenItem {
         id: deleteButton
 
         x: root.width + content.x
@@ -132,23 +158,27 @@ Item {
         height: root.height
         visible: width > 0
         clip: true
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: KitLook.destructiveTop
-            }
-            GradientStop {
-                position: 1
-                color: KitLook.destructiveBottom
+        spokenRole: Accessible.Button
+        spokenName: KitLook.deleteTitle
+        spokenActions: ["Press"]
+        onActed: root.table.openRow.deleteRow(root.view.section, root.view.row)
+
+        Accessible.role: spokenRole
+        Accessible.ignored: !root.open
+
+        Rectangle {
+            anchors.fill: parent
+            gradient: Gradient {
+                GradientStop {
+                    position: 0
+                    color: KitLook.destructiveTop
+                }
+                GradientStop {
+                    position: 1
+                    color: KitLook.destructiveBottom
+                }
             }
         }
-
-        Accessible.role: Accessible.Button
-        Accessible.name: KitLook.deleteTitle
-        Accessible.ignored: !root.open
-        Accessible.onPressAction: if (enabled)
-            root.table.openRow.deleteRow(root.view.section, root.view.row)
-
         KitText {
             anchors.centerIn: parent
             text: KitLook.deleteTitle
@@ -185,7 +215,7 @@ Item {
         yAxis.enabled: false
         // Not from the handler of the swipe that leads back, nor from that of a switch.
         grabPermissions: PointerHandler.CanTakeOverFromItems | PointerHandler.ApprovesTakeOverByAnything
-        enabled: !root.view.hidden && root.table.openRow.canDelete(root.view.section, root.view.row)
+        enabled: root.deletable
         onActiveChanged: {
             if (active)
                 startX = root.open ? -root.deleteWidth : 0;

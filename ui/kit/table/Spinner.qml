@@ -1,9 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // Twelve spokes. Drawn up to a fraction while it is pulled out, turning while it runs.
-Item {
+SpokenItem {
     id: root
 
     required property color tint
@@ -14,7 +15,10 @@ Item {
     implicitWidth: 24
     implicitHeight: 24
 
-    Accessible.role: Accessible.Indicator
+    spokenRole: Accessible.ProgressBar
+    spokenName: KitLook.refreshingTitle
+
+    Accessible.role: spokenRole
     Accessible.ignored: !running
 
     NumberAnimation on phase {

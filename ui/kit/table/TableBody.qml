@@ -5,7 +5,7 @@ import ui.kit
 
 // A table: its cells and headers where C++ put them, scrolled, pulled and driven by keys. The keyboard is here or in a
 // control of a row, never in both.
-Item {
+SpokenItem {
     id: root
 
     required property KitTable view
@@ -26,13 +26,14 @@ Item {
 
     onActiveFocusChanged: view.rowFocus.keyboardHere = activeFocus
 
-    Accessible.role: Accessible.List
-    Accessible.name: view.accessibilityLabel
-    Accessible.focusable: true
-    Accessible.onScrollDownAction: if (enabled)
-        root.view.scrollByPage(1)
-    Accessible.onScrollUpAction: if (enabled)
-        root.view.scrollByPage(-1)
+    spokenRole: Accessible.List
+    spokenName: view.accessibilityLabel
+    // Not while one of its rows is what keys act on.
+    spokenFocused: activeFocus && !(KeyboardFocus.shown && view.rowFocus.row >= 0)
+    spokenActions: ["Scroll Down", "Scroll Up"]
+    onActed: action => root.view.scrollByPage(action === "Scroll Down" ? 1 : -1)
+
+    Accessible.role: spokenRole
 
     // True for a key that moves the focused row, from wherever in the table the keyboard is.
     function move(key) {
@@ -234,7 +235,8 @@ Item {
     // The room for the spinner is there at once; only the content moves. Under a finger neither changes.
     function showRefreshing() {
         const isRefreshing = root.refresh.refreshing;
-        if (isRefreshing === (flick.topMargin > 0))
+        // On its way back from the refresh before, the room is there still.
+        if (isRefreshing === (flick.topMargin > 0) && !settle.running)
             return;
         if (isRefreshing)
             flick.topMargin = root.refreshRoom;

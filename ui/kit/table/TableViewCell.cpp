@@ -113,6 +113,9 @@ View* TableViewCell::makeTypeAccessory() const
     auto* glyph
         = new ImageView(Image::glyphNamed(isCheckmark ? QStringLiteral("checkmark") : QStringLiteral("chevron.right")));
     glyph->setTintColor(isCheckmark ? m_tintColor : DisclosureColor);
+    glyph->setAccessibilityElement(false);
+    if (isCheckmark)
+        glyph->setAccessibilityLabel(QStringLiteral("checked"));
     return glyph;
 }
 
@@ -217,6 +220,14 @@ void TableViewCell::setIndexPath(const IndexPath& indexPath)
     if (m_indexPath == indexPath)
         return;
     m_indexPath = indexPath;
+    Q_EMIT rowChanged();
+}
+
+void TableViewCell::setRowCount(int count)
+{
+    if (m_rowCount == count)
+        return;
+    m_rowCount = count;
     Q_EMIT rowChanged();
 }
 

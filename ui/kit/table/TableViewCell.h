@@ -26,6 +26,8 @@ class TableViewCell : public View
     Q_PROPERTY(bool fadesSelection READ fadesSelection NOTIFY fadesSelectionChanged)
     Q_PROPERTY(int section READ section NOTIFY rowChanged)
     Q_PROPERTY(int row READ row NOTIFY rowChanged)
+    // Of its section.
+    Q_PROPERTY(int rowCount READ rowCount NOTIFY rowChanged)
 
 public:
     // Default: a text. Subtitle: a text above a detail text. Value1: a text at the left, a detail text at the right.
@@ -73,6 +75,8 @@ public:
     // The table's side: which row the cell stands for, pressed and selected state, the look of the accessory shown.
     void setIndexPath(const IndexPath& indexPath);
     const IndexPath& indexPath() const { return m_indexPath; }
+    void setRowCount(int count);
+    int rowCount() const { return m_rowCount; }
     // Whether a section's header follows the row; its edge stands for the separator.
     void setMeetsHeader(bool meets);
     bool meetsHeader() const { return m_meetsHeader; }
@@ -116,6 +120,7 @@ private:
     EdgeInsets m_layoutMargins{ 0, 16, 0, 16 };
     EdgeInsets m_separatorInset;
     IndexPath m_indexPath;
+    int m_rowCount = 0;
     bool m_meetsHeader = false;
     bool m_selected = false;
     bool m_pressed = false;

@@ -82,7 +82,9 @@ void VisibleRows::showRow(const IndexPath& indexPath)
 
 void VisibleRows::placeCell(TableViewCell& cell, const IndexPath& indexPath)
 {
-    const bool isLast = indexPath.row == m_table.layout().rowCount(indexPath.section) - 1;
+    const int rowCount = m_table.layout().rowCount(indexPath.section);
+    const bool isLast = indexPath.row == rowCount - 1;
+    cell.setRowCount(rowCount);
     cell.setFrame(m_table.rectForRow(indexPath));
     cell.setMeetsHeader(isLast && m_table.headerView(indexPath.section + 1));
 }

@@ -18,5 +18,5 @@ ImageItem {
 
     Accessible.role: Accessible.Graphic
     Accessible.name: view.accessibilityLabel
-    Accessible.ignored: view.accessibilityLabel.length === 0
+    Accessible.ignored: view.accessibilityLabel.length === 0 || !view.accessibilityElement
 }

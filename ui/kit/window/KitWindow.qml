@@ -12,12 +12,14 @@ Window {
     minimumHeight: 320
     color: "black"
 
-    FocusScope {
+    SpokenScope {
         id: content
 
         anchors.fill: parent
         focus: panel.item === null
         enabled: panel.item === null
+
+        Accessible.role: spokenRole
 
         onWidthChanged: root.controller.resize(width, height)
         onHeightChanged: root.controller.resize(width, height)

@@ -39,6 +39,11 @@ kit::TableViewCell* CategoriesViewController::cellForRowAtIndexPath(const kit::I
     return cell;
 }
 
+QString CategoriesViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    return ScreenRows::nameOf(recordOfRow(m_categories, indexPath.row));
+}
+
 kit::View* CategoriesViewController::viewForHeaderInSection(int)
 {
     return ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("All Categories"), tableView()->width());

@@ -21,6 +21,7 @@ public:
 
     int numberOfRowsInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     kit::View* viewForHeaderInSection(int section) override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 

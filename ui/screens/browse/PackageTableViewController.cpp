@@ -45,6 +45,11 @@ kit::TableViewCell* PackageTableViewController::cellForRowAtIndexPath(const kit:
     return ScreenRows::emptyRow(*tableView(), emptyText());
 }
 
+QString PackageTableViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    return ScreenRows::nameOf(recordOfRow(m_packages, indexPath.row));
+}
+
 void PackageTableViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, kit::TableView::Animation::Animated);

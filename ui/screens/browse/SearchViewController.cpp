@@ -58,6 +58,12 @@ kit::TableViewCell* SearchViewController::cellForRowAtIndexPath(const kit::Index
     return indexPath.row == 0 ? emptyRow() : goneRow(indexPath.row);
 }
 
+QString SearchViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    return isQuerying() ? ScreenRows::nameOf(resultAtRow(indexPath.row))
+                        : ScreenRows::nameOf(categoryAtRow(indexPath.row));
+}
+
 // A reused row may still carry the count and the picture of a category.
 kit::TableViewCell* SearchViewController::emptyRow()
 {

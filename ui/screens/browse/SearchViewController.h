@@ -25,6 +25,7 @@ public:
     int numberOfRowsInSection(int section) const override;
     kit::View* viewForHeaderInSection(int section) override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 
 private:

@@ -180,6 +180,12 @@ kit::TableViewCell* VeskHomeViewController::categoryCell(int row)
     return cell;
 }
 
+QString VeskHomeViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    return indexPath.section == Categories ? ScreenRows::nameOf(recordOfRow(m_categories, indexPath.row))
+                                           : ScreenRows::nameOf(recordOfRow(m_featured, indexPath.row));
+}
+
 kit::View* VeskHomeViewController::viewForHeaderInSection(int section)
 {
     if (isEmpty())

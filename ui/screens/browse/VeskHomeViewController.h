@@ -35,6 +35,7 @@ public:
     int numberOfSections() const override;
     int numberOfRowsInSection(int section) const override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     kit::View* viewForHeaderInSection(int section) override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 

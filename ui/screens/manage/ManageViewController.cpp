@@ -127,6 +127,12 @@ kit::TableViewCell* ManageViewController::emptyCell()
     return cell;
 }
 
+QString ManageViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    return indexPath.section == InstalledSection ? ScreenRows::nameOf(recordOfRow(m_installed, indexPath.row))
+                                                 : menuItem(indexPath).title;
+}
+
 void ManageViewController::didSelectRowAtIndexPath(const kit::IndexPath& indexPath)
 {
     tableView()->deselectRow(indexPath, kit::TableView::Animation::Animated);

@@ -105,6 +105,12 @@ int QueueViewController::numberOfRowsInSection(int /*section*/) const
     return rowsOrEmptyRow(m_installer.queue().size());
 }
 
+QString QueueViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    const QueueEntryPtr entry = entryAtRow(indexPath.row);
+    return entry ? entry->package()->name() : QString();
+}
+
 kit::View* QueueViewController::viewForHeaderInSection(int /*section*/)
 {
     return ClassicUI::sectionHeaderViewWithTitle(QStringLiteral("Queued Changes"), tableView()->width());

@@ -30,6 +30,7 @@ public:
     int numberOfRowsInSection(int section) const override;
     kit::View* viewForHeaderInSection(int section) override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     bool canEditRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     void commitEditingStyle(kit::EditingStyle style, const kit::IndexPath& indexPath) override;
 

@@ -72,15 +72,27 @@ kit::TableViewCell* SourcesViewController::cellForRowAtIndexPath(const kit::Inde
     return cell;
 }
 
+QString SourcesViewController::nameForRowAtIndexPath(const kit::IndexPath& indexPath) const
+{
+    const VeskRepositoryPtr source = sourceAt(indexPath);
+    return source ? source->name() : QString();
+}
+
 void SourcesViewController::showAccessory(
     kit::TableViewCell& cell, const VeskRepository& source, const kit::IndexPath& indexPath)
 {
     if (indexPath.section == ActiveSection)
         cell.setAccessoryView(enabledSwitch(source));
     else if (isAdded(source))
-        cell.setAccessoryType(kit::TableViewCell::AccessoryType::Checkmark);
+        showAdded(cell);
     else
-        cell.setAccessoryView(addButton(indexPath.row));
+        cell.setAccessoryView(addButton(source, indexPath.row));
+}
+
+void SourcesViewController::showAdded(kit::TableViewCell& cell)
+{
+    cell.setAccessoryType(kit::TableViewCell::AccessoryType::Checkmark);
+    cell.shownAccessory()->setAccessibilityLabel(QStringLiteral("added"));
 }
 
 VeskRepositoryPtr SourcesViewController::sourceAt(const kit::IndexPath& indexPath) const
@@ -107,9 +119,10 @@ kit::View* SourcesViewController::enabledSwitch(const VeskRepository& repository
     return control;
 }
 
-kit::View* SourcesViewController::addButton(int row)
+kit::View* SourcesViewController::addButton(const VeskRepository& source, int row)
 {
     kit::Button* button = ClassicUI::classicButtonWithTitle(QStringLiteral("Add"), ClassicUI::ButtonKind::Normal);
+    button->setAccessibilityLabel(QStringLiteral("Add %1").arg(source.name()));
     button->setFrame({ 0, 0, 70, 30 });
     button->setTag(row);
     button->setAction([this](kit::Button* sender) { addDefault(sender); });

@@ -35,6 +35,7 @@ public:
     int numberOfRowsInSection(int section) const override;
     kit::View* viewForHeaderInSection(int section) override;
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
     bool canEditRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     void commitEditingStyle(kit::EditingStyle style, const kit::IndexPath& indexPath) override;
@@ -45,7 +46,8 @@ private:
     bool isAdded(const VeskRepository& source) const;
     void showAccessory(kit::TableViewCell& cell, const VeskRepository& source, const kit::IndexPath& indexPath);
     kit::View* enabledSwitch(const VeskRepository& repository);
-    kit::View* addButton(int row);
+    kit::View* addButton(const VeskRepository& source, int row);
+    static void showAdded(kit::TableViewCell& cell);
     void addEnded();
 
     RepoManager& m_manager;

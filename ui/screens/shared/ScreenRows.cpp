@@ -50,3 +50,13 @@ kit::TableViewCell* ScreenRows::emptyCategoryRow(kit::TableView& table, const QS
     showOnlyText(*cell, text);
     return cell;
 }
+
+QString ScreenRows::nameOf(const VeskPackagePtr& package)
+{
+    return package ? ClassicPackageCell::nameOf(*package) : QString();
+}
+
+QString ScreenRows::nameOf(const VeskCategoryPtr& category)
+{
+    return category ? category->name() : QString();
+}

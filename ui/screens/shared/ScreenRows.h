@@ -19,4 +19,8 @@ kit::TableViewCell* emptyRow(kit::TableView& table, const QString& text);
 // The same as a "CategoryCell": a reused one keeps its count and its picture.
 kit::TableViewCell* emptyCategoryRow(kit::TableView& table, const QString& text);
 
+// What the rows of the two show in their first line, for rows that are not seen; null without a record.
+QString nameOf(const VeskPackagePtr& package);
+QString nameOf(const VeskCategoryPtr& category);
+
 } // namespace ScreenRows

@@ -369,7 +369,7 @@ TEST_F(KitWindowTest, tellsAScreenReaderWhatEachThingIs)
         ASSERT_NE(found, nullptr) << name.toStdString();
         EXPECT_EQ(found->role(), role) << name.toStdString();
     }
-    EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("Detail"));
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("Detail, 4 of 5"));
 }
 
 TEST_F(KitWindowTest, tellsAScreenReaderWhichButtonsAreDisabled)
@@ -420,7 +420,7 @@ TEST_F(KitWindowTest, tellsAScreenReaderNoMoreOfATextThanIsShown)
     grabbed();
     const QAccessibleInterface* const row = accessible(cell->textLabel()->shownText());
     ASSERT_NE(row, nullptr);
-    EXPECT_EQ(row->text(QAccessible::Description), cell->detailTextLabel()->shownText());
+    EXPECT_EQ(row->text(QAccessible::Description), cell->detailTextLabel()->shownText() + QStringLiteral(", 4 of 5"));
 }
 
 TEST_F(KitWindowTest, boundsTheTitlesOfItsBarAndTheNamesOfItsControls)

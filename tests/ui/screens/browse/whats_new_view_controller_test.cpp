@@ -1,9 +1,7 @@
 #include "ui/screens/browse/WhatsNewViewController.h"
 
 #include "tests/ui/screens/ScreenWorld.h"
-#include "ui/classic/ClassicPackageCell.h"
 #include "ui/classic/ClassicUI.h"
-#include "ui/screens/browse/PackageDetailViewController.h"
 
 namespace {
 
@@ -47,31 +45,13 @@ TEST_F(WhatsNewScreen, isTitledChangesAndHasAReloadButtonAndABlueRefreshControl)
     ASSERT_NE(screen->tableView()->refreshControl(), nullptr);
     EXPECT_EQ(screen->tableView()->refreshControl()->tintColor(), ClassicUI::veskBlueColor());
     EXPECT_FALSE(isRefreshing(screen));
-    EXPECT_EQ(table()->backgroundColor(), ClassicUI::veskBackgroundColor());
 }
 
-TEST_F(WhatsNewScreen, showsOneCentredRowWhenTheCatalogIsEmpty)
+TEST_F(WhatsNewScreen, saysThatThereAreNoChangesWhenTheCatalogIsEmpty)
 {
     show();
-    EXPECT_EQ(table()->layout().sectionCount(), 1);
-    EXPECT_EQ(table()->layout().rowCount(0), 1);
-    EXPECT_EQ(table()->layout().headerHeight(0), 25);
     EXPECT_EQ(headerText(0), QStringLiteral("RECENT UPDATES"));
-    EXPECT_EQ(text(0, 0), EmptyText);
-    EXPECT_EQ(cell(0, 0)->reuseIdentifier(), QStringLiteral("EmptyCell"));
-    EXPECT_EQ(cell(0, 0)->style(), kit::TableViewCell::Style::Default);
-    EXPECT_EQ(cell(0, 0)->textLabel()->textAlignment(), Qt::AlignHCenter);
-    EXPECT_EQ(cell(0, 0)->accessoryType(), kit::TableViewCell::AccessoryType::None);
-    EXPECT_EQ(cell(0, 0)->accessoryView(), nullptr);
-}
-
-TEST_F(WhatsNewScreen, onlyDeselectsTheEmptyRowWhenItIsTapped)
-{
-    show();
-    table()->tapRow(0, 0);
-    EXPECT_TRUE(isFadingOut(cell(0, 0)));
-    EXPECT_EQ(stackSize(), 1U);
-    EXPECT_TRUE(window.alerts().isEmpty());
+    EXPECT_EQ(texts(0), QStringList(EmptyText));
 }
 
 TEST_F(WhatsNewScreen, listsEveryPackageByNameWithoutRegardToCase)
@@ -94,42 +74,6 @@ TEST_F(WhatsNewScreen, hasNoCap)
         addPackage(QStringLiteral("Package %1").arg(number));
     show();
     EXPECT_EQ(table()->layout().rowCount(0), 500);
-}
-
-TEST_F(WhatsNewScreen, showsPackagesInPackageCellsOfAlternatingBackgrounds)
-{
-    addPackage(QStringLiteral("One"));
-    addPackage(QStringLiteral("Two"));
-    show();
-    ASSERT_NE(qobject_cast<ClassicPackageCell*>(cell(0, 0)), nullptr);
-    EXPECT_EQ(cell(0, 0)->reuseIdentifier(), QStringLiteral("PackageCell"));
-    EXPECT_EQ(cell(0, 0)->style(), kit::TableViewCell::Style::Subtitle);
-    const auto background
-        = [this](int row) { return qobject_cast<kit::ImageView*>(cell(0, row)->backgroundView())->image(); };
-    EXPECT_EQ(background(0), ClassicUI::stretchableAsset(QStringLiteral("cellback1"), { 0, 12, 0, 12 }));
-    EXPECT_EQ(background(1), ClassicUI::stretchableAsset(QStringLiteral("cellback2"), { 0, 12, 0, 12 }));
-}
-
-TEST_F(WhatsNewScreen, pushesTheTappedPackageAndDeselectsItsRow)
-{
-    addPackage(QStringLiteral("Zebra"));
-    const VeskPackagePtr apple = addPackage(QStringLiteral("Apple"));
-    show();
-    kit::TableView* list = table();
-    EXPECT_TRUE(isPushedAnimated([&] { list->tapRow(0, 0); }));
-    EXPECT_TRUE(isFadingOut(list->cellForRow({ 0, 0 })));
-    ASSERT_NE(top<PackageDetailViewController>(), nullptr);
-    EXPECT_EQ(top<PackageDetailViewController>()->package(), apple);
-}
-
-TEST_F(WhatsNewScreen, readsTheCatalogAtEveryAppearanceAndNotInBetween)
-{
-    show();
-    addPackage(QStringLiteral("Late"));
-    table()->setContentOffset(1);
-    EXPECT_EQ(text(0, 0), EmptyText);
-    appearAgain();
-    EXPECT_EQ(texts(0), QStringList(QStringLiteral("Late")));
 }
 
 TEST_F(WhatsNewScreen, spinsWithItsButtonDisabledUntilTheRefreshHasEnded)

@@ -1,0 +1,179 @@
+// What a screen reader gets of the parts of a window: what it can ask of each, and what it can do with it.
+#include "tests/ui/kit/window/KitWindowTest.h"
+
+namespace {
+
+class Speech : public KitWindowTest
+{
+protected:
+    Speech() { grabbed(); }
+
+    kit::TableView& table() const { return *one->tableView(); }
+    static QStringList actions(QAccessibleInterface* interface) { return interface->actionInterface()->actionNames(); }
+    static void act(QAccessibleInterface* interface, const QString& action)
+    {
+        interface->actionInterface()->doAction(action);
+        QCoreApplication::processEvents();
+    }
+    // The names of what stands in a thing, in the order in which it is met.
+    static QStringList namesIn(QAccessibleInterface* interface)
+    {
+        QStringList names;
+        for (int index = 0; index < interface->childCount(); ++index)
+            names.append(interface->child(index)->text(QAccessible::Name));
+        return names;
+    }
+    // The field of an alert that asks for an address, with a text in it.
+    QAccessibleInterface* openField(const QString& text)
+    {
+        kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+        alert->addTextField()->setPlaceholder(QStringLiteral("Address"));
+        alert->addAction(QStringLiteral("Add"), kit::AlertAction::Style::Default);
+        one->present(alert);
+        grabbed();
+        QAccessibleInterface* const field = accessible(QStringLiteral("Address"));
+        field->setText(QAccessible::Value, text);
+        return field;
+    }
+    static QString written(QAccessibleInterface* field) { return field->text(QAccessible::Value); }
+};
+
+} // namespace
+
+TEST_F(Speech, meetsTheListsPartsFromTopToBottom)
+{
+    QAccessibleInterface* const list = accessible(QStringLiteral("Row 0.0"))->parent();
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(namesIn(list).mid(0, 5),
+        (QStringList{ QStringLiteral("Welcome"), QStringLiteral("Section 0"), QStringLiteral("Row 0.0"),
+            QStringLiteral("Row 0.1"), QStringLiteral("Row 0.2") }));
+    for (int index = 0; index < list->childCount(); ++index) {
+        EXPECT_EQ(list->indexOfChild(list->child(index)), index);
+        EXPECT_EQ(list->child(index)->parent(), list);
+    }
+    EXPECT_EQ(list->child(list->childCount()), nullptr);
+    EXPECT_EQ(list->indexOfChild(list), -1);
+}
+
+TEST_F(Speech, meetsAControlOfARowWithinTheRow)
+{
+    QAccessibleInterface* const row = accessible(QStringLiteral("Row 0.1"));
+    EXPECT_EQ(namesIn(row), QStringList(QStringLiteral("Press")));
+    EXPECT_EQ(row->child(0)->parent(), row);
+    EXPECT_TRUE(row->rect().contains(row->child(0)->rect()));
+}
+
+TEST_F(Speech, offersDeletionOnlyWhereARowCanBeDeleted)
+{
+    EXPECT_TRUE(actions(accessible(QStringLiteral("Row 0.1"))).contains(QStringLiteral("Delete")));
+    EXPECT_FALSE(actions(accessible(QStringLiteral("Row 1.0"))).contains(QStringLiteral("Delete")));
+    act(accessible(QStringLiteral("Row 1.0")), QStringLiteral("Delete"));
+    EXPECT_EQ(one->firstSectionRows, 5);
+    act(accessible(QStringLiteral("Row 0.1")), QStringLiteral("Delete"));
+    EXPECT_EQ(one->firstSectionRows, 4);
+}
+
+TEST_F(Speech, givesTheKeyboardToARow)
+{
+    act(accessible(QStringLiteral("Row 0.2")), QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(table().rowFocus()->row(), 2);
+    EXPECT_TRUE(accessible(QStringLiteral("Row 0.2"))->state().focused);
+    press(Qt::Key_Down);
+    EXPECT_EQ(table().rowFocus()->row(), 3);
+}
+
+TEST_F(Speech, tellsTheCheckmarkOfARow)
+{
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.2"))->text(QAccessible::Description),
+        QStringLiteral("Detail, checked, 3 of 5"));
+}
+
+TEST_F(Speech, tellsThePlacesAnewWhenARowIsGone)
+{
+    --one->firstSectionRows;
+    table().deleteRow({ 0, 0 }, kit::TableView::Animation::None);
+    EXPECT_TRUE(accessible(QStringLiteral("Row 0.4"))->text(QAccessible::Description).endsWith(u"4 of 4"));
+}
+
+TEST_F(Speech, findsNothingAndDoesNothingBehindAnAlert)
+{
+    QAccessibleInterface* const row = accessible(QStringLiteral("Row 0.2"));
+    openField({});
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.2")), nullptr);
+    EXPECT_TRUE(actions(row).isEmpty());
+    act(row, QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(stack(0)->canGoBack());
+    EXPECT_TRUE(row->state().disabled);
+}
+
+TEST_F(Speech, readsAFieldByItsLetters)
+{
+    QAccessibleInterface* const field = openField(QStringLiteral("http://one"));
+    QAccessibleTextInterface* const text = field->textInterface();
+    EXPECT_EQ(text->characterCount(), 10);
+    EXPECT_EQ(text->text(7, 10), QStringLiteral("one"));
+    EXPECT_TRUE(field->rect().contains(text->characterRect(3).center()));
+    EXPECT_EQ(text->offsetAtPoint(text->characterRect(3).center() + QPoint(2, 0)), 3);
+    EXPECT_EQ(text->offsetAtPoint(field->rect().topLeft() - QPoint(50, 50)), -1);
+    int begin = -1;
+    int end = -1;
+    text->attributes(4, &begin, &end);
+    EXPECT_EQ(begin, 0);
+    EXPECT_EQ(end, 10);
+}
+
+TEST_F(Speech, movesInAFieldAndSelects)
+{
+    QAccessibleTextInterface* const text = openField(QStringLiteral("http://one"))->textInterface();
+    text->setCursorPosition(4);
+    EXPECT_EQ(text->cursorPosition(), 4);
+    EXPECT_EQ(text->selectionCount(), 0);
+    text->addSelection(7, 10);
+    int begin = 0;
+    int end = 0;
+    text->selection(0, &begin, &end);
+    EXPECT_EQ(text->selectionCount(), 1);
+    EXPECT_EQ(begin, 7);
+    EXPECT_EQ(end, 10);
+    text->removeSelection(0);
+    EXPECT_EQ(text->selectionCount(), 0);
+}
+
+TEST_F(Speech, writesIntoAFieldByParts)
+{
+    QAccessibleInterface* const field = openField(QStringLiteral("http://one"));
+    QAccessibleEditableTextInterface* const text = field->editableTextInterface();
+    ASSERT_NE(text, nullptr);
+    text->replaceText(7, 10, QStringLiteral("two"));
+    EXPECT_EQ(written(field), QStringLiteral("http://two"));
+    text->insertText(4, QStringLiteral("s"));
+    text->deleteText(8, 11);
+    EXPECT_EQ(written(field), QStringLiteral("https://"));
+    EXPECT_TRUE(field->state().editable);
+}
+
+TEST_F(Speech, writesNothingIntoAFieldThatIsOutOfReach)
+{
+    press(Qt::Key_2, Qt::ControlModifier);
+    grabbed();
+    QAccessibleInterface* const field = accessible(QStringLiteral("Find"));
+    ASSERT_NE(field, nullptr);
+    openField({});
+    field->setText(QAccessible::Value, QStringLiteral("one"));
+    field->editableTextInterface()->insertText(0, QStringLiteral("two"));
+    EXPECT_EQ(written(field), QString());
+    EXPECT_TRUE(actions(field).isEmpty());
+}
+
+TEST_F(Speech, findsADialogModalAndARunningRefreshBusy)
+{
+    EXPECT_EQ(accessible(QStringLiteral("Refreshing")), nullptr);
+    table().refreshControl()->beginRefreshing();
+    ASSERT_TRUE(waitUntil([this] { return accessible(QStringLiteral("Refreshing")) != nullptr; }));
+    EXPECT_TRUE(accessible(QStringLiteral("Refreshing"))->state().busy);
+    table().refreshControl()->endRefreshing();
+    EXPECT_EQ(accessible(QStringLiteral("Refreshing")), nullptr);
+    QAccessibleInterface* const dialog = openField({})->parent();
+    EXPECT_EQ(dialog->role(), QAccessible::Dialog);
+    EXPECT_TRUE(dialog->state().modal);
+}
