@@ -143,6 +143,9 @@ FocusScope {
             opacity: cancel.down ? 0.5 : 1
         }
     }
+    Component.onCompleted: if (searchBar)
+        input.text = searchBar.text
+
     Connections {
         function onTextChanged() {
             if (input.text !== root.searchBar.text)

@@ -2,9 +2,7 @@
 
 #include "actions/SignalDispositions.h"
 #include "resources/VeskResources.h"
-#include "ui/kit/paint/TextScale.h"
 #include "ui/screens/shell/AppDelegate.h"
-#include "ui/screens/shell/DesktopTextScale.h"
 #include "ui/screens/shell/DisplayFailure.h"
 
 #include <QGuiApplication>
@@ -24,9 +22,10 @@ int applicationMain(int argc, char** argv)
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vesk.Vesk")));
 
     initialiseResources();
-    kit::TextScale::set(desktopTextScale(QGuiApplication::platformName()));
 
+    DesktopPreferences preferences(QGuiApplication::platformName());
     AppDelegate delegate;
+    delegate.follow(preferences);
     delegate.didFinishLaunchingWithOptions();
     return QGuiApplication::exec();
 }
