@@ -46,6 +46,12 @@ class KitLook : public QObject
     Q_PROPERTY(QString cancelTitle MEMBER m_cancelTitle CONSTANT)
     Q_PROPERTY(QString clearTitle MEMBER m_clearTitle CONSTANT)
     Q_PROPERTY(QString backTitle MEMBER m_backTitle CONSTANT)
+    Q_PROPERTY(QString refreshingTitle MEMBER m_refreshingTitle CONSTANT)
+    Q_PROPERTY(QString selectTitle MEMBER m_selectTitle CONSTANT)
+    Q_PROPERTY(QString selectAllTitle MEMBER m_selectAllTitle CONSTANT)
+    Q_PROPERTY(QString cutTitle MEMBER m_cutTitle CONSTANT)
+    Q_PROPERTY(QString copyTitle MEMBER m_copyTitle CONSTANT)
+    Q_PROPERTY(QString pasteTitle MEMBER m_pasteTitle CONSTANT)
 
 public:
     // The text scale, for what tells its own sizes.
@@ -87,6 +93,12 @@ private:
     QString m_cancelTitle = QStringLiteral("Cancel");
     QString m_clearTitle = QStringLiteral("Clear text");
     QString m_backTitle = QStringLiteral("Back");
+    QString m_refreshingTitle = QStringLiteral("Refreshing");
+    QString m_selectTitle = QStringLiteral("Select");
+    QString m_selectAllTitle = QStringLiteral("Select All");
+    QString m_cutTitle = QStringLiteral("Cut");
+    QString m_copyTitle = QStringLiteral("Copy");
+    QString m_pasteTitle = QStringLiteral("Paste");
 };
 
 } // namespace kit

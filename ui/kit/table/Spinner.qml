@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import ui.kit
 
 // Twelve spokes. Drawn up to a fraction while it is pulled out, turning while it runs.
 Item {
@@ -15,6 +16,7 @@ Item {
     implicitHeight: 24
 
     Accessible.role: Accessible.Indicator
+    Accessible.name: KitLook.refreshingTitle
     Accessible.ignored: !running
 
     NumberAnimation on phase {
