@@ -70,7 +70,7 @@ Item {
             radius: 7
             color: KitLook.highlight
             opacity: area.down ? 1 : 0.4
-            visible: area.down
+            visible: area.down || area.hovered
         }
         KitText {
             id: label

@@ -95,7 +95,7 @@ FocusScope {
             image: GlyphImages.clear
             tint: KitLook.fieldPlaceholder
             visible: input.text.length > 0
-            opacity: clearArea.down ? 0.5 : 1
+            opacity: clearArea.down ? 0.5 : clearArea.hovered ? 0.8 : 1
 
             Accessible.role: Accessible.Button
             Accessible.name: KitLook.clearTitle
@@ -135,7 +135,7 @@ FocusScope {
             text: KitLook.cancelTitle
             font: KitLook.barFont(15, Font.Normal)
             color: root.tint
-            opacity: cancel.down ? 0.5 : 1
+            opacity: cancel.down ? 0.5 : cancel.hovered ? 0.8 : 1
         }
     }
     Component.onCompleted: if (searchBar)

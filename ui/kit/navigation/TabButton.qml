@@ -33,7 +33,7 @@ Pressable {
         height: root.symbolSize
         mode: ImageItem.AspectFit
         image: root.item.image
-        opacity: root.down ? 0.5 : 1
+        opacity: root.down ? 0.5 : root.hovered ? 0.8 : 1
         tint: root.selected ? root.bar.selectedIconColor : root.bar.iconColor
     }
     KitText {
@@ -47,6 +47,6 @@ Pressable {
         standardSize: root.bar.standardTitleSize
         color: root.selected ? root.bar.selectedTitleColor : root.bar.titleColor
         sunken: false
-        opacity: root.down ? 0.5 : 1
+        opacity: root.down ? 0.5 : root.hovered ? 0.8 : 1
     }
 }

@@ -48,6 +48,8 @@ Item {
     }
 
     PressArea {
+        id: press
+
         anchors.fill: parent
         enabled: !root.view.hidden
         canBeDrawn: true
@@ -82,7 +84,7 @@ Item {
         }
         ViewSlot {
             view: root.view.selectedBackgroundView
-            opacity: root.view.highlighted ? 1 : 0
+            opacity: root.view.highlighted ? 1 : press.hovered && !root.view.hidden ? 0.3 : 0
             visible: opacity > 0
 
             Behavior on opacity {
@@ -154,7 +156,7 @@ Item {
             text: KitLook.deleteTitle
             color: KitLook.panelText
             font: KitLook.barFont(15, Font.Bold)
-            opacity: deleteArea.down ? 0.5 : 1
+            opacity: deleteArea.down ? 0.5 : deleteArea.hovered ? 0.8 : 1
         }
         PressArea {
             id: deleteArea

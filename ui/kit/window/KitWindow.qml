@@ -41,6 +41,10 @@ Window {
             onTapped: root.controller.goBack()
         }
     }
+    PointerWatch {
+        onMouseMoved: KeyboardFocus.hovering = true
+        onTouched: KeyboardFocus.hovering = false
+    }
     TabOrder {
         onMoving: KeyboardFocus.shown = true
     }
