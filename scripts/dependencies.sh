@@ -15,7 +15,8 @@ window_packages=(
 run_packages=("${build_packages[@]}" "${window_packages[@]}")
 # shellcheck disable=SC2034  # the lists are for the scripts that source this file
 test_packages=(
-  "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils libclang-rt-14-dev libssl-dev openssl xdotool xvfb
+  "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils libclang-rt-14-dev libegl1 libgl1-mesa-dri libssl-dev
+  openssl weston xdotool xvfb
 )
 # shellcheck disable=SC2034
 lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils shellcheck)
