@@ -6,7 +6,8 @@
 #include "ui/kit/view/Label.h"
 #include "ui/screens/browse/PackageDetailViewController.h"
 
-#include <QCoreApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QTest>
 
@@ -130,6 +131,16 @@ void Gallery::press(Qt::Key key, int times)
     settle();
     for (int time = 0; time < times; ++time)
         QTest::keyClick(&quickWindow(), key);
+}
+
+void Gallery::clickRightIntoField(const QString& clipboard)
+{
+    settle();
+    QGuiApplication::clipboard()->setText(clipboard);
+    const QQuickItem& field = *quickWindow().activeFocusItem();
+    const QPointF place = field.mapToScene({ 20, field.height() / 2 });
+    QTest::mouseClick(&quickWindow(), Qt::RightButton, Qt::NoModifier, place.toPoint());
+    turnLoop();
 }
 
 // MARK: looking

@@ -50,6 +50,8 @@ protected:
     void scrollTo(double offset);
     void scrollToEnd();
     void press(Qt::Key key, int times = 1);
+    // With the other button of the mouse, on the field that has the keyboard.
+    void clickRightIntoField(const QString& clipboard);
 
     // Compares what shows with the golden picture of that name.
     void expectPicture(const QString& name);

@@ -6,11 +6,12 @@
 #include <QStringList>
 
 // The pictures of one suite that were looked at and kept, and the comparison of what is drawn now with them.
+// Another renderer's pictures only have to resemble them: glyphs and edges fall a little differently on the pixels.
 // A picture that differs is written to the directory of actual ones, with a picture of the difference beside it.
 class GoldenPictures
 {
 public:
-    enum class Purpose { Compare, Renew };
+    enum class Purpose { Compare, Renew, Resemble };
 
     GoldenPictures(const QString& suite, Purpose purpose);
 
@@ -20,6 +21,7 @@ public:
     QStringList leftOver();
 
 private:
+    bool isGoodEnough(const QImage& golden, const QImage& actual) const;
     void renew(const QString& file, const QImage& golden, const QImage& actual);
     QString report(const QString& file, const QImage& golden, const QImage& actual) const;
 

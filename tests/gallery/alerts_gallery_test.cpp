@@ -36,6 +36,17 @@ TEST_F(AtScale1, addSourceAlertWithAText)
     expectPicture(QStringLiteral("alert-add-source-typed"));
 }
 
+TEST_F(AtScale1, whatCanBeDoneWithTheFieldOfAnAlert)
+{
+    fillCatalog();
+    open(Tab::Manage, Low);
+    tap(0, 0);
+    screen().navigationItem()->rightBarButtonItem()->press();
+    turnLoop();
+    clickRightIntoField(QStringLiteral("http://127.0.0.1/shelf"));
+    expectPicture(QStringLiteral("alert-edit-menu"));
+}
+
 TEST_F(AtScale1, queuedAlert)
 {
     fillCatalog();

@@ -1,7 +1,11 @@
 // Draws the window on one device in every state and compares each picture with the golden one.
 //
 // usage: vesk-gallery SUITE [--renew] [--gtest_filter=...]
+//        vesk-gallery SUITE --resemble PLATFORM RENDERER --gtest_filter=...
+//
 //        --renew writes the golden pictures instead, and prints which changed
+//        --resemble draws on a platform of Qt by "software" or "opengl"; its pictures need not be the golden ones to
+//        the last pixel
 #include "resources/VeskResources.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/gallery/GoldenPictures.h"
@@ -100,6 +104,26 @@ const Device* deviceOf(int argc, char** argv)
     return found == devices.end() ? nullptr : found;
 }
 
+// What the arguments after the suite ask for.
+struct Run
+{
+    GoldenPictures::Purpose purpose = GoldenPictures::Purpose::Compare;
+    // Of Qt; empty for the one without a display.
+    QByteArray platform;
+    QSGRendererInterface::GraphicsApi renderer = QSGRendererInterface::Software;
+};
+
+Run runFor(int argc, char** argv)
+{
+    if (argc == 3 && qstrcmp(argv[2], "--renew") == 0)
+        return { GoldenPictures::Purpose::Renew, {}, QSGRendererInterface::Software };
+    if (argc < 5 || qstrcmp(argv[2], "--resemble") != 0)
+        return {};
+    const bool isOpenGL = qstrcmp(argv[4], "opengl") == 0;
+    return { GoldenPictures::Purpose::Resemble, argv[3],
+        isOpenGL ? QSGRendererInterface::OpenGL : QSGRendererInterface::Software };
+}
+
 // All of the suite, unless the caller chose; then the pictures of the others stay unjudged.
 void chooseTests(const Device& device, GoldenPictures& pictures)
 {
@@ -119,20 +143,20 @@ int main(int argc, char** argv)
         QTextStream(stderr) << "usage: vesk-gallery SUITE [--renew] [--gtest_filter=...]" << Qt::endl;
         return UsageError;
     }
-    const bool renews = argc > 2 && qstrcmp(argv[2], "--renew") == 0;
+    const Run run = runFor(argc, argv);
     const QTemporaryDir scratch;
     forgetPreferences();
     qputenv("QT_SCALE_FACTOR", device->scale);
-    qputenv("QT_QPA_PLATFORM", platformWithScreen(device->screen, scratch));
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    qputenv("QT_QPA_PLATFORM", run.platform.isEmpty() ? platformWithScreen(device->screen, scratch) : run.platform);
+    qputenv("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
+    QQuickWindow::setGraphicsApi(run.renderer);
     QGuiApplication application(argc, argv);
     QGuiApplication::styleHints()->setCursorFlashTime(0);
     kit::Animations::setEnabled(false);
     kit::TextScale::set(device->textScale);
     initialiseResources();
 
-    GoldenPictures pictures(
-        QString::fromLatin1(device->suite), renews ? GoldenPictures::Purpose::Renew : GoldenPictures::Purpose::Compare);
+    GoldenPictures pictures(QString::fromLatin1(device->suite), run.purpose);
     Gallery::setPictures(pictures);
     chooseTests(*device, pictures);
     return RUN_ALL_TESTS();

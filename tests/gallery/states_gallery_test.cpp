@@ -85,6 +85,17 @@ TEST_F(AtScale1, searchInUse)
     expectPicture(QStringLiteral("search-in-use"));
 }
 
+TEST_F(AtScale1, whatCanBeDoneWithTheSearchField)
+{
+    fillCatalog();
+    open(Tab::Search, Low);
+    searchBarOf(screen()).setActive(true);
+    searchBarOf(screen()).setText(QStringLiteral("theme"));
+    turnLoop();
+    clickRightIntoField(QStringLiteral("shelf"));
+    expectPicture(QStringLiteral("search-edit-menu"));
+}
+
 TEST_F(AtScale1, searchWithResults)
 {
     fillCatalog();

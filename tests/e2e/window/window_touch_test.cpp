@@ -26,6 +26,15 @@ protected:
         const QQuickItem* item = touch->itemFor(table().headerView(section));
         return item ? item->mapToScene({ 0, 0 }).y() : -1;
     }
+    // Sets the list moving a little and stops it again by a touch on the row; false where that is out of sight.
+    bool stopUnderAFinger(const kit::IndexPath& row)
+    {
+        const double before = table().contentOffset();
+        touch->flick(LowInTheList, LowInTheList + QPointF(0, -60));
+        const QPointF place = touch->centreOfRow(row);
+        touch->tap(place);
+        return place.x() >= 0 && table().contentOffset() != before && touch->settle();
+    }
     double topOfTable() const { return table().frame().top(); }
     // How much of the table's height below its pinned header holds dark writing, from 0 to 1.
     double writtenPart() const
@@ -145,6 +154,39 @@ TEST_F(Finger, opensNothingByATouchThatStopsTheList)
     touch->tap(LowInTheList);
     ASSERT_TRUE(touch->settle());
     EXPECT_EQ(touch->stack().viewControllers().size(), 2U);
+}
+
+TEST_F(Finger, queuesNothingByATouchThatStopsTheActionsOfAPackage)
+{
+    addInstalledPackage(QStringLiteral("Alpha"), QStringLiteral("1.0"), QStringLiteral("1.0"))
+        ->setDesc(linesOfText(60));
+    open();
+    ASSERT_TRUE(touch->tapRow({ 0, 0 }));
+    ASSERT_TRUE(reaches(QStringLiteral("Alpha")));
+    const kit::IndexPath uninstall{ 3, 1 };
+    ASSERT_TRUE(touch->scrollToRow(uninstall));
+    ASSERT_TRUE(stopUnderAFinger(uninstall));
+    EXPECT_TRUE(installer->queue().empty());
+    EXPECT_EQ(alert(), nullptr);
+    ASSERT_TRUE(touch->tapRow(uninstall));
+    EXPECT_EQ(installer->queue().size(), 1U);
+}
+
+TEST_F(Finger, handsNoSourceOverByATouchThatStopsTheSources)
+{
+    addPackages(1);
+    for (int number = 1; number <= 30; ++number)
+        manager->repositories().push_back(VeskRepository::repositoryWithURLString(
+            QStringLiteral("http://127.0.0.1/%1").arg(number), QStringLiteral("Source %1").arg(number)));
+    open();
+    ASSERT_TRUE(touch->tapTab(QStringLiteral("Manage")));
+    ASSERT_TRUE(touch->tapRow({ 0, 0 }));
+    ASSERT_TRUE(reaches(QStringLiteral("Sources")));
+    const kit::IndexPath source{ 0, 6 };
+    ASSERT_TRUE(stopUnderAFinger(source));
+    EXPECT_TRUE(opener.openedURLs().isEmpty());
+    ASSERT_TRUE(touch->tapRow(source));
+    EXPECT_EQ(opener.openedURLs().size(), 1);
 }
 
 TEST_F(Finger, pinsTheHeaderUntilTheNextOnePushesItUp)

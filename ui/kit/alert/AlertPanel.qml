@@ -172,23 +172,17 @@ SpokenScope {
                             font: input.font
                             sunken: false
                         }
-                        TextInput {
+                        FieldInput {
                             id: input
 
                             anchors.fill: parent
                             anchors.leftMargin: 10
                             anchors.rightMargin: 10
-                            clip: true
                             focus: box.index === 0
-                            activeFocusOnTab: true
-                            verticalAlignment: Text.AlignVCenter
                             font: KitLook.font(15, Font.Normal)
-                            color: KitLook.fieldText
-                            selectByMouse: true
                             selectionColor: KitLook.focus
                             inputMethodHints: box.modelData.inputHints
                             text: box.modelData.text
-                            renderType: Text.NativeRendering
 
                             Accessible.role: Accessible.EditableText
                             Accessible.name: box.modelData.placeholder

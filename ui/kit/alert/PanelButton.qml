@@ -27,6 +27,13 @@ Pressable {
         lower: root.look === PanelButton.Destructive ? KitLook.destructiveBottom : root.look === PanelButton.Cancel ? KitLook.cancelBottom : KitLook.buttonBottom
 
         Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: KitLook.highlight
+            opacity: 0.4
+            visible: root.hovered && !root.down
+        }
+        Rectangle {
             x: 4
             y: 1
             width: parent.width - 8

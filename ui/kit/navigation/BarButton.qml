@@ -38,7 +38,7 @@ Pressable {
         height: parent.height
         spacing: 2
         // Not while the whole window is out of reach behind an alert.
-        opacity: root.item !== null && !root.item.enabled ? 0.4 : root.down ? 0.5 : 1
+        opacity: root.item !== null && !root.item.enabled ? 0.4 : root.down ? 0.5 : root.hovered ? 0.8 : 1
 
         ImageItem {
             id: picture

@@ -15,6 +15,11 @@ Loader {
             });
     }
 
+    function loadAnew() {
+        source = "";
+        load();
+    }
+
     onWantedChanged: load()
     Component.onCompleted: load()
 }

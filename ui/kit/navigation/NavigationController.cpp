@@ -273,4 +273,10 @@ void NavigationController::viewDidDisappear()
     m_visible = false;
 }
 
+void NavigationController::takeTextScale()
+{
+    for (ViewController* screen : m_stack)
+        screen->takeTextScale();
+}
+
 } // namespace kit

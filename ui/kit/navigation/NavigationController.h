@@ -33,14 +33,17 @@ public:
 
     using QObject::QObject;
 
-    bool isTranslucent() const { return m_translucent; }
-    void setTranslucent(bool translucent) { m_translucent = translucent; }
-    BarStyle barStyle() const { return m_barStyle; }
-    void setBarStyle(BarStyle style) { m_barStyle = style; }
     const Color& tintColor() const { return m_tintColor; }
     void setTintColor(const Color& color);
     const BarAppearance& standardAppearance() const { return m_standardAppearance; }
     void setStandardAppearance(const BarAppearance& appearance);
+
+    // Recorded only: the bar is opaque and the screens end at it, so nothing shows through; the clock above it is the
+    // desktop's; and its look does not change with what scrolls.
+    bool isTranslucent() const { return m_translucent; }
+    void setTranslucent(bool translucent) { m_translucent = translucent; }
+    BarStyle barStyle() const { return m_barStyle; }
+    void setBarStyle(BarStyle style) { m_barStyle = style; }
     const BarAppearance& scrollEdgeAppearance() const { return m_scrollEdgeAppearance; }
     void setScrollEdgeAppearance(const BarAppearance& appearance) { m_scrollEdgeAppearance = appearance; }
 
@@ -50,7 +53,7 @@ public:
     QColor shadowColor() const { return m_standardAppearance.shadowColor.toQColor(); }
     QColor titleColor() const { return m_standardAppearance.titleTextAttributes.foregroundColor.toQColor(); }
     QFont titleFont() const { return Font::fittedToBar(m_standardAppearance.titleTextAttributes.font); }
-    int standardTitleSize() const { return Font::standardSize(m_standardAppearance.titleTextAttributes.font); }
+    int standardTitleSize() const { return m_standardAppearance.titleTextAttributes.font.pixelSize(); }
 
 Q_SIGNALS:
     void barChanged();
@@ -101,6 +104,7 @@ public:
     void viewDidAppear() override;
     void viewWillDisappear() override;
     void viewDidDisappear() override;
+    void takeTextScale() override;
     QString component() const override { return QStringLiteral("NavigationPage"); }
 
     // The transition between two screens, 0 to 1; 1 while there is none.

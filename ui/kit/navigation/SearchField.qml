@@ -53,22 +53,16 @@ FocusScope {
             font: input.font
             sunken: false
         }
-        TextInput {
+        FieldInput {
             id: input
 
             x: 32
             width: parent.width - 64
             height: parent.height
             focus: true
-            clip: true
-            activeFocusOnTab: true
-            verticalAlignment: Text.AlignVCenter
             font: KitLook.barFont(15, Font.Normal)
-            color: KitLook.fieldText
             selectionColor: root.fieldTint
-            selectByMouse: true
             inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
-            renderType: Text.NativeRendering
             cursorDelegate: TextCursor {
                 color: root.fieldTint
                 field: input
@@ -83,7 +77,8 @@ FocusScope {
             onActiveFocusChanged: if (root.searchBar && activeFocus)
                 root.searchBar.active = true
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
-            Keys.onEscapePressed: root.searchBar.cancel()
+            Keys.onEscapePressed: if (!input.closeMenu())
+                root.searchBar.cancel()
             Keys.onDownPressed: root.leftForResults(1)
             Keys.onReturnPressed: root.leftForResults(0)
             Keys.onEnterPressed: root.leftForResults(0)
@@ -112,7 +107,7 @@ FocusScope {
                 mode: ImageItem.AspectFit
                 image: GlyphImages.clear
                 tint: KitLook.fieldPlaceholder
-                opacity: clear.down ? 0.5 : 1
+                opacity: clear.down ? 0.5 : clear.hovered ? 0.8 : 1
             }
         }
     }
@@ -137,9 +132,12 @@ FocusScope {
             text: KitLook.cancelTitle
             font: KitLook.barFont(15, Font.Normal)
             color: root.tint
-            opacity: cancel.down ? 0.5 : 1
+            opacity: cancel.down ? 0.5 : cancel.hovered ? 0.8 : 1
         }
     }
+    Component.onCompleted: if (searchBar)
+        input.text = searchBar.text
+
     Connections {
         function onTextChanged() {
             if (input.text !== root.searchBar.text)

@@ -6,10 +6,48 @@
 
 namespace kit {
 
+namespace {
+
+// Of a window with room for titles beside the symbols, and of one without room to spare above and below each other.
+constexpr double InlineWidth = 600;
+constexpr double CompactInlineWidth = 480;
+constexpr double CompactHeight = 480;
+
+TabBar::Layout layoutFor(const QSizeF& window)
+{
+    if (window.height() < CompactHeight && window.width() >= CompactInlineWidth)
+        return TabBar::Layout::CompactInline;
+    return window.width() >= InlineWidth ? TabBar::Layout::Inline : TabBar::Layout::Stacked;
+}
+
+} // namespace
+
 void TabBar::setStandardAppearance(const TabBarAppearance& appearance)
 {
     m_standardAppearance = appearance;
     Q_EMIT barChanged();
+}
+
+void TabBar::fitInto(const QSizeF& window)
+{
+    const Layout layout = layoutFor(window);
+    if (layout == m_layout)
+        return;
+    m_layout = layout;
+    Q_EMIT barChanged();
+}
+
+const TabItemAppearance& TabBar::items() const
+{
+    switch (m_layout) {
+    case Layout::Inline:
+        return m_standardAppearance.inlineLayoutAppearance;
+    case Layout::CompactInline:
+        return m_standardAppearance.compactInlineLayoutAppearance;
+    case Layout::Stacked:
+        break;
+    }
+    return m_standardAppearance.stackedLayoutAppearance;
 }
 
 TabBarController::TabBarController(QObject* parent)
@@ -75,6 +113,14 @@ void TabBarController::setSelectedIndex(int index)
         coming->endAppearance();
 }
 
+void TabBarController::setCoveredBelow(double height)
+{
+    m_coveredBelow = height;
+    Q_EMIT heightBelowChanged();
+    if (ViewController* selected = selectedViewController())
+        selected->layOut(contentFrame());
+}
+
 void TabBarController::tapTab(int index)
 {
     auto* const stack = qobject_cast<NavigationController*>(selectedViewController());
@@ -128,14 +174,21 @@ void TabBarController::viewDidDisappear()
 
 void TabBarController::viewDidLayoutSubviews()
 {
+    m_tabBar.fitInto(view()->frame().size());
     if (ViewController* selected = selectedViewController())
         selected->layOut(contentFrame());
+}
+
+void TabBarController::takeTextScale()
+{
+    for (ViewController* controller : m_viewControllers)
+        controller->takeTextScale();
 }
 
 QRectF TabBarController::contentFrame()
 {
     const QSizeF size = view()->frame().size();
-    return { 0, 0, size.width(), std::max(0.0, size.height() - TabBar::Height) };
+    return { 0, 0, size.width(), std::max(0.0, size.height() - heightBelow()) };
 }
 
 } // namespace kit

@@ -23,7 +23,7 @@ FocusScope {
             readonly property bool selected: index === root.controller.selectedIndex
 
             width: root.width
-            height: root.height - root.barHeight
+            height: root.height - root.controller.heightBelow
             visible: selected
             focus: selected
 

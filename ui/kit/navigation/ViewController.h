@@ -63,6 +63,9 @@ public:
     // Escape is for what the screen has open, before it leads back. False if there is nothing.
     virtual bool closeWhatIsOpen() { return false; }
 
+    // What a person prefers has changed: takes the sizes that follow from the text scale anew.
+    virtual void takeTextScale() { }
+
     // Gives the view its frame and tells the screen.
     void layOut(const QRectF& frame);
     // Appearing in steps, each at most once in a row.

@@ -11,7 +11,7 @@ namespace {
 QFont interfaceFont(double size, QFont::Weight weight)
 {
     QFont font(QStringLiteral("Inter"));
-    font.setPixelSize(TextScale::fontSize(static_cast<int>(size)));
+    font.setPixelSize(static_cast<int>(size));
     font.setWeight(weight);
     return font;
 }
@@ -41,15 +41,17 @@ QFont Font::boldSystemFont(double size)
     return interfaceFont(size, QFont::Bold);
 }
 
-int Font::standardSize(const QFont& font)
+QFont Font::enlarged(const QFont& font)
 {
-    return TextScale::standardFontSize(font.pixelSize());
+    QFont enlarged = font;
+    enlarged.setPixelSize(TextScale::fontSize(font.pixelSize()));
+    return enlarged;
 }
 
 QFont Font::fittedToBar(const QFont& font)
 {
     QFont fitted = font;
-    fitted.setPixelSize(TextScale::barFontSize(standardSize(font)));
+    fitted.setPixelSize(TextScale::barFontSize(font.pixelSize()));
     return fitted;
 }
 
@@ -57,7 +59,7 @@ double Font::boundingHeight(const QString& text, const QFont& font, double width
 {
     QString lines = text;
     lines.replace(u'\n', QChar::LineSeparator);
-    QTextLayout layout(lines, font);
+    QTextLayout layout(lines, enlarged(font));
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);

@@ -49,6 +49,11 @@ class KitLook : public QObject
     Q_PROPERTY(QString refreshingTitle MEMBER m_refreshingTitle CONSTANT)
     // Of a row and the number of rows in its section.
     Q_PROPERTY(QString placeTitle MEMBER m_placeTitle CONSTANT)
+    Q_PROPERTY(QString selectTitle MEMBER m_selectTitle CONSTANT)
+    Q_PROPERTY(QString selectAllTitle MEMBER m_selectAllTitle CONSTANT)
+    Q_PROPERTY(QString cutTitle MEMBER m_cutTitle CONSTANT)
+    Q_PROPERTY(QString copyTitle MEMBER m_copyTitle CONSTANT)
+    Q_PROPERTY(QString pasteTitle MEMBER m_pasteTitle CONSTANT)
 
 public:
     // The text scale, for what tells its own sizes.
@@ -92,6 +97,11 @@ private:
     QString m_backTitle = QStringLiteral("Back");
     QString m_refreshingTitle = QStringLiteral("Refreshing");
     QString m_placeTitle = QStringLiteral("%1 of %2");
+    QString m_selectTitle = QStringLiteral("Select");
+    QString m_selectAllTitle = QStringLiteral("Select All");
+    QString m_cutTitle = QStringLiteral("Cut");
+    QString m_copyTitle = QStringLiteral("Copy");
+    QString m_pasteTitle = QStringLiteral("Paste");
 };
 
 } // namespace kit

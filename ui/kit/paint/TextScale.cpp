@@ -45,9 +45,4 @@ int TextScale::barFontSize(int standardSize)
     return scaled(standardSize, std::min(s_scale, LargestInBars));
 }
 
-int TextScale::standardFontSize(int fontSize)
-{
-    return scaled(fontSize, 1 / s_scale);
-}
-
 } // namespace kit

@@ -74,6 +74,8 @@ SpokenItem {
     }
 
     PressArea {
+        id: press
+
         anchors.fill: parent
         enabled: !root.view.hidden
         canBeDrawn: true
@@ -108,7 +110,7 @@ SpokenItem {
         }
         ViewSlot {
             view: root.view.selectedBackgroundView
-            opacity: root.view.highlighted ? 1 : 0
+            opacity: root.view.highlighted ? 1 : press.hovered && !root.view.hidden ? 0.3 : 0
             visible: opacity > 0
 
             Behavior on opacity {
@@ -184,7 +186,7 @@ SpokenItem {
             text: KitLook.deleteTitle
             color: KitLook.panelText
             font: KitLook.barFont(15, Font.Bold)
-            opacity: deleteArea.down ? 0.5 : 1
+            opacity: deleteArea.down ? 0.5 : deleteArea.hovered ? 0.8 : 1
         }
         PressArea {
             id: deleteArea

@@ -84,7 +84,7 @@ SpokenItem {
         y: Math.min(18, -flick.contentY - 42)
         visible: root.refresh !== null && flick.contentY < -12
         tint: root.refresh ? root.refresh.tint : "transparent"
-        running: root.refresh !== null && root.refresh.refreshing
+        running: root.refresh !== null && root.refresh.refreshing && !badge.visible
         fraction: Math.min(1, -flick.contentY / root.pullDistance)
     }
     Scroller {
@@ -135,6 +135,27 @@ SpokenItem {
                 z: 2
                 model: root.view.headerModel
             }
+        }
+    }
+    // Content that stands over the spinner's room does not hide that a refresh runs.
+    RoundedBox {
+        id: badge
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: KitLook.grown(25) + 10
+        width: 44
+        height: 44
+        radius: 12
+        upper: KitLook.panelTop
+        lower: KitLook.panelBottom
+        edge: KitLook.edge
+        opacity: 0.9
+        visible: root.refresh !== null && root.refresh.refreshing && flick.contentY > -42 && !settle.running
+
+        Spinner {
+            anchors.centerIn: parent
+            tint: KitLook.panelText
+            running: badge.visible
         }
     }
     // While a row stands open, a press anywhere else only closes it.

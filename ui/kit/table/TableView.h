@@ -62,7 +62,7 @@ public:
     void setSeparatorColor(const Color& color);
     const EdgeInsets& separatorInset() const { return m_separatorInset; }
     void setSeparatorInset(const EdgeInsets& inset) { m_separatorInset = inset; }
-    // Without one, separators are drawn on below the last row.
+    // Recorded only: separators end with the last row whether there is one or not.
     View* tableFooterView() const { return m_tableFooterView; }
     void setTableFooterView(View* view);
     // Stands above the first section and scrolls with it; its frame's height counts. Setting it again takes its new

@@ -39,7 +39,7 @@ QSizeF fittedImage(const QSizeF& size, double rowHeight)
 
 double lineHeight(const Label& label)
 {
-    return std::ceil(QFontMetricsF(label.font()).height());
+    return std::ceil(QFontMetricsF(label.shownFont()).height());
 }
 
 } // namespace

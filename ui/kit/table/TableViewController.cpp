@@ -21,4 +21,10 @@ View* TableViewController::loadView()
     return table;
 }
 
+void TableViewController::takeTextScale()
+{
+    if (isViewLoaded())
+        tableView()->reloadData();
+}
+
 } // namespace kit

@@ -21,6 +21,7 @@ public:
     // No row stays open for deletion behind another screen.
     void viewWillDisappear() override { tableView()->openRow()->close(); }
     bool closeWhatIsOpen() override { return tableView()->openRow()->close(); }
+    void takeTextScale() override;
 
 protected:
     View* loadView() override;

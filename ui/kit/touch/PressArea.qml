@@ -1,4 +1,5 @@
 import QtQuick
+import ui.kit
 
 // Where a touch presses a control. Two quick touches are two presses. A touch that begins while what it falls on moves under
 // it, and stops that, is none.
@@ -7,6 +8,8 @@ MouseArea {
 
     // While a finger that began here is here, not while it has slipped off.
     readonly property bool down: pressed && containsMouse
+    // While the pointer of a mouse stands above, for a look that says what it would press.
+    readonly property bool hovered: pointer.hovered && enabled && KeyboardFocus.hovering
     // Of what a second touch at once would do again to something else.
     property bool takesOneOfTwo: false
     // Of what a finger draws aside: the second of two touches presses it when it ends, not when it begins.
@@ -49,6 +52,11 @@ MouseArea {
     Item {
         anchors.fill: parent
 
+        HoverHandler {
+            id: pointer
+
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        }
         TapHandler {
             enabled: root.canBeDrawn
             acceptedDevices: PointerDevice.TouchScreen

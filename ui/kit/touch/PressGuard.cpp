@@ -26,24 +26,6 @@ bool isEnd(const QEvent& event)
 
 } // namespace
 
-PressGuard::PressGuard(QQuickItem* parent)
-    : QQuickItem(parent)
-{
-}
-
-void PressGuard::itemChange(ItemChange change, const ItemChangeData& data)
-{
-    if (change == ItemSceneChange) {
-        if (m_watched)
-            m_watched->removeEventFilter(this);
-        // This change comes with the window; Qt tells all of them by one union.
-        m_watched = data.window; // NOLINT(cppcoreguidelines-pro-type-union-access)
-        if (m_watched)
-            m_watched->installEventFilter(this);
-    }
-    QQuickItem::itemChange(change, data);
-}
-
 bool PressGuard::beginsElsewhere(const QEvent& event) const
 {
     const QPointF place = static_cast<const QPointerEvent&>(event).points().first().scenePosition();
@@ -63,7 +45,7 @@ bool PressGuard::eventFilter(QObject* watched, QEvent* event)
     const bool swallowed = m_swallows && (isMiddle(*event) || isEnd(*event));
     if (isEnd(*event))
         m_swallows = false;
-    return swallowed || QQuickItem::eventFilter(watched, event);
+    return swallowed || WindowWatcher::eventFilter(watched, event);
 }
 
 } // namespace kit

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QPointer>
-#include <QQuickItem>
+#include "ui/kit/touch/WindowWatcher.h"
 
 namespace kit {
 
 // While it is active, a press outside one item reaches nothing in the window, from its beginning to its release: it is
 // only told of. Touches and mouse alike; wheels and keys go their way.
-class PressGuard : public QQuickItem
+class PressGuard : public WindowWatcher
 {
     Q_OBJECT
     QML_ELEMENT
@@ -16,7 +15,7 @@ class PressGuard : public QQuickItem
     Q_PROPERTY(QQuickItem* spared MEMBER m_spared NOTIFY sparedChanged)
 
 public:
-    explicit PressGuard(QQuickItem* parent = nullptr);
+    using WindowWatcher::WindowWatcher;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -25,13 +24,9 @@ Q_SIGNALS:
     void sparedChanged();
     void pressedElsewhere();
 
-protected:
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
-
 private:
     bool beginsElsewhere(const QEvent& event) const;
 
-    QPointer<QQuickWindow> m_watched;
     QPointer<QQuickItem> m_spared;
     bool m_active = false;
     bool m_swallows = false;

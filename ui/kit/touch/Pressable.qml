@@ -7,6 +7,7 @@ PressItem {
     id: root
 
     readonly property alias down: area.down
+    readonly property alias hovered: area.hovered
     property alias takesOneOfTwo: area.takesOneOfTwo
     property double ringMargin: 0
     property double ringRadius: Metrics.CornerRadius

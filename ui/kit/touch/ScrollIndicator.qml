@@ -6,18 +6,20 @@ Rectangle {
     id: root
 
     required property Flickable flickable
+    readonly property bool hovered: pointer.hovered && KeyboardFocus.hovering
     readonly property double share: Math.min(1, flickable.height / Math.max(1, flickable.contentHeight))
     readonly property double place: Math.max(0, Math.min(1, flickable.contentY / Math.max(1, flickable.contentHeight - flickable.height)))
 
     anchors.right: parent.right
     anchors.rightMargin: 3
     y: flickable.y + 3 + place * (flickable.height - 6 - height)
-    width: 4
+    // Widened where a mouse can take hold of it, and while it is held.
+    width: hovered || grip.pressed ? 9 : 4
     height: Math.max(36, share * (flickable.height - 6))
-    radius: 2
+    radius: width / 2
     color: KitLook.shade
     visible: share < 1 && opacity > 0
-    opacity: flickable.moving || lingering.running || grip.pressed ? 1 : 0
+    opacity: flickable.moving || lingering.running || grip.pressed || hovered ? 1 : 0
 
     // Shows for a moment where the content came to at once, as by a key. It comes and goes: not while nothing is to move.
     function flash() {
@@ -51,6 +53,17 @@ Rectangle {
             root.flickable.contentY = Math.max(0, Math.min(1, place / way)) * (root.flickable.contentHeight - root.flickable.height);
         }
         onReleased: root.flash()
+    }
+
+    // In an item of its own, for an item with a handler takes every button of the mouse.
+    Item {
+        anchors.fill: grip
+
+        HoverHandler {
+            id: pointer
+
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        }
     }
 
     Behavior on opacity {

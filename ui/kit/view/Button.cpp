@@ -48,7 +48,7 @@ void Button::setEnabled(bool enabled)
 QSizeF Button::naturalSize() const
 {
     const EdgeInsets& insets = m_contentEdgeInsets;
-    const double titleHeight = QFontMetricsF(m_titleLabel->font()).height();
+    const double titleHeight = QFontMetricsF(m_titleLabel->shownFont()).height();
     return { insets.left + m_titleLabel->naturalWidth() + insets.right, insets.top + titleHeight + insets.bottom };
 }
 

@@ -24,9 +24,9 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: Metrics.CornerRadius
-        color: KitLook.shade
-        opacity: 0.6
-        visible: root.down
+        color: root.down ? KitLook.shade : KitLook.highlight
+        opacity: root.down ? 0.6 : 0.5
+        visible: root.down || root.hovered
     }
     LabelView {
         view: root.view.titleLabel

@@ -1,6 +1,5 @@
 #include "ui/kit/view/Label.h"
 
-#include "ui/kit/paint/Font.h"
 #include "ui/kit/paint/TextScale.h"
 #include "ui/kit/paint/WritingDirection.h"
 
@@ -15,8 +14,10 @@ Label::Label(const QRectF& frame, QObject* parent)
     : View(frame, parent)
     , m_font(Font::systemFont(17))
 {
-    if (isEnlarged())
-        connect(this, &View::frameChanged, this, &Label::labelChanged);
+    connect(this, &View::frameChanged, this, [this] {
+        if (isEnlarged())
+            Q_EMIT labelChanged();
+    });
 }
 
 void Label::setText(const QString& text)
@@ -90,7 +91,7 @@ void Label::drawWhole(QQuickItem* item)
 
 double Label::naturalWidth() const
 {
-    return QFontMetricsF(m_font).horizontalAdvance(shownText());
+    return QFontMetricsF(shownFont()).horizontalAdvance(shownText());
 }
 
 bool Label::isEnlarged() const
@@ -104,9 +105,9 @@ int Label::smallestFontSize() const
     constexpr double LeastOfEnlarged = 2.0 / 3;
     if (m_adjustsFontSize)
         return TextScale::fontSize(SmallestLegible);
-    const int standard = Font::standardSize(m_font);
-    QFont least = m_font;
-    least.setPixelSize(std::max(standard, static_cast<int>(std::ceil(m_font.pixelSize() * LeastOfEnlarged))));
+    const int standard = m_font.pixelSize();
+    QFont least = shownFont();
+    least.setPixelSize(std::max(standard, static_cast<int>(std::ceil(least.pixelSize() * LeastOfEnlarged))));
     const bool hasRoom = QFontMetricsF(least).height() * m_numberOfLines <= height();
     return hasRoom ? least.pixelSize() : standard;
 }

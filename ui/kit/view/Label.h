@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/kit/paint/Font.h"
 #include "ui/kit/view/View.h"
 
 #include <QFont>
@@ -18,7 +19,7 @@ class Label : public View
     QML_UNCREATABLE("views are made in C++")
     Q_PROPERTY(QString shownText READ shownText NOTIFY labelChanged)
     Q_PROPERTY(QString text READ text NOTIFY labelChanged)
-    Q_PROPERTY(QFont font READ font NOTIFY labelChanged)
+    Q_PROPERTY(QFont font READ shownFont NOTIFY labelChanged)
     Q_PROPERTY(QColor color READ color NOTIFY labelChanged)
     Q_PROPERTY(int alignment READ alignment NOTIFY labelChanged)
     Q_PROPERTY(int numberOfLines READ numberOfLines NOTIFY labelChanged)
@@ -37,7 +38,10 @@ public:
 
     const QString& text() const { return m_text; }
     void setText(const QString& text);
+    // At the usual text size.
     const QFont& font() const { return m_font; }
+    // By the text scale.
+    QFont shownFont() const { return Font::enlarged(m_font); }
     void setFont(const QFont& font);
     const Color& textColor() const { return m_textColor; }
     void setTextColor(const Color& color);

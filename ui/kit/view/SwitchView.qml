@@ -7,6 +7,7 @@ Pressable {
 
     required property Switch view
     property color fill: view.on ? KitLook.switchOn : KitLook.switchOff
+    readonly property double shading: down ? 1.1 : hovered ? 1.05 : 1
     readonly property double firstX: 2
     readonly property double lastX: width - knob.width - 2
 
@@ -47,8 +48,8 @@ Pressable {
         height: width
         radius: width / 2
         edge: KitLook.edge
-        upper: root.down ? Qt.darker(KitLook.knobBottom, 1.1) : KitLook.knobBottom
-        lower: root.down ? Qt.darker(KitLook.knobTop, 1.1) : KitLook.knobTop
+        upper: Qt.darker(KitLook.knobBottom, root.shading)
+        lower: Qt.darker(KitLook.knobTop, root.shading)
 
         Behavior on x {
             enabled: !draw.active

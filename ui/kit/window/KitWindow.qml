@@ -7,10 +7,15 @@ Window {
     id: root
 
     required property WindowController controller
+    // Where an on-screen keyboard is, in the window.
+    property rect keyboard: Qt.inputMethod.visible ? Qt.inputMethod.keyboardRectangle : Qt.rect(0, 0, 0, 0)
+    // How much of the window it covers, from the lower edge up. One that floats above the content covers nothing.
+    readonly property double covered: keyboard.height > 0 && keyboard.y + keyboard.height >= height ? Math.max(0, height - keyboard.y) : 0
 
     minimumWidth: 320
     minimumHeight: 320
     color: "black"
+    onCoveredChanged: controller.coverBelow(covered)
 
     SpokenScope {
         id: content
@@ -25,6 +30,8 @@ Window {
         onHeightChanged: root.controller.resize(width, height)
 
         ControllerLoader {
+            id: screens
+
             anchors.fill: parent
             focus: true
             controller: root.controller.rootViewController
@@ -36,6 +43,10 @@ Window {
             onTapped: root.controller.goBack()
         }
     }
+    PointerWatch {
+        onMouseMoved: KeyboardFocus.hovering = true
+        onTouched: KeyboardFocus.hovering = false
+    }
     TabOrder {
         onMoving: KeyboardFocus.shown = true
     }
@@ -45,8 +56,11 @@ Window {
         property AlertController alert: root.controller.alert
 
         anchors.fill: parent
+        anchors.bottomMargin: root.covered
         focus: item !== null
-        onAlertChanged: {
+        onAlertChanged: load()
+
+        function load() {
             source = "";
             if (alert)
                 setSource("AlertPanel.qml", {
@@ -55,6 +69,14 @@ Window {
             else
                 content.forceActiveFocus();
         }
+    }
+    Connections {
+        function onLookChanged() {
+            screens.loadAnew();
+            panel.load();
+        }
+
+        target: root.controller
     }
     Shortcut {
         sequence: "Alt+Left"

@@ -18,33 +18,15 @@ std::pair<int, int> readingPlace(const QQuickItem* item)
 
 } // namespace
 
-TabOrder::TabOrder(QQuickItem* parent)
-    : QQuickItem(parent)
-{
-}
-
-void TabOrder::itemChange(ItemChange change, const ItemChangeData& data)
-{
-    if (change == ItemSceneChange) {
-        if (m_watched)
-            m_watched->removeEventFilter(this);
-        // This change comes with the window; Qt tells all of them by one union.
-        m_watched = data.window; // NOLINT(cppcoreguidelines-pro-type-union-access)
-        if (m_watched)
-            m_watched->installEventFilter(this);
-    }
-    QQuickItem::itemChange(change, data);
-}
-
 bool TabOrder::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::KeyPress)
-        return QQuickItem::eventFilter(watched, event);
+        return WindowWatcher::eventFilter(watched, event);
     const auto& key = *static_cast<QKeyEvent*>(event);
     const bool isBack = key.key() == Qt::Key_Backtab || (key.modifiers() & Qt::ShiftModifier);
     const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
     if (!isTab || (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
-        return QQuickItem::eventFilter(watched, event);
+        return WindowWatcher::eventFilter(watched, event);
     move(isBack ? Direction::Backward : Direction::Forward);
     return true;
 }

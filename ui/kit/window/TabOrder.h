@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QQuickItem>
+#include "ui/kit/touch/WindowWatcher.h"
 
 #include <vector>
 
@@ -8,13 +8,13 @@ namespace kit {
 
 // Tab goes round the window's controls in the order in which they are seen: from top to bottom and from left to right,
 // and through those within another one right after it. Stands anywhere in the window.
-class TabOrder : public QQuickItem
+class TabOrder : public WindowWatcher
 {
     Q_OBJECT
     QML_ELEMENT
 
 public:
-    explicit TabOrder(QQuickItem* parent = nullptr);
+    using WindowWatcher::WindowWatcher;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -22,17 +22,12 @@ Q_SIGNALS:
     // The keyboard is about to go to another control.
     void moving();
 
-protected:
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
-
 private:
     enum class Direction { Forward, Backward };
 
     void move(Direction direction);
     static std::vector<QQuickItem*> stopsWithin(const QQuickItem& item);
     static std::vector<QQuickItem*> nearestStopsWithin(const QQuickItem& item);
-
-    QPointer<QQuickWindow> m_watched;
 };
 
 } // namespace kit

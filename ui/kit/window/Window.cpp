@@ -82,6 +82,18 @@ void Window::resize(double width, double height)
     m_rootViewController->layOut({ 0, 0, width, height });
 }
 
+void Window::drawAnew()
+{
+    m_rootViewController->takeTextScale();
+    Q_EMIT lookChanged();
+}
+
+void Window::coverBelow(double height)
+{
+    if (auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController))
+        tabs->setCoveredBelow(height);
+}
+
 NavigationController* Window::stack() const
 {
     auto* const tabs = qobject_cast<TabBarController*>(m_rootViewController);

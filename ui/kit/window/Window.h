@@ -38,6 +38,9 @@ public:
     // Null until the window is open.
     QQuickWindow* quickWindow() const { return m_quickWindow; }
 
+    // What a person prefers has changed, of the size of texts or of movements: draws all of the window anew by it.
+    void drawAnew();
+
     AlertController* presentedAlert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
     void presentAlert(AlertController* alert) override;
 
@@ -48,9 +51,12 @@ public:
     Q_INVOKABLE void search();
     // The window was given a size.
     Q_INVOKABLE void resize(double width, double height);
+    // An on-screen keyboard covers so much of it, from the lower edge up: the screens end above that.
+    Q_INVOKABLE void coverBelow(double height);
 
 Q_SIGNALS:
     void presentedAlertChanged();
+    void lookChanged();
 
 private:
     void showWithFrameWithin(const QSize& room);

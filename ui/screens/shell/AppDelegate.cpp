@@ -1,6 +1,8 @@
 #include "ui/screens/shell/AppDelegate.h"
 
 #include "ui/classic/ClassicUI.h"
+#include "ui/kit/paint/Animations.h"
+#include "ui/kit/paint/TextScale.h"
 #include "ui/screens/shell/RootViewController.h"
 
 #include <QGuiApplication>
@@ -21,6 +23,18 @@ AppDelegate::AppDelegate(RepoManager& manager, PackageInstaller& installer)
 AppDelegate::~AppDelegate()
 {
     ClassicUI::setIconNetwork(nullptr);
+}
+
+void AppDelegate::follow(DesktopPreferences& preferences)
+{
+    const auto take = [this, &preferences] {
+        kit::TextScale::set(preferences.textScale());
+        kit::Animations::setEnabled(preferences.hasAnimations());
+        if (m_window)
+            m_window->drawAnew();
+    };
+    take();
+    preferences.setChanged(take);
 }
 
 bool AppDelegate::didFinishLaunchingWithOptions()

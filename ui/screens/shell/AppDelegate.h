@@ -3,6 +3,7 @@
 #include "actions/PackageInstaller.h"
 #include "catalog/RepoManager.h"
 #include "ui/kit/window/Window.h"
+#include "ui/screens/shell/DesktopPreferences.h"
 #include "ui/screens/shell/StatusBarStyle.h"
 
 #include <QObject>
@@ -20,6 +21,9 @@ public:
     AppDelegate(RepoManager& manager, PackageInstaller& installer);
     ~AppDelegate() override;
 
+    // Texts and movements follow what the desktop tells, now and at any change. Called before the launch; the
+    // preferences outlive the application.
+    void follow(DesktopPreferences& preferences);
     // Opens the window; always true.
     bool didFinishLaunchingWithOptions();
     // Shows the open window before all others, however it was put away. The token is what a Wayland desktop wants to

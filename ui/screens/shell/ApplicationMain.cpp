@@ -4,10 +4,8 @@
 #include "actions/SignalDispositions.h"
 #include "catalog/sources/JsonSourceStore.h"
 #include "resources/VeskResources.h"
-#include "ui/kit/paint/TextScale.h"
 #include "ui/screens/shell/AppDelegate.h"
 #include "ui/screens/shell/ApplicationService.h"
-#include "ui/screens/shell/DesktopTextScale.h"
 #include "ui/screens/shell/DisplayFailure.h"
 #include "ui/screens/shell/InstanceLock.h"
 #include "ui/screens/shell/SecondStart.h"
@@ -59,9 +57,10 @@ int applicationMain(int argc, char** argv)
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vesk.Vesk")));
 
     initialiseResources();
-    kit::TextScale::set(desktopTextScale(QGuiApplication::platformName()));
 
+    DesktopPreferences preferences(QGuiApplication::platformName());
     AppDelegate delegate;
+    delegate.follow(preferences);
     delegate.didFinishLaunchingWithOptions();
 
     ApplicationService service(QDBusConnection::sessionBus(), lock.settingsFile());

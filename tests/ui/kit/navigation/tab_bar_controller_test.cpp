@@ -214,3 +214,59 @@ TEST(EmptyTabBarController, hasNothingSelected)
     tabs.tapTab(0);
     EXPECT_EQ(tabs.selectedIndex(), -1);
 }
+
+namespace {
+
+using Layout = kit::TabBar::Layout;
+
+Layout layoutIn(const QSizeF& window)
+{
+    kit::TabBar bar;
+    bar.fitInto(window);
+    return bar.layout();
+}
+
+kit::TabItemAppearance itemsOfColor(const kit::Color& color)
+{
+    return { { color, { color, kit::Font::boldSystemFont(10) } }, { color, { color, kit::Font::boldSystemFont(10) } } };
+}
+
+} // namespace
+
+TEST(TheTabBar, hasTitlesBesideItsSymbolsInAWideWindow)
+{
+    EXPECT_EQ(layoutIn({ 390, 844 }), Layout::Stacked);
+    EXPECT_EQ(layoutIn({ 768, 1024 }), Layout::Inline);
+    EXPECT_EQ(layoutIn({ 1280, 720 }), Layout::Inline);
+}
+
+TEST(TheTabBar, isCompactOnAPhoneOnItsSide)
+{
+    EXPECT_EQ(layoutIn({ 568, 320 }), Layout::CompactInline);
+    EXPECT_EQ(layoutIn({ 844, 390 }), Layout::CompactInline);
+    EXPECT_EQ(layoutIn({ 390, 290 }), Layout::Stacked) << "where titles have no room beside the symbols";
+}
+
+TEST(TheTabBar, looksAsItsAppearanceTellsForEachLayout)
+{
+    kit::TabBarAppearance appearance;
+    appearance.stackedLayoutAppearance = itemsOfColor(kit::Color::white());
+    appearance.inlineLayoutAppearance = itemsOfColor(kit::Color::black());
+    appearance.compactInlineLayoutAppearance = itemsOfColor(kit::Color::black(0.5));
+    kit::TabBar bar;
+    bar.setStandardAppearance(appearance);
+    EXPECT_EQ(bar.iconColor(), QColor(Qt::white));
+    bar.fitInto({ 1280, 720 });
+    EXPECT_EQ(bar.iconColor(), QColor(Qt::black));
+    bar.fitInto({ 844, 390 });
+    EXPECT_EQ(bar.selectedTitleColor(), kit::Color::black(0.5).toQColor());
+}
+
+TEST_F(TabBarControllerTest, laysItsTabsOutAnewWhenTheWindowTurns)
+{
+    tabs.layOut({ 0, 0, 390, 844 });
+    const QSignalSpy changes(tabs.tabBar(), &kit::TabBar::barChanged);
+    tabs.layOut({ 0, 0, 844, 390 });
+    EXPECT_EQ(tabs.tabBar()->layout(), Layout::CompactInline);
+    EXPECT_EQ(changes.count(), 1);
+}

@@ -6,7 +6,8 @@
 
 namespace {
 
-// A red line on white, so far from the window's top.
+// A red line on white, so far from the window's top, in device pixels and with their ratio, which a picture of a window
+// does not tell.
 QImage lineAt(double y)
 {
     QQuickWindow window;
@@ -17,7 +18,9 @@ QImage lineAt(double y)
     line->setWidth(50);
     line->setY(y);
     window.show();
-    return window.grabWindow();
+    QImage picture = window.grabWindow();
+    picture.setDevicePixelRatio(window.effectiveDevicePixelRatio());
+    return picture;
 }
 
 int redPixelsInColumn(const QImage& picture, int x)

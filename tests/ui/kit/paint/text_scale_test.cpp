@@ -22,6 +22,11 @@ protected:
     ~TextScaleTest() override { kit::TextScale::set(1); }
 };
 
+double drawnHeight(const QFont& font)
+{
+    return QFontMetricsF(kit::Font::enlarged(font)).height();
+}
+
 // A section of one row of the table's own height and one that its screen has measured.
 class TwoRows : public kit::TableViewController
 {
@@ -63,28 +68,41 @@ TEST_F(TextScaleTest, staysBetweenOneAndTwo)
     EXPECT_EQ(kit::TextScale::value(), 1);
 }
 
-TEST_F(TextScaleTest, enlargesFontsThatRememberTheSizeAskedFor)
+TEST_F(TextScaleTest, enlargesFontsWhereTheyAreDrawnAndNotWhereTheyAreAskedFor)
 {
     for (int percent = 100; percent <= 200; percent += 5) {
         const double scale = percent / 100.0;
         kit::TextScale::set(scale);
         for (int size = 8; size <= 40; ++size) {
             const QFont font = kit::Font::boldSystemFont(size);
-            EXPECT_NEAR(font.pixelSize(), size * scale, 0.51);
-            EXPECT_EQ(kit::Font::standardSize(font), size);
+            EXPECT_EQ(font.pixelSize(), size);
+            EXPECT_NEAR(kit::Font::enlarged(font).pixelSize(), size * scale, 0.51);
         }
     }
+}
+
+TEST_F(TextScaleTest, enlargesTheTextsThatWereThereBefore)
+{
+    kit::Label label({ 0, 0, 100, 44 });
+    label.setFont(kit::Font::systemFont(15));
+    label.setText(QStringLiteral("Vesk"));
+    const double usual = label.naturalWidth();
+    kit::TextScale::set(Largest);
+    EXPECT_EQ(label.shownFont().pixelSize(), 30);
+    EXPECT_NEAR(label.naturalWidth(), usual * Largest, 2);
+    EXPECT_EQ(label.smallestFontSize(), 20);
+    kit::TextScale::set(1);
+    EXPECT_EQ(label.shownFont().pixelSize(), 15);
 }
 
 TEST_F(TextScaleTest, givesRowsRoomForTheirTwoLines)
 {
     for (int percent = 100; percent <= 200; percent += 5) {
         kit::TextScale::set(percent / 100.0);
-        const double lines
-            = QFontMetricsF(kit::Font::boldSystemFont(15)).height() + QFontMetricsF(kit::Font::systemFont(12)).height();
+        const double lines = drawnHeight(kit::Font::boldSystemFont(15)) + drawnHeight(kit::Font::systemFont(12));
         EXPECT_LE(lines + 2, kit::TextScale::grown(60));
-        EXPECT_LE(QFontMetricsF(kit::Font::boldSystemFont(12)).height(), kit::TextScale::grown(25));
-        EXPECT_LE(QFontMetricsF(kit::Font::boldSystemFont(16)).height(), kit::TextScale::grown(44));
+        EXPECT_LE(drawnHeight(kit::Font::boldSystemFont(12)), kit::TextScale::grown(25));
+        EXPECT_LE(drawnHeight(kit::Font::boldSystemFont(16)), kit::TextScale::grown(44));
         EXPECT_EQ(kit::TextScale::grown(60), std::round(kit::TextScale::grown(60)));
     }
 }
@@ -169,9 +187,10 @@ TEST_F(TextScaleTest, growsButtonsWithTheirTitles)
 {
     kit::Button usual;
     usual.setTitle(QStringLiteral("Install"));
+    const QSizeF usualSize = usual.naturalSize();
     kit::TextScale::set(Largest);
     kit::Button large;
     large.setTitle(QStringLiteral("Install"));
-    EXPECT_NEAR(large.naturalSize().width(), usual.naturalSize().width() * Largest, 2);
-    EXPECT_NEAR(large.naturalSize().height(), usual.naturalSize().height() * Largest, 2);
+    EXPECT_NEAR(large.naturalSize().width(), usualSize.width() * Largest, 2);
+    EXPECT_NEAR(large.naturalSize().height(), usualSize.height() * Largest, 2);
 }

@@ -224,6 +224,23 @@ TEST_F(KitWindowTest, makesRoomForTheSpinnerWhileItRefreshes)
     EXPECT_EQ(one->refreshes, 0);
 }
 
+TEST_F(KitWindowTest, showsThatItRefreshesWhereverTheListStands)
+{
+    grabbed();
+    const QRect below(quick()->position() + QPoint(0, 44), quick()->size() - QSize(0, 44 + 49));
+    one->tableView()->refreshControl()->beginRefreshing();
+    for (const double offset : { -60.0, -42.0, -30.0, 0.0, 200.0, 1'500.0 }) {
+        one->tableView()->setContentOffset(offset);
+        grabbed();
+        QAccessibleInterface* const spinner = accessible(QStringLiteral("Refreshing"));
+        ASSERT_NE(spinner, nullptr) << offset;
+        EXPECT_TRUE(below.contains(spinner->rect())) << offset;
+    }
+    one->tableView()->refreshControl()->endRefreshing();
+    grabbed();
+    EXPECT_EQ(accessible(QStringLiteral("Refreshing")), nullptr);
+}
+
 TEST_F(KitWindowTest, refreshesByAPull)
 {
     grabbed();

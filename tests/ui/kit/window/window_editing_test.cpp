@@ -1,0 +1,195 @@
+// What can be done with the text of a field without a keyboard.
+#include "tests/ui/kit/window/FingerTest.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace {
+
+class Editing : public FingerTest
+{
+protected:
+    Editing()
+    {
+        QGuiApplication::clipboard()->clear();
+        quick()->requestActivate();
+    }
+    static void copy(const QString& text) { QGuiApplication::clipboard()->setText(text); }
+    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
+    kit::SearchBar& searchBar() const { return *two->navigationItem()->searchController()->searchBar(); }
+
+    void openSearch(const QString& text = {})
+    {
+        press(Qt::Key_F, Qt::ControlModifier);
+        searchBar().setText(text);
+        grabbed();
+    }
+    kit::AlertTextField* openAlert()
+    {
+        kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+        kit::AlertTextField* const field = alert->addTextField();
+        alert->addAction(QStringLiteral("Cancel"), kit::AlertAction::Style::Cancel);
+        alert->addAction(QStringLiteral("Add"), kit::AlertAction::Style::Default);
+        one->present(alert);
+        grabbed();
+        return field;
+    }
+    // So many points from the beginning of the text of the field with the keyboard.
+    QPoint inField(double distance) const
+    {
+        const QQuickItem& input = *quick()->activeFocusItem();
+        return input.mapToScene({ distance, input.height() / 2 }).toPoint();
+    }
+    bool offers(const char* choice) const { return accessible(QLatin1String(choice)) != nullptr; }
+    bool offersAnything() const
+    {
+        return offers("Select") || offers("Select All") || offers("Cut") || offers("Copy") || offers("Paste");
+    }
+    void hold(const QPoint& point)
+    {
+        begin(point);
+        waitUntil([this] { return offersAnything(); });
+        end();
+        grabbed();
+    }
+    QPoint placeOf(const char* choice) const
+    {
+        return accessible(QLatin1String(choice))->rect().center() - quick()->position();
+    }
+    void choose(const char* choice)
+    {
+        ASSERT_TRUE(offers(choice)) << choice;
+        touch(placeOf(choice));
+        grabbed();
+    }
+    void clickRight(const QPoint& point)
+    {
+        QTest::mouseClick(quick(), Qt::RightButton, Qt::NoModifier, point);
+        grabbed();
+    }
+};
+
+} // namespace
+
+TEST_F(Editing, pastesIntoAnEmptyFieldThatAFingerHolds)
+{
+    copy(QStringLiteral("vesk"));
+    openSearch();
+    hold(inField(10));
+    EXPECT_FALSE(offers("Select") || offers("Select All") || offers("Cut") || offers("Copy"));
+    choose("Paste");
+    EXPECT_EQ(searchBar().text(), QStringLiteral("vesk"));
+    EXPECT_FALSE(offersAnything());
+}
+
+TEST_F(Editing, offersNothingWhereThereIsNothingToDo)
+{
+    openSearch();
+    clickRight(inField(10));
+    EXPECT_FALSE(offersAnything());
+}
+
+TEST_F(Editing, selectsTheWordThatIsHeldAndThenOffersToCutIt)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    EXPECT_TRUE(offers("Select") && offers("Select All"));
+    EXPECT_FALSE(offers("Cut") || offers("Copy") || offers("Paste"));
+    choose("Select");
+    EXPECT_FALSE(offers("Select"));
+    EXPECT_TRUE(offers("Cut") && offers("Copy"));
+    choose("Cut");
+    EXPECT_EQ(searchBar().text(), QStringLiteral(" theme"));
+    EXPECT_EQ(clipboard(), QStringLiteral("small"));
+}
+
+TEST_F(Editing, copiesTheWholeText)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    choose("Select All");
+    EXPECT_FALSE(offers("Select") || offers("Select All"));
+    choose("Copy");
+    EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
+    EXPECT_EQ(searchBar().text(), QStringLiteral("small theme"));
+}
+
+TEST_F(Editing, pastesIntoTheFieldOfAnAlert)
+{
+    copy(QStringLiteral("http://127.0.0.1/"));
+    const kit::AlertTextField* const field = openAlert();
+    hold(inField(10));
+    ASSERT_TRUE(offers("Paste"));
+    EXPECT_GT(placeOf("Paste").y(), inField(0).y() + kit::Metrics::FieldHeight) << "clear of the field";
+    choose("Paste");
+    EXPECT_EQ(field->text(), QStringLiteral("http://127.0.0.1/"));
+}
+
+TEST_F(Editing, offersTheSameAtTheOtherButtonOfAMouse)
+{
+    copy(QStringLiteral("vesk"));
+    openSearch(QStringLiteral("small theme"));
+    clickRight(inField(8));
+    EXPECT_TRUE(offers("Select") && offers("Select All") && offers("Paste"));
+    press(Qt::Key_Escape);
+    press(Qt::Key_A, Qt::ControlModifier);
+    clickRight(inField(8));
+    ASSERT_TRUE(offers("Cut") && offers("Copy") && offers("Paste")) << "of the selection, which stays";
+    tap(placeOf("Paste"));
+    EXPECT_EQ(searchBar().text(), QStringLiteral("vesk"));
+}
+
+TEST_F(Editing, onlyClosesByATouchElsewhere)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    ASSERT_TRUE(offersAnything());
+    touch({ 200, 400 });
+    EXPECT_FALSE(offersAnything());
+    EXPECT_FALSE(stack(1)->canGoBack());
+    EXPECT_TRUE(searchBar().isActive());
+}
+
+TEST_F(Editing, closesByEscapeBeforeTheSearchIsCancelled)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(offersAnything());
+    EXPECT_TRUE(searchBar().isActive());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(searchBar().isActive());
+}
+
+TEST_F(Editing, closesByEscapeBeforeTheAlertDoes)
+{
+    copy(QStringLiteral("vesk"));
+    openAlert();
+    hold(inField(10));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(offersAnything());
+    EXPECT_NE(window->presentedAlert(), nullptr);
+}
+
+TEST_F(Editing, closesWhenAPersonTypes)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    type(QStringLiteral("x"));
+    EXPECT_FALSE(offersAnything());
+}
+
+TEST_F(Editing, staysInsideANarrowWindow)
+{
+    copy(QStringLiteral("vesk"));
+    quick()->resize(320, 480);
+    ASSERT_TRUE(waitUntil([this] { return one->view()->frame().width() == 320; }));
+    openSearch(QStringLiteral("small theme of many words that goes on"));
+    for (const double distance : { 5.0, 150.0 }) {
+        hold(inField(distance));
+        ASSERT_TRUE(offers("Select") && offers("Paste"));
+        EXPECT_GE(placeOf("Select").x(), 0);
+        EXPECT_LE(placeOf("Paste").x(), 320);
+        press(Qt::Key_Escape);
+    }
+}

@@ -1,0 +1,93 @@
+// What a person prefers of texts and movements, followed while the window is open.
+#include "tests/ui/kit/window/KitWindowTest.h"
+#include "ui/kit/paint/Animations.h"
+#include "ui/kit/paint/TextScale.h"
+
+namespace {
+
+class Look : public KitWindowTest
+{
+protected:
+    Look() { grabbed(); }
+    ~Look() override
+    {
+        kit::TextScale::set(1);
+        kit::Animations::setEnabled(false);
+    }
+
+    void enlargeTexts()
+    {
+        kit::TextScale::set(2);
+        window->drawAnew();
+        grabbed();
+    }
+    // Of the item in the window that draws that text.
+    int drawnSizeOf(const QString& text) const
+    {
+        std::vector<QQuickItem*> open{ quick()->contentItem() };
+        while (!open.empty()) {
+            const QQuickItem* const item = open.back();
+            open.pop_back();
+            if (item->inherits("QQuickText") && item->property("text").toString() == text)
+                return item->property("font").value<QFont>().pixelSize();
+            for (QQuickItem* child : item->childItems())
+                open.push_back(child);
+        }
+        return 0;
+    }
+};
+
+} // namespace
+
+TEST_F(Look, drawsTheTextsOfRowsBarsAndTabsInTheirNewSize)
+{
+    const int row = drawnSizeOf(QStringLiteral("Row 0.3"));
+    const int button = drawnSizeOf(QStringLiteral("Reload"));
+    ASSERT_GT(row, 0);
+    enlargeTexts();
+    EXPECT_EQ(drawnSizeOf(QStringLiteral("Row 0.3")), row * 2);
+    EXPECT_EQ(drawnSizeOf(QStringLiteral("Reload")), button * 5 / 4);
+    EXPECT_EQ(one->tableView()->rectForRow({ 0, 3 }).height(), 96);
+}
+
+TEST_F(Look, keepsWhatAPersonWasDoing)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("vesk"));
+    two->tableView()->setContentOffset(300);
+    enlargeTexts();
+    EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("vesk"));
+    EXPECT_EQ(tabs->selectedIndex(), 1);
+    EXPECT_EQ(two->tableView()->contentOffset(), 300);
+    EXPECT_TRUE(waitUntil([this] { return drawnSizeOf(QStringLiteral("Cancel")) > 15; }));
+    press(Qt::Key_1, Qt::ControlModifier);
+    tap(middleOf({ 0, 3 }));
+    EXPECT_TRUE(stack(0)->canGoBack());
+}
+
+TEST_F(Look, keepsAnAlertAndWhatIsTypedIntoIt)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    const kit::AlertTextField* const field = alert->addTextField();
+    alert->addAction(QStringLiteral("Add"), kit::AlertAction::Style::Default);
+    one->present(alert);
+    grabbed();
+    type(QStringLiteral("vesk"));
+    enlargeTexts();
+    EXPECT_EQ(drawnSizeOf(QStringLiteral("Message")), 28);
+    type(QStringLiteral("s"));
+    EXPECT_TRUE(field->text().contains(QStringLiteral("vesk"))) << field->text().toStdString();
+    EXPECT_EQ(field->text().size(), 5);
+}
+
+TEST_F(Look, movesNothingAnyMoreWhenAPersonAsksForThat)
+{
+    kit::Animations::setEnabled(true);
+    window->drawAnew();
+    grabbed();
+    kit::Animations::setEnabled(false);
+    window->drawAnew();
+    grabbed();
+    one->tableView()->refreshControl()->beginRefreshing();
+    EXPECT_EQ(one->tableView()->contentOffset(), -60) << "at once";
+}
