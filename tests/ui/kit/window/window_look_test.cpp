@@ -85,6 +85,12 @@ TEST_F(Look, movesNothingAnyMoreWhenAPersonAsksForThat)
     kit::Animations::setEnabled(true);
     window->drawAnew();
     grabbed();
+    one->tableView()->refreshControl()->beginRefreshing();
+    EXPECT_GT(one->tableView()->contentOffset(), -60) << "on its way";
+    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() == -60; }));
+    one->tableView()->refreshControl()->endRefreshing();
+    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() == 0; }));
+    grabbed();
     kit::Animations::setEnabled(false);
     window->drawAnew();
     grabbed();
