@@ -62,6 +62,7 @@ Item {
 
         Accessible.role: Accessible.Button
         Accessible.name: title
+        Accessible.ignored: !visible
         Accessible.onPressAction: choice.chosen()
 
         Rectangle {

@@ -36,7 +36,7 @@ int redPixelsInColumn(const QImage& picture, int x)
 TEST(Hairline, isOneDevicePixelHigh)
 {
     const QImage picture = lineAt(10);
-    EXPECT_EQ(picture.pixel(20, static_cast<int>(10 * picture.devicePixelRatio())), qRgb(255, 0, 0));
+    EXPECT_EQ(picture.pixel(20, qRound(10 * picture.devicePixelRatio())), qRgb(255, 0, 0));
     EXPECT_EQ(redPixelsInColumn(picture, 20), 1);
 }
 
