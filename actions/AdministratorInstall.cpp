@@ -1,7 +1,7 @@
 #include "actions/AdministratorInstall.h"
 
-#include "actions/ChildProcess.h"
-#include "actions/FileDescriptor.h"
+#include "actions/process/ChildProcess.h"
+#include "actions/process/FileDescriptor.h"
 
 #include <QFile>
 

@@ -3,7 +3,7 @@
 
 #include "actions/DesktopURLOpener.h"
 
-#include "actions/DescriptorLimit.h"
+#include "actions/process/DescriptorLimit.h"
 
 #include <memory>
 

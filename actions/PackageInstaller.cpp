@@ -1,8 +1,8 @@
 #include "actions/PackageInstaller.h"
 
-#include "actions/ChildProcess.h"
 #include "actions/HandOff.h"
 #include "actions/PackageDownload.h"
+#include "actions/process/ChildProcess.h"
 
 #include <QCoreApplication>
 

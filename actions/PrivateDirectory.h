@@ -1,6 +1,6 @@
 #pragma once
 
-#include "actions/FileDescriptor.h"
+#include "actions/process/FileDescriptor.h"
 
 #include <QByteArray>
 #include <QString>

@@ -7,9 +7,9 @@
 //   installer_probe run SOURCE [IDENTIFIER VERSION ACTION]...   runs a queue, prints a line with each entry's status
 //                                                        and stays until its standard input ends
 //   installer_probe quit SOURCE IDENTIFIER VERSION       starts a run and quits as soon as its standard input ends
-#include "actions/DescriptorLimit.h"
 #include "actions/DesktopURLOpener.h"
 #include "actions/PackageInstaller.h"
+#include "actions/process/DescriptorLimit.h"
 
 #include <QCoreApplication>
 #include <QFile>

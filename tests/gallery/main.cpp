@@ -10,7 +10,7 @@
 #include "tests/gallery/Gallery.h"
 #include "tests/gallery/GoldenPictures.h"
 #include "ui/kit/paint/Animations.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "ui/classic/ClassicUI.h"
 
 #include "ui/classic/IconLoader.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <QGuiApplication>
 #include <QScreen>

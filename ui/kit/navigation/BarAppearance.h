@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/kit/paint/Color.h"
-#include "ui/kit/paint/Font.h"
+#include "ui/kit/text/Font.h"
 
 namespace kit {
 

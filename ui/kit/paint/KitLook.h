@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/kit/paint/TextScale.h"
-#include "ui/kit/paint/WritingDirection.h"
+#include "ui/kit/text/TextScale.h"
+#include "ui/kit/text/WritingDirection.h"
 
 #include <QColor>
 #include <QFont>

@@ -1,7 +1,7 @@
 #include "ui/kit/table/TableView.h"
 
 #include "ui/kit/paint/Animations.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "ui/kit/table/TableViewCell.h"
 
-#include "ui/kit/paint/Font.h"
+#include "ui/kit/text/Font.h"
 
 #include <QFontMetricsF>
 

@@ -1,6 +1,6 @@
 #include "ui/kit/view/Button.h"
 
-#include "ui/kit/paint/Font.h"
+#include "ui/kit/text/Font.h"
 
 #include <QFontMetricsF>
 

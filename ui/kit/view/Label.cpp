@@ -1,7 +1,7 @@
 #include "ui/kit/view/Label.h"
 
-#include "ui/kit/paint/TextScale.h"
-#include "ui/kit/paint/WritingDirection.h"
+#include "ui/kit/text/TextScale.h"
+#include "ui/kit/text/WritingDirection.h"
 
 #include <QFontMetricsF>
 

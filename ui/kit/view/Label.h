@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/paint/Font.h"
+#include "ui/kit/text/Font.h"
 #include "ui/kit/view/View.h"
 
 #include <QFont>

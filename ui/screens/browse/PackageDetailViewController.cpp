@@ -3,7 +3,7 @@
 #include "ui/classic/BulletText.h"
 #include "ui/classic/ClassicUI.h"
 #include "ui/kit/alert/AlertController.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <algorithm>
 #include <array>

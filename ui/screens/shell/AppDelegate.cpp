@@ -2,7 +2,7 @@
 
 #include "ui/classic/ClassicUI.h"
 #include "ui/kit/paint/Animations.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 #include "ui/screens/shell/RootViewController.h"
 
 #include <QGuiApplication>

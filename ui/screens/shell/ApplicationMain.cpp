@@ -1,7 +1,7 @@
 #include "ui/screens/shell/ApplicationMain.h"
 
-#include "actions/DescriptorLimit.h"
-#include "actions/SignalDispositions.h"
+#include "actions/process/DescriptorLimit.h"
+#include "actions/process/SignalDispositions.h"
 #include "catalog/sources/JsonSourceStore.h"
 #include "resources/VeskResources.h"
 #include "ui/screens/shell/AppDelegate.h"

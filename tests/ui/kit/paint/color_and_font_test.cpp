@@ -1,5 +1,5 @@
 #include "ui/kit/paint/Color.h"
-#include "ui/kit/paint/Font.h"
+#include "ui/kit/text/Font.h"
 
 #include <gtest/gtest.h>
 

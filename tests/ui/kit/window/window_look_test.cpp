@@ -1,7 +1,7 @@
 // What a person prefers of texts and movements, followed while the window is open.
 #include "tests/ui/kit/window/KitWindowTest.h"
 #include "ui/kit/paint/Animations.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The whole program, in a home of its own whose one source is switched off.
 #include "ui/screens/shell/ApplicationMain.h"
 
-#include "actions/ChildProcess.h"
-#include "actions/SignalDispositions.h"
+#include "actions/process/ChildProcess.h"
+#include "actions/process/SignalDispositions.h"
 
 #include <QCoreApplication>
 #include <QDir>

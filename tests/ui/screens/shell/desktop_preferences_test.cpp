@@ -6,7 +6,7 @@
 #include "tests/ui/screens/ScreenWorld.h"
 #include "ui/kit/navigation/TabBarController.h"
 #include "ui/kit/paint/Animations.h"
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 #include "ui/kit/view/Label.h"
 #include "ui/screens/shell/AppDelegate.h"
 

@@ -1,4 +1,4 @@
-#include "actions/DescriptorLimit.h"
+#include "actions/process/DescriptorLimit.h"
 
 #include <mutex>
 #include <optional>

@@ -1,7 +1,7 @@
-#include "actions/ChildProcess.h"
+#include "actions/process/ChildProcess.h"
 
-#include "actions/DescriptorLimit.h"
-#include "actions/SignalDispositions.h"
+#include "actions/process/DescriptorLimit.h"
+#include "actions/process/SignalDispositions.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "actions/SignalDispositions.h"
+#include "actions/process/SignalDispositions.h"
 
 #include <array>
 #include <csignal>

@@ -1,4 +1,4 @@
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "ui/kit/navigation/BarAppearance.h"
 #include "ui/kit/navigation/NavigationController.h"
-#include "ui/kit/paint/Font.h"
-#include "ui/kit/paint/TextScale.h"
 #include "ui/kit/table/TableViewController.h"
+#include "ui/kit/text/Font.h"
+#include "ui/kit/text/TextScale.h"
 #include "ui/kit/view/Button.h"
 
 #include <QFontMetricsF>

@@ -1,6 +1,6 @@
-#include "ui/kit/paint/Font.h"
+#include "ui/kit/text/Font.h"
 
-#include "ui/kit/paint/TextScale.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <QTextLayout>
 

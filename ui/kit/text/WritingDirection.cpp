@@ -1,4 +1,4 @@
-#include "ui/kit/paint/WritingDirection.h"
+#include "ui/kit/text/WritingDirection.h"
 
 #include <QStringList>
 
