@@ -65,7 +65,10 @@ public:
     void merge(ParsedIndex index) { m_index.merge(std::move(index)); }
     const PackageVector& byName() { return m_index.packagesByName(); }
     qsizetype hitsOf(const QString& query) { return static_cast<qsizetype>(m_index.packagesMatching(query).size()); }
-    void clear() { m_index.clear(); }
+    void clear()
+    {
+        m_workers->post([held = m_index.clear()] {});
+    }
     void refresh(const QByteArray& body, Compression compression)
     {
         clear();

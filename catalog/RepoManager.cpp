@@ -96,13 +96,18 @@ void RepoManager::persistState()
     m_world.store->setSources(sources);
 }
 
+void RepoManager::emptyCatalog()
+{
+    m_world.workers->post([held = m_index.clear()] {});
+}
+
 void RepoManager::removeRepository(const VeskRepositoryPtr& repository)
 {
     if (!repository)
         return;
     // The argument may be an element of the very list.
     std::erase_if(m_repositories, [removed = repository.get()](const auto& each) { return each.get() == removed; });
-    m_index.clear();
+    emptyCatalog();
     persistState();
 }
 
@@ -143,7 +148,7 @@ void RepoManager::refreshAllWithCompletion(const Completion& completion)
 {
     setIsLoading(true);
     setErrorMessage(QString());
-    m_index.clear();
+    emptyCatalog();
     std::vector<VeskRepositoryPtr> enabled;
     std::copy_if(m_repositories.begin(), m_repositories.end(), std::back_inserter(enabled),
         [](const VeskRepositoryPtr& repository) { return repository->enabled(); });

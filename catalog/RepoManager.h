@@ -84,6 +84,7 @@ public:
     void sortByName(PackageVector& packages);
 
 private:
+    void emptyCatalog();
     void dropRefreshes();
 
     CatalogWorld m_world;

@@ -4,7 +4,7 @@
 build_packages=(
   ca-certificates ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  zlib1g-dev libbz2-dev libxxhash-dev libicu-dev libglib2.0-dev libcurl4-openssl-dev libmd-dev
+  zlib1g-dev libbz2-dev libxxhash-dev libicu-dev libglib2.0-dev libcurl4-openssl-dev libmd-dev libssl-dev
   libgtest-dev libgmock-dev librsvg2-bin
 )
 # What Vesk needs to open its window, and the demo source and its sandbox besides.
@@ -16,7 +16,7 @@ run_packages=("${build_packages[@]}" "${window_packages[@]}")
 # shellcheck disable=SC2034  # the lists are for the scripts that source this file
 test_packages=(
   "${run_packages[@]}" at-spi2-core clang dbus desktop-file-utils gir1.2-atspi-2.0 git libclang-rt-14-dev libegl1 libgl1-mesa-dri
-  libglib2.0-bin libssl-dev nghttp2-server openssl python3-gi weston xdotool xvfb
+  libglib2.0-bin nghttp2-server openssl python3-gi weston xdotool xvfb
 )
 # shellcheck disable=SC2034
 lint_packages=("${run_packages[@]}" appstream clang-format clang-tidy desktop-file-utils git shellcheck)

@@ -4,6 +4,7 @@
 #include "catalog/text/TextDecoding.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -37,10 +38,19 @@ CatalogIndex::CatalogIndex(PackageList& packages, std::shared_ptr<const NameOrde
 {
 }
 
-void CatalogIndex::clear()
+std::shared_ptr<const void> CatalogIndex::clear()
 {
-    m_packages.clear();
-    bringUpToDate();
+    struct Held
+    {
+        PackageVector packages;
+        std::vector<Segment> segments;
+        PackageVector found;
+        PackageVector sorted;
+    };
+    Held held{ m_packages.takeAll(), std::exchange(m_segments, {}), std::exchange(m_found, {}),
+        std::exchange(m_sorted, {}) };
+    noteAsCurrent();
+    return std::make_shared<Held>(std::move(held));
 }
 
 void CatalogIndex::merge(ParsedIndex index)

@@ -21,8 +21,9 @@ public:
     // The list must outlive this.
     CatalogIndex(PackageList& packages, std::shared_ptr<const NameOrder> order);
 
-    // Empties the list, and lets go of every package at once.
-    void clear();
+    // Empties the list. What it and this held goes with what is returned, which may be let go of on any thread: of a
+    // large catalog that takes longer than a frame.
+    std::shared_ptr<const void> clear();
     // Appends the packages whose identifiers are new to the list, in their order.
     void merge(ParsedIndex index);
 

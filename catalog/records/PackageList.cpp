@@ -24,6 +24,12 @@ void PackageList::assign(PackageVector packages)
     ++m_revision;
 }
 
+PackageVector PackageList::takeAll()
+{
+    ++m_revision;
+    return std::exchange(m_packages, {});
+}
+
 void PackageList::clear()
 {
     m_packages.clear();

@@ -27,6 +27,8 @@ public:
     void push_back(VeskPackagePtr package);
     void append(PackageVector packages);
     void assign(PackageVector packages);
+    // Leaves it empty.
+    PackageVector takeAll();
     void clear();
     // Removes every occurrence of that very record.
     void remove(const VeskPackagePtr& package);

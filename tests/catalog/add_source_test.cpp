@@ -1,7 +1,5 @@
 #include "tests/catalog/CatalogFixture.h"
 
-using namespace Qt::StringLiterals;
-
 class AddSource : public CatalogFixture
 {
 protected:
@@ -36,9 +34,9 @@ protected:
         ASSERT_TRUE(answer.has_value()) << text.toStdString();
         EXPECT_FALSE(answer->success);
         ASSERT_TRUE(answer->error.has_value());
-        EXPECT_EQ(answer->error->domain, u"VeskApp"_s);
+        EXPECT_EQ(answer->error->domain, QStringLiteral("VeskApp"));
         EXPECT_EQ(answer->error->code, 1);
-        EXPECT_EQ(answer->error->localizedDescription, u"Invalid URL"_s);
+        EXPECT_EQ(answer->error->localizedDescription, QStringLiteral("Invalid URL"));
         EXPECT_EQ(manager().repositories().size(), count);
         EXPECT_EQ(m_store->writes, writes);
     }
@@ -59,71 +57,72 @@ protected:
 
 TEST_F(AddSource, refusesTextThatIsEmptyOrAllBlanks)
 {
-    for (const QString& text : { QString(), u""_s, u"  \t\r\n "_s })
+    for (const QString& text : { QString(), QStringLiteral(""), QStringLiteral("  \t\r\n ") })
         expectRefused(text);
 }
 
 TEST_F(AddSource, refusesTextThatIsNoUrl)
 {
-    expectRefused(u"https://exa mple.org"_s);
-    expectRefused(u"exa mple.org"_s);
-    expectRefused(u"https://h/%zz"_s);
+    expectRefused(QStringLiteral("https://exa mple.org"));
+    expectRefused(QStringLiteral("exa mple.org"));
+    expectRefused(QStringLiteral("https://h/%zz"));
 }
 
 TEST_F(AddSource, refusesAHostThatItselfBeginsWithTheFourLetters)
 {
-    expectRefused(u"httpbin.example"_s);
-    expectRefused(u"http"_s);
+    expectRefused(QStringLiteral("httpbin.example"));
+    expectRefused(QStringLiteral("http"));
 }
 
 TEST_F(AddSource, needsNoCompletionToRefuseOrToAcceptADuplicate)
 {
-    manager().addRepositoryWithURLString(u""_s, nullptr);
-    manager().addRepositoryWithURLString(u"a b"_s, nullptr);
-    addSource(u"https://a.example"_s);
-    manager().addRepositoryWithURLString(u"https://a.example"_s, nullptr);
+    manager().addRepositoryWithURLString(QStringLiteral(""), nullptr);
+    manager().addRepositoryWithURLString(QStringLiteral("a b"), nullptr);
+    addSource(QStringLiteral("https://a.example"));
+    manager().addRepositoryWithURLString(QStringLiteral("https://a.example"), nullptr);
     EXPECT_EQ(manager().repositories().size(), 1U);
 }
 
 TEST_F(AddSource, putsTheSchemeBeforeABareHostAndTrimsTheText)
 {
-    const auto source = added(u" \t repo.example.org/ \n"_s);
-    EXPECT_EQ(source->urlString(), u"https://repo.example.org/"_s);
-    EXPECT_EQ(source->name(), u"repo.example.org"_s);
+    const auto source = added(QStringLiteral(" \t repo.example.org/ \n"));
+    EXPECT_EQ(source->urlString(), QStringLiteral("https://repo.example.org/"));
+    EXPECT_EQ(source->name(), QStringLiteral("repo.example.org"));
     EXPECT_TRUE(source->enabled());
 }
 
 TEST_F(AddSource, leavesTextInLowerCaseSchemesAsItIs)
 {
-    EXPECT_EQ(added(u"http://h.example/x"_s)->urlString(), u"http://h.example/x"_s);
-    EXPECT_EQ(added(u"https://h.example"_s)->urlString(), u"https://h.example"_s);
+    EXPECT_EQ(added(QStringLiteral("http://h.example/x"))->urlString(), QStringLiteral("http://h.example/x"));
+    EXPECT_EQ(added(QStringLiteral("https://h.example"))->urlString(), QStringLiteral("https://h.example"));
 }
 
 TEST_F(AddSource, putsTheSchemeBeforeOtherAndUpperCaseSchemesToo)
 {
-    const auto upper = added(u"HTTPS://Repo.Example.org/"_s);
-    EXPECT_EQ(upper->urlString(), u"https://HTTPS://Repo.Example.org/"_s);
-    EXPECT_EQ(upper->name(), u"HTTPS"_s);
-    EXPECT_EQ(added(u"ftp://h.example"_s)->urlString(), u"https://ftp://h.example"_s);
+    const auto upper = added(QStringLiteral("HTTPS://Repo.Example.org/"));
+    EXPECT_EQ(upper->urlString(), QStringLiteral("https://HTTPS://Repo.Example.org/"));
+    EXPECT_EQ(upper->name(), QStringLiteral("HTTPS"));
+    EXPECT_EQ(added(QStringLiteral("ftp://h.example"))->urlString(), QStringLiteral("https://ftp://h.example"));
 }
 
 TEST_F(AddSource, namesTheSourceAfterItsHostEvenWhenItIsADefault)
 {
-    EXPECT_EQ(added(u"https://repo.chariz.com"_s)->name(), u"repo.chariz.com"_s);
-    EXPECT_EQ(added(u"https://user@Host.example:8080/apt/"_s)->name(), u"Host.example"_s);
+    EXPECT_EQ(added(QStringLiteral("https://repo.chariz.com"))->name(), QStringLiteral("repo.chariz.com"));
+    EXPECT_EQ(added(QStringLiteral("https://user@Host.example:8080/apt/"))->name(), QStringLiteral("Host.example"));
 }
 
 TEST_F(AddSource, namesASourceWithoutHostAfterTheEndOfItsText)
 {
-    EXPECT_EQ(added(u"https:///apt/stable/"_s)->name(), u"stable"_s);
+    EXPECT_EQ(added(QStringLiteral("https:///apt/stable/"))->name(), QStringLiteral("stable"));
 }
 
 TEST_F(AddSource, acceptsADuplicateAtOnceAndChangesNothing)
 {
-    const auto known = addSource(u"https://a.example"_s);
+    const auto known = addSource(QStringLiteral("https://a.example"));
     known->setEnabled(false);
     const int writes = m_store->writes;
-    for (const QString& text : { u"https://a.example"_s, u"a.example"_s, u"  https://a.example\n"_s }) {
+    for (const QString& text :
+        { QStringLiteral("https://a.example"), QStringLiteral("a.example"), QStringLiteral("  https://a.example\n") }) {
         const auto answer = add(text);
         ASSERT_TRUE(answer.has_value());
         EXPECT_TRUE(answer->success);
@@ -137,27 +136,28 @@ TEST_F(AddSource, acceptsADuplicateAtOnceAndChangesNothing)
 TEST_F(AddSource, tellsTheSameRootWithAndWithoutASlashApart)
 {
     addSource(m_server.url());
-    EXPECT_FALSE(add(m_server.url(u"/"_s)).has_value());
+    EXPECT_FALSE(add(m_server.url(QStringLiteral("/"))).has_value());
     EXPECT_EQ(manager().repositories().size(), 2U);
     ASSERT_TRUE(wait());
 }
 
 TEST_F(AddSource, tellsHostsInOtherLettersApart)
 {
-    addSource(u"http://LOCALHOST:%1"_s.arg(m_server.port()));
-    EXPECT_FALSE(add(u"http://localhost:%1"_s.arg(m_server.port())).has_value());
+    addSource(QStringLiteral("http://LOCALHOST:%1").arg(m_server.port()));
+    EXPECT_FALSE(add(QStringLiteral("http://localhost:%1").arg(m_server.port())).has_value());
     EXPECT_EQ(manager().repositories().size(), 2U);
 }
 
 TEST_F(AddSource, appendsAndStoresTheSourceBeforeAnythingIsFetched)
 {
-    addSource(u"https://a.example"_s);
-    EXPECT_FALSE(add(m_server.url(u"/r"_s)).has_value());
+    addSource(QStringLiteral("https://a.example"));
+    EXPECT_FALSE(add(m_server.url(QStringLiteral("/r"))).has_value());
     ASSERT_EQ(manager().repositories().size(), 2U);
-    EXPECT_EQ(manager().repositories()[1]->urlString(), m_server.url(u"/r"_s));
-    EXPECT_EQ(manager().repositories()[1]->name(), u"127.0.0.1"_s);
+    EXPECT_EQ(manager().repositories()[1]->urlString(), m_server.url(QStringLiteral("/r")));
+    EXPECT_EQ(manager().repositories()[1]->name(), QStringLiteral("127.0.0.1"));
     ASSERT_EQ(m_store->stored->size(), 2U);
-    EXPECT_EQ((*m_store->stored)[1], (StoredSource{ m_server.url(u"/r"_s), u"127.0.0.1"_s, true }));
+    EXPECT_EQ(
+        (*m_store->stored)[1], (StoredSource{ m_server.url(QStringLiteral("/r")), QStringLiteral("127.0.0.1"), true }));
     EXPECT_TRUE(m_server.requests().empty());
     ASSERT_TRUE(wait());
 }
@@ -165,23 +165,23 @@ TEST_F(AddSource, appendsAndStoresTheSourceBeforeAnythingIsFetched)
 TEST_F(AddSource, fetchesThatSourceAloneAndThenReportsSuccess)
 {
     m_server.serve("/r/Packages.gz", gzipped(stanza("a")));
-    addServedSource(u"/other"_s);
-    EXPECT_FALSE(add(m_server.url(u"/r"_s)).has_value());
+    addServedSource(QStringLiteral("/other"));
+    EXPECT_FALSE(add(m_server.url(QStringLiteral("/r"))).has_value());
     ASSERT_TRUE(wait());
     EXPECT_TRUE((*m_state)->success);
     EXPECT_FALSE((*m_state)->error.has_value());
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
     EXPECT_EQ(m_server.requestedPaths(), std::vector<QByteArray>({ "/r/Packages.bz2", "/r/Packages.gz" }));
     EXPECT_FALSE(manager().isLoading());
 }
 
 TEST_F(AddSource, reportsSuccessEvenWhenNothingCanBeFetched)
 {
-    EXPECT_FALSE(add(m_server.url(u"/missing"_s)).has_value());
+    EXPECT_FALSE(add(m_server.url(QStringLiteral("/missing"))).has_value());
     ASSERT_TRUE(wait());
     EXPECT_TRUE((*m_state)->success);
     EXPECT_FALSE((*m_state)->error.has_value());
-    EXPECT_EQ(manager().errorMessage(), u"Could not fetch repository packages"_s);
+    EXPECT_EQ(manager().errorMessage(), QStringLiteral("Could not fetch repository packages"));
     EXPECT_EQ(manager().repositories().size(), 1U);
     EXPECT_EQ(m_store->stored->size(), 1U);
 }
@@ -189,6 +189,6 @@ TEST_F(AddSource, reportsSuccessEvenWhenNothingCanBeFetched)
 TEST_F(AddSource, fetchesWithoutACompletionToo)
 {
     m_server.serve("/r/Packages.bz2", stanza("a"));
-    manager().addRepositoryWithURLString(m_server.url(u"/r"_s), nullptr);
+    manager().addRepositoryWithURLString(m_server.url(QStringLiteral("/r")), nullptr);
     ASSERT_TRUE(QTest::qWaitFor([this] { return manager().packages().size() == 1; }, patience));
 }

@@ -9,8 +9,6 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int longestWait = 60000;
@@ -20,11 +18,11 @@ class CatalogProcess : public testing::Test
 protected:
     void start()
     {
-        JsonSourceStore store(m_directory.filePath(u"vesk/defaults.json"_s));
-        ASSERT_TRUE(
-            store.setSources({ { m_server.url(u"/1"_s), u"1"_s, true }, { m_server.url(u"/2"_s), u"2"_s, true } }));
+        JsonSourceStore store(m_directory.filePath(QStringLiteral("vesk/defaults.json")));
+        ASSERT_TRUE(store.setSources({ { m_server.url(QStringLiteral("/1")), QStringLiteral("1"), true },
+            { m_server.url(QStringLiteral("/2")), QStringLiteral("2"), true } }));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"XDG_CONFIG_HOME"_s, m_directory.path());
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_directory.path());
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
         m_process.start(QStringLiteral(CATALOG_PROBE), {});
@@ -79,7 +77,7 @@ TEST_F(CatalogProcess, endsCleanlyWhileBodiesPourIn)
         ASSERT_TRUE(waitFor([&] { return m_server.bytesSent() - before > 1000 * 1000; }));
         // On a fast machine the bodies may have come to the limit by now, and every refresh to its end.
         const QString printed = end();
-        EXPECT_TRUE(printed.isEmpty() || printed == u"finished\n"_s) << printed.toStdString();
+        EXPECT_TRUE(printed.isEmpty() || printed == QStringLiteral("finished\n")) << printed.toStdString();
     }
 }
 
@@ -95,6 +93,6 @@ TEST_F(CatalogProcess, endsCleanlyWhileAnIndexIsRead)
         start();
         ASSERT_TRUE(waitFor([&] { return m_server.bytesSent() - before >= 2 * text.size(); }));
         const QString printed = end();
-        EXPECT_TRUE(printed.isEmpty() || printed == u"finished\n"_s) << printed.toStdString();
+        EXPECT_TRUE(printed.isEmpty() || printed == QStringLiteral("finished\n")) << printed.toStdString();
     }
 }

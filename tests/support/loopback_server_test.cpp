@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int patience = 20000;
@@ -34,9 +32,9 @@ TEST(LoopbackServer, answersWhatItWasGivenAnd404Otherwise)
 {
     LoopbackServer server;
     server.serve("/a?b=c", "body");
-    EXPECT_EQ(get(server, u"/a?b=c"_s).body, "body");
-    EXPECT_EQ(get(server, u"/a?b=c"_s).status, 200);
-    EXPECT_EQ(get(server, u"/a"_s).status, 404);
+    EXPECT_EQ(get(server, QStringLiteral("/a?b=c")).body, "body");
+    EXPECT_EQ(get(server, QStringLiteral("/a?b=c")).status, 200);
+    EXPECT_EQ(get(server, QStringLiteral("/a")).status, 404);
     EXPECT_EQ(server.requestedPaths(), std::vector<QByteArray>({ "/a?b=c", "/a?b=c", "/a" }));
     EXPECT_FALSE(server.requests()[0].header("host").isNull());
     EXPECT_TRUE(server.requests()[0].header("no-such").isNull());
@@ -63,7 +61,7 @@ TEST(LoopbackServer, sendsFillerWithoutKeepingIt)
     reply.body = "start";
     reply.fillerSize = 3000000;
     server.setReply("/a", reply);
-    const Answer answer = get(server, u"/a"_s);
+    const Answer answer = get(server, QStringLiteral("/a"));
     EXPECT_EQ(answer.body.size(), 3000005);
     EXPECT_TRUE(answer.body.startsWith("startxxx"));
 }
@@ -76,13 +74,13 @@ TEST(LoopbackServer, holdsAReplyBackUntilItIsReleased)
     reply.timing = LoopbackServer::Timing::Held;
     server.setReply("/a", reply);
     QNetworkAccessManager network;
-    const std::unique_ptr<QNetworkReply> held(network.get(QNetworkRequest(QUrl(server.url(u"/a"_s)))));
+    const std::unique_ptr<QNetworkReply> held(network.get(QNetworkRequest(QUrl(server.url(QStringLiteral("/a"))))));
     ASSERT_TRUE(QTest::qWaitFor([&] { return server.requests().size() == 1; }, patience));
     EXPECT_FALSE(held->isFinished());
     server.release("/a");
     ASSERT_TRUE(QTest::qWaitFor([&] { return held->isFinished(); }, patience));
     EXPECT_EQ(held->readAll(), "late");
-    EXPECT_EQ(get(server, u"/a"_s).body, "late");
+    EXPECT_EQ(get(server, QStringLiteral("/a")).body, "late");
 }
 
 TEST(LoopbackServer, breaksOffAndResetsAndTalksNonsenseOnRequest)
@@ -97,7 +95,7 @@ TEST(LoopbackServer, breaksOffAndResetsAndTalksNonsenseOnRequest)
     server.setReply("/reset", reply);
     reply.garbage = "nonsense";
     server.setReply("/garbage", reply);
-    EXPECT_NE(get(server, u"/close"_s).error, QNetworkReply::NoError);
-    EXPECT_NE(get(server, u"/reset"_s).error, QNetworkReply::NoError);
-    EXPECT_NE(get(server, u"/garbage"_s).error, QNetworkReply::NoError);
+    EXPECT_NE(get(server, QStringLiteral("/close")).error, QNetworkReply::NoError);
+    EXPECT_NE(get(server, QStringLiteral("/reset")).error, QNetworkReply::NoError);
+    EXPECT_NE(get(server, QStringLiteral("/garbage")).error, QNetworkReply::NoError);
 }

@@ -5,8 +5,6 @@
 #include <QHash>
 #include <QStringDecoder>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 // A byte order mark is a character like any other: the name of the field behind it is another one.
@@ -26,16 +24,21 @@ using Stanza = QHash<QString, QString>;
 
 void addFields(const Stanza& stanza, QStringList& fields)
 {
-    const QString package = stanza.value(u"Package"_s);
+    const QString package = stanza.value(QStringLiteral("Package"));
     if (package.isEmpty())
         return;
-    const QString sileoDepiction = stanza.value(u"SileoDepiction"_s, stanza.value(u"ModernDepiction"_s, u""_s));
-    fields << package << stanza.value(u"Name"_s, package) << stanza.value(u"Version"_s, u"0"_s)
-           << stanza.value(u"Description"_s, u""_s)
-           << stanza.value(u"Author"_s, stanza.value(u"Maintainer"_s, u"Unknown"_s))
-           << stanza.value(u"Maintainer"_s, u""_s) << stanza.value(u"Section"_s, u"Other"_s)
-           << stanza.value(u"Icon"_s, u""_s) << stanza.value(u"Depiction"_s, sileoDepiction)
-           << stanza.value(u"Homepage"_s, u""_s);
+    const QString sileoDepiction = stanza.value(
+        QStringLiteral("SileoDepiction"), stanza.value(QStringLiteral("ModernDepiction"), QStringLiteral("")));
+    fields << package << stanza.value(QStringLiteral("Name"), package)
+           << stanza.value(QStringLiteral("Version"), QStringLiteral("0"))
+           << stanza.value(QStringLiteral("Description"), QStringLiteral(""))
+           << stanza.value(
+                  QStringLiteral("Author"), stanza.value(QStringLiteral("Maintainer"), QStringLiteral("Unknown")))
+           << stanza.value(QStringLiteral("Maintainer"), QStringLiteral(""))
+           << stanza.value(QStringLiteral("Section"), QStringLiteral("Other"))
+           << stanza.value(QStringLiteral("Icon"), QStringLiteral(""))
+           << stanza.value(QStringLiteral("Depiction"), sileoDepiction)
+           << stanza.value(QStringLiteral("Homepage"), QStringLiteral(""));
 }
 
 QStringList plainlyParsed(const QString& text)

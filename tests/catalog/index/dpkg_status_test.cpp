@@ -8,8 +8,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 // "(none)" when nothing is told of the package.
@@ -38,7 +36,7 @@ public:
 private:
     static std::size_t addressSpace()
     {
-        QFile file(u"/proc/self/statm"_s);
+        QFile file(QStringLiteral("/proc/self/statm"));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.readAll().split(' ').first().toULongLong() * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
     }
@@ -70,7 +68,8 @@ protected:
 TEST(DpkgStatus, looksAtTheThreePlacesInTheirOrder)
 {
     EXPECT_EQ(DpkgStatus::standardPaths(),
-        QStringList({ u"/var/lib/dpkg/status"_s, u"/var/lib/apt/dpkg/status"_s, u"/Library/dpkg/status"_s }));
+        QStringList({ QStringLiteral("/var/lib/dpkg/status"), QStringLiteral("/var/lib/apt/dpkg/status"),
+            QStringLiteral("/Library/dpkg/status") }));
 }
 
 TEST(DpkgStatus, findsTheVersionOfEachStanza)
@@ -154,35 +153,35 @@ TEST(DpkgStatus, readsPastAByteOrderMark)
 
 TEST_F(DpkgStatusFiles, areReadFromTheSecondPlaceWhenTheFirstIsMissing)
 {
-    const QString second = write(u"second"_s, "Package: a\nVersion: 1\n");
-    EXPECT_EQ(versionIn({ m_directory.filePath(u"missing"_s), second }, "a"), "1");
+    const QString second = write(QStringLiteral("second"), "Package: a\nVersion: 1\n");
+    EXPECT_EQ(versionIn({ m_directory.filePath(QStringLiteral("missing")), second }, "a"), "1");
 }
 
 TEST_F(DpkgStatusFiles, endTheSearchWithTheFirstThatCanBeReadEvenWhenItIsEmpty)
 {
-    const QString first = write(u"first"_s, "");
-    const QString second = write(u"second"_s, "Package: a\nVersion: 1\n");
+    const QString first = write(QStringLiteral("first"), "");
+    const QString second = write(QStringLiteral("second"), "Package: a\nVersion: 1\n");
     EXPECT_EQ(versionIn({ first, second }, "a"), "(none)");
-    EXPECT_EQ(versionIn({ write(u"other"_s, "Package: b\nVersion: 2\n"), second }, "a"), "(none)");
+    EXPECT_EQ(versionIn({ write(QStringLiteral("other"), "Package: b\nVersion: 2\n"), second }, "a"), "(none)");
 }
 
 TEST_F(DpkgStatusFiles, tellNothingWhenNoneCanBeRead)
 {
-    EXPECT_EQ(versionIn({ m_directory.filePath(u"missing"_s), m_directory.path() }, "a"), "(none)");
+    EXPECT_EQ(versionIn({ m_directory.filePath(QStringLiteral("missing")), m_directory.path() }, "a"), "(none)");
 }
 
 TEST_F(DpkgStatusFiles, doNotBlockOnAPipeInTheirPlace)
 {
-    const QString pipe = m_directory.filePath(u"pipe"_s);
+    const QString pipe = m_directory.filePath(QStringLiteral("pipe"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    EXPECT_EQ(versionIn({ pipe, write(u"second"_s, "Package: a\nVersion: 1\n") }, "a"), "1");
+    EXPECT_EQ(versionIn({ pipe, write(QStringLiteral("second"), "Package: a\nVersion: 1\n") }, "a"), "1");
 }
 
 TEST_F(DpkgStatusFiles, arePassedOverWhenTheyAreLargerThanAnyStatusFile)
 {
     constexpr qint64 largest = qint64(256) * 1024 * 1024;
-    QFile first(write(u"first"_s, "Package: a\nVersion: 1\n\n"));
-    const QString second = write(u"second"_s, "Package: a\nVersion: 2\n");
+    QFile first(write(QStringLiteral("first"), "Package: a\nVersion: 1\n\n"));
+    const QString second = write(QStringLiteral("second"), "Package: a\nVersion: 2\n");
     ASSERT_TRUE(first.resize(largest));
     EXPECT_EQ(versionIn({ first.fileName(), second }, "a"), "1");
     ASSERT_TRUE(first.resize(largest + 1));
@@ -191,7 +190,7 @@ TEST_F(DpkgStatusFiles, arePassedOverWhenTheyAreLargerThanAnyStatusFile)
 
 TEST_F(DpkgStatusFiles, doNotTakeTheMemoryOfTheLargestForASmallOne)
 {
-    const QString path = write(u"small"_s, "Package: a\nVersion: 1\n");
+    const QString path = write(QStringLiteral("small"), "Package: a\nVersion: 1\n");
     std::string version;
     {
         const LittleMemory little(std::size_t(64) << 20);
@@ -204,24 +203,24 @@ TEST_F(DpkgStatusFiles, tellTheManagerNothingForNoIdentifierEvenWhenAStanzaHasAn
 {
     writeStatus("Package:\nVersion: 1\n");
     EXPECT_TRUE(manager().installedVersionForPackage(QString()).isNull());
-    EXPECT_EQ(manager().installedVersionForPackage(u""_s), u"1"_s);
+    EXPECT_EQ(manager().installedVersionForPackage(QStringLiteral("")), QStringLiteral("1"));
 }
 
 TEST_F(DpkgStatusFiles, areReadAnewByEveryQuestionToTheManager)
 {
-    EXPECT_TRUE(manager().installedVersionForPackage(u"a"_s).isNull());
+    EXPECT_TRUE(manager().installedVersionForPackage(QStringLiteral("a")).isNull());
     writeStatus("Package: a\nVersion: 1\n");
-    EXPECT_EQ(manager().installedVersionForPackage(u"a"_s), u"1"_s);
+    EXPECT_EQ(manager().installedVersionForPackage(QStringLiteral("a")), QStringLiteral("1"));
     writeStatus("Package: a\nVersion: 2\n");
-    EXPECT_EQ(manager().installedVersionForPackage(u"a"_s), u"2"_s);
+    EXPECT_EQ(manager().installedVersionForPackage(QStringLiteral("a")), QStringLiteral("2"));
 }
 
 TEST_F(DpkgStatusFiles, giveTheManagerNullForAbsentAndEmptyForAnEmptyVersion)
 {
     writeStatus("Package: a\nVersion:\n\nPackage: b\n");
-    EXPECT_FALSE(manager().installedVersionForPackage(u"a"_s).isNull());
-    EXPECT_TRUE(manager().installedVersionForPackage(u"a"_s).isEmpty());
-    EXPECT_TRUE(manager().installedVersionForPackage(u"b"_s).isNull());
-    EXPECT_TRUE(manager().installedVersionForPackage(u"c"_s).isNull());
+    EXPECT_FALSE(manager().installedVersionForPackage(QStringLiteral("a")).isNull());
+    EXPECT_TRUE(manager().installedVersionForPackage(QStringLiteral("a")).isEmpty());
+    EXPECT_TRUE(manager().installedVersionForPackage(QStringLiteral("b")).isNull());
+    EXPECT_TRUE(manager().installedVersionForPackage(QStringLiteral("c")).isNull());
     EXPECT_TRUE(manager().installedVersionForPackage(QString()).isNull());
 }

@@ -2,8 +2,6 @@
 
 #include <QElapsedTimer>
 
-using namespace Qt::StringLiterals;
-
 // One source's refresh, seen from the requests it makes and from what it leaves behind.
 class IndexDownloading : public CatalogFixture
 {
@@ -17,7 +15,7 @@ protected:
 
 TEST_F(IndexDownloading, triesTheFiveNamesOneAfterTheOther)
 {
-    const auto source = addServedSource(u"/r"_s);
+    const auto source = addServedSource(QStringLiteral("/r"));
     ASSERT_TRUE(refresh(source));
     EXPECT_EQ(m_server.requestedPaths(),
         std::vector<QByteArray>(
@@ -28,7 +26,7 @@ TEST_F(IndexDownloading, triesTheFiveNamesOneAfterTheOther)
 
 TEST_F(IndexDownloading, addsASlashToTheRootOnlyWhenItHasNone)
 {
-    ASSERT_TRUE(refresh(addServedSource(u"/r/"_s)));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r/"))));
     EXPECT_EQ(m_server.requestedPaths().front(), "/r/Packages.bz2");
     ASSERT_TRUE(refresh(addSource(m_server.url())));
     EXPECT_EQ(m_server.requestedPaths()[5], "/Packages.bz2");
@@ -41,7 +39,7 @@ TEST_F(IndexDownloading, sendsHostAndUserAgentAlone)
     withCookie.headers = { { "Set-Cookie", "a=b; Path=/" }, { "ETag", "\"x\"" },
         { "Last-Modified", "Mon, 02 Jan 2023 00:00:00 GMT" } };
     m_server.setReply("/r/Packages.bz2", withCookie);
-    const auto source = addServedSource(u"/r"_s);
+    const auto source = addServedSource(QStringLiteral("/r"));
     serveIndex("Packages.gz", gzipped(stanza("a")));
     ASSERT_TRUE(refresh(source));
     ASSERT_TRUE(refresh(source));
@@ -57,10 +55,10 @@ TEST_F(IndexDownloading, sendsHostAndUserAgentAlone)
 TEST_F(IndexDownloading, stopsAtTheFirstNameThatBringsPackages)
 {
     serveIndex("Packages.gz", gzipped(stanza("a")));
-    const auto source = addServedSource(u"/r"_s);
+    const auto source = addServedSource(QStringLiteral("/r"));
     ASSERT_TRUE(refresh(source));
     EXPECT_EQ(m_server.requests().size(), 2U);
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
     EXPECT_TRUE(errorMessage().isNull());
     EXPECT_TRUE(source->lastRefresh().isValid());
     EXPECT_LE(source->lastRefresh().secsTo(QDateTime::currentDateTime()), 60);
@@ -80,20 +78,20 @@ TEST_F(IndexDownloading, readsEachNameInItsOwnWay)
         m_server.serve('/' + name + "/" + name, body);
         manager().packages().clear();
         ASSERT_TRUE(refresh(addServedSource(u'/' + QString::fromLatin1(name))));
-        EXPECT_EQ(packageIDs(), QStringList(u"a"_s)) << name.constData();
+        EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a"))) << name.constData();
     }
 }
 
 TEST_F(IndexDownloading, readsPlainTextUnderACompressedName)
 {
     serveIndex("Packages.bz2", stanza("a"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
     EXPECT_EQ(m_server.requests().size(), 1U);
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
     serveIndex("Packages.bz2", "");
     serveIndex("Packages.gz", stanza("b"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList({ u"a"_s, u"b"_s }));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList({ QStringLiteral("a"), QStringLiteral("b") }));
 }
 
 TEST_F(IndexDownloading, goesOnToTheNextNameAfterATruncatedGzipBody)
@@ -101,9 +99,9 @@ TEST_F(IndexDownloading, goesOnToTheNextNameAfterATruncatedGzipBody)
     const QByteArray packed = gzipped(stanza("a").repeated(1000));
     serveIndex("Packages.gz", packed.left(packed.size() - 9));
     serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
     EXPECT_EQ(m_server.requests().size(), 4U);
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
 }
 
 TEST_F(IndexDownloading, doesNotReadTrueXzData)
@@ -111,14 +109,14 @@ TEST_F(IndexDownloading, doesNotReadTrueXzData)
     const QByteArray xz = QByteArray::fromHex("fd377a585a000004e6d6b44602002101160000007430e2b7"
                                               "0100085061636b6167653a0000000000");
     serveIndex("Packages.xz", xz);
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
     EXPECT_EQ(m_server.requests().size(), 5U);
     EXPECT_TRUE(hasFailed());
 }
 
 TEST_F(IndexDownloading, takesAnyStatusBut200ForAFailure)
 {
-    const auto source = addServedSource(u"/r"_s);
+    const auto source = addServedSource(QStringLiteral("/r"));
     serveIndex("Packages", stanza("plain"));
     for (const int status : { 201, 203, 204, 206, 304, 400, 401, 403, 404, 407, 410, 500, 503 }) {
         LoopbackServer::Reply reply;
@@ -127,7 +125,7 @@ TEST_F(IndexDownloading, takesAnyStatusBut200ForAFailure)
         m_server.setReply("/r/Packages.bz2", reply);
         manager().packages().clear();
         ASSERT_TRUE(refresh(source));
-        EXPECT_EQ(packageIDs(), QStringList(u"plain"_s)) << status;
+        EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain"))) << status;
     }
 }
 
@@ -135,8 +133,8 @@ TEST_F(IndexDownloading, takesAnEmptyBodyForAFailure)
 {
     serveIndex("Packages.bz2", "");
     serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
 }
 
 TEST_F(IndexDownloading, takesAnIndexWithoutPackagesForAFailure)
@@ -144,8 +142,8 @@ TEST_F(IndexDownloading, takesAnIndexWithoutPackagesForAFailure)
     serveIndex("Packages.bz2", bzipped("no package here\n"));
     serveIndex("Packages.gz", gzipped("Name: nobody\n\n"));
     serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
 }
 
 TEST_F(IndexDownloading, survivesEveryWayAServerCanBreak)
@@ -167,8 +165,8 @@ TEST_F(IndexDownloading, survivesEveryWayAServerCanBreak)
     m_server.setReply("/r/Packages.xz", garbage);
     m_server.setReply("/r/Packages", silent);
     serveIndex("Packages.zst", stanza("last"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"last"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("last")));
 }
 
 TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOff)
@@ -177,13 +175,13 @@ TEST_F(IndexDownloading, neverTakesABodyForWholeThatBreaksOff)
     broken.body = stanza("wrong").repeated(500);
     broken.declaredLength = 1 << 20;
     serveIndex("Packages", stanza("plain"));
-    const auto source = addServedSource(u"/r"_s);
+    const auto source = addServedSource(QStringLiteral("/r"));
     for (int round = 0; round < 40; ++round) {
         broken.ending = round % 4 == 0 ? LoopbackServer::Ending::Close : LoopbackServer::Ending::Reset;
         m_server.setReply("/r/Packages.bz2", broken);
         manager().packages().clear();
         ASSERT_TRUE(refresh(source));
-        ASSERT_EQ(packageIDs(), QStringList(u"plain"_s)) << round;
+        ASSERT_EQ(packageIDs(), QStringList(QStringLiteral("plain"))) << round;
     }
 }
 
@@ -194,8 +192,8 @@ TEST_F(IndexDownloading, readsABodyWhoseEndIsTheEndOfTheConnection)
     reply.declaredLength = -1;
     reply.ending = LoopbackServer::Ending::Close;
     m_server.setReply("/r/Packages.bz2", reply);
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
 }
 
 TEST_F(IndexDownloading, readsAGzipIndexThatTheServerAlsoDeclaresAsEncoded)
@@ -204,17 +202,17 @@ TEST_F(IndexDownloading, readsAGzipIndexThatTheServerAlsoDeclaresAsEncoded)
     reply.body = gzipped(stanza("a"));
     reply.headers = { { "Content-Encoding", "gzip" } };
     m_server.setReply("/r/Packages.gz", reply);
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
 }
 
 TEST_F(IndexDownloading, followsRedirects)
 {
     m_server.redirect("/r/Packages.bz2", "/elsewhere/index");
-    m_server.redirect("/elsewhere/index", m_server.url(u"/final"_s).toLatin1(), 301);
+    m_server.redirect("/elsewhere/index", m_server.url(QStringLiteral("/final")).toLatin1(), 301);
     m_server.serve("/final", bzipped(stanza("a")));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
     for (const LoopbackServer::Request& request : m_server.requests())
         EXPECT_EQ(request.header("User-Agent"), "Telesphoreo APT-HTTP/1.0.592");
 }
@@ -231,8 +229,8 @@ TEST_F(IndexDownloading, followsARedirectWhateverStandsInItsOwnBody)
     final.ending = LoopbackServer::Ending::Close;
     m_server.setReply("/r/Packages.bz2", redirect);
     m_server.setReply("/final", final);
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"a"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("a")));
 }
 
 TEST_F(IndexDownloading, goesOnToTheNextNameAfterABodyOfNoToldLengthThatIsReset)
@@ -243,13 +241,13 @@ TEST_F(IndexDownloading, goesOnToTheNextNameAfterABodyOfNoToldLengthThatIsReset)
     reset.ending = LoopbackServer::Ending::Reset;
     m_server.setReply("/r/Packages.bz2", reset);
     serveIndex("Packages.gz", gzipped(stanza("whole")));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"whole"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("whole")));
 }
 
 TEST_F(IndexDownloading, followsRedirectsNeitherInACircleNorOutOfTheWeb)
 {
-    QFile file(m_directory.filePath(u"local"_s));
+    QFile file(m_directory.filePath(QStringLiteral("local")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(stanza("local"));
     file.close();
@@ -257,19 +255,19 @@ TEST_F(IndexDownloading, followsRedirectsNeitherInACircleNorOutOfTheWeb)
     m_server.redirect("/r/Packages.gz", "file://" + QFile::encodeName(file.fileName()));
     m_server.redirect("/r/Packages.xz", "data:text/plain,Package:%20a");
     serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
 }
 
 TEST_F(IndexDownloading, asksNoUrlThatIsNotOfTheWeb)
 {
-    QFile file(m_directory.filePath(u"Packages"_s));
+    QFile file(m_directory.filePath(QStringLiteral("Packages")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(stanza("local"));
     file.close();
-    ASSERT_TRUE(refresh(addSource(u"file://"_s + m_directory.path())));
+    ASSERT_TRUE(refresh(addSource(QStringLiteral("file://") + m_directory.path())));
     EXPECT_TRUE(hasFailed());
-    ASSERT_TRUE(refresh(addSource(u"127.0.0.1"_s)));
+    ASSERT_TRUE(refresh(addSource(QStringLiteral("127.0.0.1"))));
     EXPECT_TRUE(hasFailed());
 }
 
@@ -280,7 +278,7 @@ TEST_F(IndexDownloading, failsWhenNobodyListens)
         LoopbackServer gone;
         port = gone.port();
     }
-    ASSERT_TRUE(refresh(addSource(u"http://127.0.0.1:%1"_s.arg(port))));
+    ASSERT_TRUE(refresh(addSource(QStringLiteral("http://127.0.0.1:%1").arg(port))));
     EXPECT_TRUE(hasFailed());
 }
 
@@ -300,8 +298,8 @@ TEST_F(IndexDownloading, givesUpOnAServerThatFallsSilent)
     m_server.setReply("/r/Packages.bz2", stalled);
     m_server.setReply("/r/Packages.gz", mute);
     serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
 }
 
 TEST_F(IndexDownloading, givesUpABodyThatComesTooSlowly)
@@ -318,8 +316,8 @@ TEST_F(IndexDownloading, givesUpABodyThatComesTooSlowly)
     slow.ending = LoopbackServer::Ending::Stall;
     m_server.setReply("/r/Packages.bz2", slow);
     serveIndex("Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
 }
 
 TEST_F(IndexDownloading, waitsTwentySecondsForASilentServerUnlessToldOtherwise)
@@ -330,8 +328,8 @@ TEST_F(IndexDownloading, waitsTwentySecondsForASilentServerUnlessToldOtherwise)
 TEST_F(IndexDownloading, readsBytesThatAreNotUtf8AsLatin1)
 {
     serveIndex("Packages.bz2", bzipped("Package: a\nName: caf\xe9\n\nPackage: b\nName: \xc3\xa9\n"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(namesOf(manager().packages()), QStringList({ u"café"_s, u"Ã©"_s }));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(namesOf(manager().packages()), QStringList({ QStringLiteral("café"), QStringLiteral("Ã©") }));
 }
 
 TEST_F(IndexDownloading, readsTheWholeIndexAsLatin1WhenOnlyItsEndIsNotUtf8)
@@ -341,26 +339,26 @@ TEST_F(IndexDownloading, readsTheWholeIndexAsLatin1WhenOnlyItsEndIsNotUtf8)
         text += stanza("p" + QByteArray::number(number));
     text += "Package: last\nName: \xff\n";
     serveIndex("Packages.gz", gzipped(text));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
     ASSERT_EQ(manager().packages().size(), 20002U);
-    EXPECT_EQ(manager().packages()[0]->name(), u"Ã©"_s);
-    EXPECT_EQ(manager().packages()[20001]->name(), u"ÿ"_s);
+    EXPECT_EQ(manager().packages()[0]->name(), QStringLiteral("Ã©"));
+    EXPECT_EQ(manager().packages()[20001]->name(), QStringLiteral("ÿ"));
 }
 
 // The name of a field is what stands before its colon, exactly as it is written.
 TEST_F(IndexDownloading, takesAByteOrderMarkForPartOfTheFirstFieldsNameAsTheParserDoes)
 {
     serveIndex("Packages.bz2", "\xef\xbb\xbfPackage: a\nName: \xc3\xa9\n\nPackage: b\nName: \xc3\xa9\n");
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"b"_s));
-    EXPECT_EQ(namesOf(manager().packages()), QStringList(u"é"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("b")));
+    EXPECT_EQ(namesOf(manager().packages()), QStringList(QStringLiteral("é")));
 }
 
 TEST_F(IndexDownloading, takesTheInstalledVersionsOfTheMomentOfItsOwnParse)
 {
     writeStatus("Package: a\nVersion: 1\n");
     serveIndex("Packages.bz2", bzipped("Package: a\nVersion: 1\n\nPackage: b\n"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
     EXPECT_TRUE(manager().packages()[0]->installed());
     EXPECT_FALSE(manager().packages()[0]->hasUpdate());
     EXPECT_FALSE(manager().packages()[1]->installed());

@@ -5,16 +5,14 @@
 #include <cstring>
 #include <limits>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 ParsedIndex read(const QByteArray& body, Compression compression, const IndexLimits& limits)
 {
     IndexJob job;
     job.compression = compression;
-    job.repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
-    job.nameOrder = std::make_shared<const NameOrder>(u"en"_s);
+    job.repository = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
+    job.nameOrder = std::make_shared<const NameOrder>(QStringLiteral("en"));
     job.limits = limits;
     return readIndex(job, body);
 }
@@ -121,8 +119,8 @@ TEST(IndexLimitsOfReading, cutALineAtTheSameByteHoweverItArrives)
             parser.feed({ piece.constData(), static_cast<std::size_t>(piece.size()) });
         const PackageVector packages = parser.finish();
         ASSERT_EQ(packages.size(), 1U);
-        ASSERT_EQ(packages[0]->desc(), u"xx\u00e9"_s) << cut;
-        ASSERT_EQ(packages[0]->name(), u"b"_s) << cut;
+        ASSERT_EQ(packages[0]->desc(), QStringLiteral("xx\u00e9")) << cut;
+        ASSERT_EQ(packages[0]->name(), QStringLiteral("b")) << cut;
     }
 }
 
@@ -170,8 +168,8 @@ TEST_F(IndexLimitsOfDownloading, cutAnEndlessBodyShort)
     endless.ending = LoopbackServer::Ending::Close;
     m_server.setReply("/r/Packages.bz2", endless);
     m_server.serve("/r/Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
     EXPECT_LT(m_server.bytesSent(), LoopbackServer::mostHeldUnread());
 }
 
@@ -183,7 +181,7 @@ TEST_F(IndexLimitsOfDownloading, leaveAnEndlessErrorPageUnread)
     endless.ending = LoopbackServer::Ending::Close;
     m_server.setReply("/r/Packages.bz2", endless);
     m_server.serve("/r/Packages", stanza("plain"));
-    ASSERT_TRUE(refresh(addServedSource(u"/r"_s)));
-    EXPECT_EQ(packageIDs(), QStringList(u"plain"_s));
+    ASSERT_TRUE(refresh(addServedSource(QStringLiteral("/r"))));
+    EXPECT_EQ(packageIDs(), QStringList(QStringLiteral("plain")));
     EXPECT_LT(m_server.bytesSent(), LoopbackServer::mostHeldUnread());
 }

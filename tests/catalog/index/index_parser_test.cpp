@@ -1,8 +1,6 @@
 #include "catalog/index/IndexParser.h"
 #include "tests/catalog/CatalogFixture.h"
 
-using namespace Qt::StringLiterals;
-
 class IndexParsing : public CatalogFixture
 {
 protected:
@@ -15,7 +13,8 @@ protected:
         return packages.empty() ? std::make_shared<VeskPackage>() : packages.front();
     }
 
-    VeskRepositoryPtr m_source = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    VeskRepositoryPtr m_source
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
 };
 
 namespace {
@@ -29,30 +28,31 @@ bool isEmptyText(const QString& text)
 
 TEST_F(IndexParsing, fillsEveryFieldFromItsLine)
 {
-    const auto package = parseOne(u"Package: org.a\nName: Alpha\nVersion: 1.2\nDescription: It is\nAuthor: Ann <a@b>\n"
+    const auto package
+        = parseOne(QStringLiteral("Package: org.a\nName: Alpha\nVersion: 1.2\nDescription: It is\nAuthor: Ann <a@b>\n"
                                   "Maintainer: Max\nSection: Tools/Net\nIcon: file:///i.png\nDepiction: https://d/\n"
-                                  "Homepage: https://h/\nArchitecture: all\n"_s);
-    EXPECT_EQ(package->packageID(), u"org.a"_s);
-    EXPECT_EQ(package->name(), u"Alpha"_s);
-    EXPECT_EQ(package->version(), u"1.2"_s);
-    EXPECT_EQ(package->desc(), u"It is"_s);
-    EXPECT_EQ(package->author(), u"Ann <a@b>"_s);
-    EXPECT_EQ(package->maintainer(), u"Max"_s);
-    EXPECT_EQ(package->section(), u"Tools/Net"_s);
-    EXPECT_EQ(package->iconURLString(), u"file:///i.png"_s);
-    EXPECT_EQ(package->depictionURLString(), u"https://d/"_s);
-    EXPECT_EQ(package->homepageURLString(), u"https://h/"_s);
+                                  "Homepage: https://h/\nArchitecture: all\n"));
+    EXPECT_EQ(package->packageID(), QStringLiteral("org.a"));
+    EXPECT_EQ(package->name(), QStringLiteral("Alpha"));
+    EXPECT_EQ(package->version(), QStringLiteral("1.2"));
+    EXPECT_EQ(package->desc(), QStringLiteral("It is"));
+    EXPECT_EQ(package->author(), QStringLiteral("Ann <a@b>"));
+    EXPECT_EQ(package->maintainer(), QStringLiteral("Max"));
+    EXPECT_EQ(package->section(), QStringLiteral("Tools/Net"));
+    EXPECT_EQ(package->iconURLString(), QStringLiteral("file:///i.png"));
+    EXPECT_EQ(package->depictionURLString(), QStringLiteral("https://d/"));
+    EXPECT_EQ(package->homepageURLString(), QStringLiteral("https://h/"));
     EXPECT_EQ(package->repository(), m_source);
 }
 
 TEST_F(IndexParsing, givesAStanzaOfNothingButAnIdentifierItsDefaults)
 {
-    const auto package = parseOne(u"Package: a"_s);
-    EXPECT_EQ(package->packageID(), u"a"_s);
-    EXPECT_EQ(package->name(), u"a"_s);
-    EXPECT_EQ(package->version(), u"0"_s);
-    EXPECT_EQ(package->author(), u"Unknown"_s);
-    EXPECT_EQ(package->section(), u"Other"_s);
+    const auto package = parseOne(QStringLiteral("Package: a"));
+    EXPECT_EQ(package->packageID(), QStringLiteral("a"));
+    EXPECT_EQ(package->name(), QStringLiteral("a"));
+    EXPECT_EQ(package->version(), QStringLiteral("0"));
+    EXPECT_EQ(package->author(), QStringLiteral("Unknown"));
+    EXPECT_EQ(package->section(), QStringLiteral("Other"));
     EXPECT_TRUE(package->desc().isNull());
     EXPECT_TRUE(package->maintainer().isNull());
     EXPECT_TRUE(package->iconURLString().isNull());
@@ -63,8 +63,9 @@ TEST_F(IndexParsing, givesAStanzaOfNothingButAnIdentifierItsDefaults)
 
 TEST_F(IndexParsing, takesAFieldThatIsPresentButEmptyAsItIs)
 {
-    const auto package = parseOne(u"Package: a\nName:\nVersion:\nDescription:\nAuthor:\nMaintainer: M\nSection: \n"
-                                  "Icon:\nDepiction:\nSileoDepiction: s\nHomepage:\t\n"_s);
+    const auto package
+        = parseOne(QStringLiteral("Package: a\nName:\nVersion:\nDescription:\nAuthor:\nMaintainer: M\nSection: \n"
+                                  "Icon:\nDepiction:\nSileoDepiction: s\nHomepage:\t\n"));
     EXPECT_TRUE(isEmptyText(package->name()));
     EXPECT_TRUE(isEmptyText(package->version()));
     EXPECT_TRUE(isEmptyText(package->desc()));
@@ -73,114 +74,124 @@ TEST_F(IndexParsing, takesAFieldThatIsPresentButEmptyAsItIs)
     EXPECT_TRUE(isEmptyText(package->iconURLString()));
     EXPECT_TRUE(isEmptyText(package->depictionURLString()));
     EXPECT_TRUE(isEmptyText(package->homepageURLString()));
-    EXPECT_EQ(package->maintainer(), u"M"_s);
+    EXPECT_EQ(package->maintainer(), QStringLiteral("M"));
 }
 
 TEST_F(IndexParsing, takesTheMaintainerForTheAuthorWhenThereIsNone)
 {
-    EXPECT_EQ(parseOne(u"Package: a\nMaintainer: M"_s)->author(), u"M"_s);
-    EXPECT_TRUE(isEmptyText(parseOne(u"Package: a\nMaintainer:"_s)->author()));
-    EXPECT_EQ(parseOne(u"Package: a\nMaintainer: M\nAuthor: A"_s)->author(), u"A"_s);
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nMaintainer: M"))->author(), QStringLiteral("M"));
+    EXPECT_TRUE(isEmptyText(parseOne(QStringLiteral("Package: a\nMaintainer:"))->author()));
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nMaintainer: M\nAuthor: A"))->author(), QStringLiteral("A"));
 }
 
 TEST_F(IndexParsing, takesTheDepictionsInTheirOrder)
 {
-    EXPECT_EQ(
-        parseOne(u"Package: a\nModernDepiction: m\nSileoDepiction: s\nDepiction: d"_s)->depictionURLString(), u"d"_s);
-    EXPECT_EQ(parseOne(u"Package: a\nModernDepiction: m\nSileoDepiction: s"_s)->depictionURLString(), u"s"_s);
-    EXPECT_EQ(parseOne(u"Package: a\nModernDepiction: m"_s)->depictionURLString(), u"m"_s);
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nModernDepiction: m\nSileoDepiction: s\nDepiction: d"))
+                  ->depictionURLString(),
+        QStringLiteral("d"));
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nModernDepiction: m\nSileoDepiction: s"))->depictionURLString(),
+        QStringLiteral("s"));
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nModernDepiction: m"))->depictionURLString(), QStringLiteral("m"));
 }
 
 TEST_F(IndexParsing, keepsEverythingBehindTheFirstColon)
 {
-    EXPECT_EQ(parseOne(u"Package: a\nDepiction:  https://h:80/x:y \t"_s)->depictionURLString(), u"https://h:80/x:y"_s);
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nDepiction:  https://h:80/x:y \t"))->depictionURLString(),
+        QStringLiteral("https://h:80/x:y"));
 }
 
 TEST_F(IndexParsing, trimsWhiteSpaceOfAllKindsAtBothEnds)
 {
-    EXPECT_EQ(parseOne(u"Package:\u00a0\t a b \u3000\r"_s)->packageID(), u"a b"_s);
+    EXPECT_EQ(parseOne(QStringLiteral("Package:\u00a0\t a b \u3000\r"))->packageID(), QStringLiteral("a b"));
 }
 
 TEST_F(IndexParsing, takesTheLastOfAFieldThatOccursTwice)
 {
-    EXPECT_EQ(parseOne(u"Package: a\nVersion: 1\nPackage: b\nVersion: 2"_s)->version(), u"2"_s);
-    EXPECT_EQ(parseOne(u"Package: a\nPackage: b"_s)->packageID(), u"b"_s);
+    EXPECT_EQ(
+        parseOne(QStringLiteral("Package: a\nVersion: 1\nPackage: b\nVersion: 2"))->version(), QStringLiteral("2"));
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\nPackage: b"))->packageID(), QStringLiteral("b"));
 }
 
 TEST_F(IndexParsing, knowsFieldNamesOnlyAsTheyAreWritten)
 {
-    const auto package = parseOne(u"Package: a\nname: x\nNAME: x\nName : x\n Name: x\n\tName: x\nNames: x\nXName: x"_s);
-    EXPECT_EQ(package->name(), u"a"_s);
+    const auto package
+        = parseOne(QStringLiteral("Package: a\nname: x\nNAME: x\nName : x\n Name: x\n\tName: x\nNames: x\nXName: x"));
+    EXPECT_EQ(package->name(), QStringLiteral("a"));
 }
 
 TEST_F(IndexParsing, dropsAStanzaWithoutIdentifier)
 {
-    EXPECT_TRUE(parse(u"Name: x\nVersion: 1\n"_s).empty());
-    EXPECT_TRUE(parse(u"Package:\nVersion: 1\n"_s).empty());
-    EXPECT_TRUE(parse(u"Package:   \nVersion: 1\n"_s).empty());
-    EXPECT_TRUE(parse(u"Package : a\n"_s).empty());
+    EXPECT_TRUE(parse(QStringLiteral("Name: x\nVersion: 1\n")).empty());
+    EXPECT_TRUE(parse(QStringLiteral("Package:\nVersion: 1\n")).empty());
+    EXPECT_TRUE(parse(QStringLiteral("Package:   \nVersion: 1\n")).empty());
+    EXPECT_TRUE(parse(QStringLiteral("Package : a\n")).empty());
 }
 
 TEST_F(IndexParsing, dropsAStanzaWhoseLastIdentifierIsEmpty)
 {
-    EXPECT_TRUE(parse(u"Package: a\nPackage:\n"_s).empty());
+    EXPECT_TRUE(parse(QStringLiteral("Package: a\nPackage:\n")).empty());
 }
 
 TEST_F(IndexParsing, carriesNothingOverFromADroppedStanza)
 {
-    const auto package = parseOne(u"Name: Lost\nVersion: 9\n\nPackage: a\n"_s);
-    EXPECT_EQ(package->name(), u"a"_s);
-    EXPECT_EQ(package->version(), u"0"_s);
+    const auto package = parseOne(QStringLiteral("Name: Lost\nVersion: 9\n\nPackage: a\n"));
+    EXPECT_EQ(package->name(), QStringLiteral("a"));
+    EXPECT_EQ(package->version(), QStringLiteral("0"));
 }
 
 TEST_F(IndexParsing, ignoresLinesWithoutColonAndContinuations)
 {
-    const auto package = parseOne(u"Package: a\nnonsense\nDescription: first\n second\n Version: 9\n\tName: x\n .\n"_s);
-    EXPECT_EQ(package->desc(), u"first"_s);
-    EXPECT_EQ(package->version(), u"0"_s);
+    const auto package
+        = parseOne(QStringLiteral("Package: a\nnonsense\nDescription: first\n second\n Version: 9\n\tName: x\n .\n"));
+    EXPECT_EQ(package->desc(), QStringLiteral("first"));
+    EXPECT_EQ(package->version(), QStringLiteral("0"));
 }
 
 TEST_F(IndexParsing, doesNotEndAStanzaAtALineOfBlanks)
 {
-    EXPECT_EQ(parseOne(u"Package: a\n \nVersion: 2\n"_s)->version(), u"2"_s);
+    EXPECT_EQ(parseOne(QStringLiteral("Package: a\n \nVersion: 2\n"))->version(), QStringLiteral("2"));
 }
 
 TEST_F(IndexParsing, makesNothingOfBlankLines)
 {
-    EXPECT_TRUE(parse(u""_s).empty());
+    EXPECT_TRUE(parse(QStringLiteral("")).empty());
     EXPECT_TRUE(parse(QString()).empty());
-    EXPECT_TRUE(parse(u"\n\n\n"_s).empty());
-    EXPECT_EQ(idsOf(parse(u"\n\nPackage: a\n\n\n\nPackage: b\n\n\n"_s)), QStringList({ u"a"_s, u"b"_s }));
+    EXPECT_TRUE(parse(QStringLiteral("\n\n\n")).empty());
+    EXPECT_EQ(idsOf(parse(QStringLiteral("\n\nPackage: a\n\n\n\nPackage: b\n\n\n"))),
+        QStringList({ QStringLiteral("a"), QStringLiteral("b") }));
 }
 
 TEST_F(IndexParsing, includesALastStanzaWithoutLineEnd)
 {
-    EXPECT_EQ(idsOf(parse(u"Package: a\n\nPackage: b"_s)), QStringList({ u"a"_s, u"b"_s }));
+    EXPECT_EQ(idsOf(parse(QStringLiteral("Package: a\n\nPackage: b"))),
+        QStringList({ QStringLiteral("a"), QStringLiteral("b") }));
 }
 
 TEST_F(IndexParsing, makesOnePackageOfAnIndexWithCarriageReturns)
 {
-    const auto package = parseOne(u"Package: a\r\nVersion: 1\r\nName: A\r\n\r\nPackage: b\r\nVersion: 2\r\n"_s);
-    EXPECT_EQ(package->packageID(), u"b"_s);
-    EXPECT_EQ(package->version(), u"2"_s);
-    EXPECT_EQ(package->name(), u"A"_s);
+    const auto package
+        = parseOne(QStringLiteral("Package: a\r\nVersion: 1\r\nName: A\r\n\r\nPackage: b\r\nVersion: 2\r\n"));
+    EXPECT_EQ(package->packageID(), QStringLiteral("b"));
+    EXPECT_EQ(package->version(), QStringLiteral("2"));
+    EXPECT_EQ(package->name(), QStringLiteral("A"));
 }
 
 TEST_F(IndexParsing, keepsAllStanzasOfOneIdentifierInTheirOrder)
 {
-    const PackageVector packages = parse(u"Package: a\nVersion: 1\n\nPackage: a\nVersion: 2\n"_s);
+    const PackageVector packages = parse(QStringLiteral("Package: a\nVersion: 1\n\nPackage: a\nVersion: 2\n"));
     ASSERT_EQ(packages.size(), 2U);
-    EXPECT_EQ(packages[0]->version(), u"1"_s);
-    EXPECT_EQ(packages[1]->version(), u"2"_s);
+    EXPECT_EQ(packages[0]->version(), QStringLiteral("1"));
+    EXPECT_EQ(packages[1]->version(), QStringLiteral("2"));
     EXPECT_NE(packages[0], packages[1]);
 }
 
 TEST_F(IndexParsing, takesTheInstalledVersionFromTheStatusFile)
 {
     writeStatus("Package: a\nVersion: 1.1\n\nPackage: b\n\nPackage: c\nVersion:\n");
-    const PackageVector packages = parse(u"Package: a\nVersion: 1.0\n\nPackage: b\n\nPackage: c\n\nPackage: d\n"_s);
+    const PackageVector packages
+        = parse(QStringLiteral("Package: a\nVersion: 1.0\n\nPackage: b\n\nPackage: c\n\nPackage: d\n"));
     ASSERT_EQ(packages.size(), 4U);
-    EXPECT_EQ(packages[0]->installedVersion(), u"1.1"_s);
+    EXPECT_EQ(packages[0]->installedVersion(), QStringLiteral("1.1"));
     EXPECT_TRUE(packages[0]->hasUpdate());
     EXPECT_FALSE(packages[1]->installed());
     EXPECT_TRUE(isEmptyText(packages[2]->installedVersion()));
@@ -191,20 +202,20 @@ TEST_F(IndexParsing, takesTheInstalledVersionFromTheStatusFile)
 TEST_F(IndexParsing, offersAnUpdateOfAnInstalledPackageWhoseStanzaHasNoVersion)
 {
     writeStatus("Package: a\nVersion: 1.1\n");
-    EXPECT_TRUE(parseOne(u"Package: a"_s)->hasUpdate());
+    EXPECT_TRUE(parseOne(QStringLiteral("Package: a"))->hasUpdate());
 }
 
 TEST_F(IndexParsing, freezesTheInstalledVersionIntoTheRecord)
 {
-    const auto package = parseOne(u"Package: a"_s);
+    const auto package = parseOne(QStringLiteral("Package: a"));
     writeStatus("Package: a\nVersion: 1\n");
     EXPECT_FALSE(package->installed());
-    EXPECT_TRUE(parseOne(u"Package: a"_s)->installed());
+    EXPECT_TRUE(parseOne(QStringLiteral("Package: a"))->installed());
 }
 
 TEST_F(IndexParsing, changesNothingInTheCatalog)
 {
-    parse(u"Package: a"_s);
+    parse(QStringLiteral("Package: a"));
     EXPECT_TRUE(manager().packages().empty());
     EXPECT_FALSE(m_source->lastRefresh().isValid());
 }
@@ -220,31 +231,34 @@ TEST_F(IndexParsing, doesNotCareWhereThePiecesAreCut)
             for (const QByteArray& piece : { text.left(first), text.mid(first, second - first), text.mid(second) })
                 parser.feed({ piece.constData(), static_cast<std::size_t>(piece.size()) });
             const PackageVector packages = parser.finish();
-            ASSERT_EQ(idsOf(packages), QStringList({ u"one"_s, u"twö"_s, u"three"_s })) << first << " " << second;
-            ASSERT_EQ(packages[1]->desc(), u"d"_s);
+            ASSERT_EQ(
+                idsOf(packages), QStringList({ QStringLiteral("one"), QStringLiteral("twö"), QStringLiteral("three") }))
+                << first << " " << second;
+            ASSERT_EQ(packages[1]->desc(), QStringLiteral("d"));
         }
     }
 }
 
 TEST_F(IndexParsing, takesAByteOrderMarkForPartOfTheFirstFieldsName)
 {
-    EXPECT_EQ(idsOf(parse(u"\ufeffPackage: a\nVersion: 1\n\nPackage: b\n"_s)), QStringList(u"b"_s));
-    EXPECT_EQ(parseOne(u"\ufeffVersion: 1\nPackage: a\n"_s)->version(), u"0"_s);
+    EXPECT_EQ(
+        idsOf(parse(QStringLiteral("\ufeffPackage: a\nVersion: 1\n\nPackage: b\n"))), QStringList(QStringLiteral("b")));
+    EXPECT_EQ(parseOne(QStringLiteral("\ufeffVersion: 1\nPackage: a\n"))->version(), QStringLiteral("0"));
 }
 
 TEST_F(IndexParsing, doesNotLoseAnIdentifierThatIsAByteOrderMark)
 {
-    const auto package = parseOne(u"Package: \ufeff\nName: \ufeffa\n"_s);
-    EXPECT_EQ(package->packageID(), u"\ufeff"_s);
-    EXPECT_EQ(package->name(), u"\ufeffa"_s);
+    const auto package = parseOne(QStringLiteral("Package: \ufeff\nName: \ufeffa\n"));
+    EXPECT_EQ(package->packageID(), QStringLiteral("\ufeff"));
+    EXPECT_EQ(package->name(), QStringLiteral("\ufeffa"));
 }
 
 TEST_F(IndexParsing, keepsTheTextsOfTheLastPackageThatIsHeld)
 {
     VeskPackagePtr package;
     {
-        const PackageVector packages = parse(u"Package: a\nDescription: kept\n\nPackage: b\n"_s);
+        const PackageVector packages = parse(QStringLiteral("Package: a\nDescription: kept\n\nPackage: b\n"));
         package = packages.front();
     }
-    EXPECT_EQ(package->desc(), u"kept"_s);
+    EXPECT_EQ(package->desc(), QStringLiteral("kept"));
 }

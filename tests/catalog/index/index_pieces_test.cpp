@@ -7,8 +7,6 @@
 #include <array>
 #include <random>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const std::array<const char*, 14> names{ "Package", "Name", "Version", "Description", "Author", "Maintainer", "Section",
@@ -111,8 +109,9 @@ protected:
     }
 
     Workers m_workers;
-    VeskRepositoryPtr m_source = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
-    std::shared_ptr<const NameOrder> m_order = std::make_shared<const NameOrder>(u"en"_s);
+    VeskRepositoryPtr m_source
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
+    std::shared_ptr<const NameOrder> m_order = std::make_shared<const NameOrder>(QStringLiteral("en"));
 };
 
 TEST_F(AnIndexInPieces, isReadByThePlainDefinitionWhateverItHolds)
@@ -179,6 +178,6 @@ TEST_F(AnIndexInPieces, isReadAsItCameWhenItDoesNotDecompress)
 {
     for (const Compression compression : { Compression::Bzip2, Compression::Gzip }) {
         const ParsedIndex index = readIndexInPieces(jobFor(compression), stanza("plain"), 3, m_workers);
-        EXPECT_EQ(idsOf(index.packages), QStringList(u"plain"_s));
+        EXPECT_EQ(idsOf(index.packages), QStringList(QStringLiteral("plain")));
     }
 }

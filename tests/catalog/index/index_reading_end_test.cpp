@@ -5,8 +5,6 @@
 #include <atomic>
 #include <future>
 
-using namespace Qt::StringLiterals;
-
 class TheEndOfReading : public testing::Test
 {
 protected:
@@ -14,8 +12,9 @@ protected:
     {
         IndexJob job;
         job.compression = compression;
-        job.repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
-        job.nameOrder = std::make_shared<const NameOrder>(u"en"_s);
+        job.repository
+            = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
+        job.nameOrder = std::make_shared<const NameOrder>(QStringLiteral("en"));
         return job;
     }
 
@@ -52,7 +51,7 @@ TEST_F(TheEndOfReading, isToldOnceTheBodyIsWholeAndNotBefore)
         finishWorkers();
     EXPECT_EQ(m_doneCount, 0);
     reading->finish();
-    EXPECT_EQ(m_done.get_future().get(), QStringList(u"a"_s));
+    EXPECT_EQ(m_done.get_future().get(), QStringList(QStringLiteral("a")));
     EXPECT_EQ(m_doneCount, 1);
 }
 
@@ -127,7 +126,8 @@ TEST_F(TheEndOfReading, mayComeAtAnyMoment)
 // Who stands on the reading's own packages must not be held by what the reading leaves behind.
 TEST_F(TheEndOfReading, leavesNothingBehind)
 {
-    const auto source = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    const auto source
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
     const std::weak_ptr<VeskRepository> weak = source;
     IndexJob job = jobFor(Compression::Bzip2);
     job.repository = source;

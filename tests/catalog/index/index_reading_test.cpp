@@ -4,8 +4,6 @@
 
 #include <thread>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int packageCount = 3000;
@@ -47,26 +45,27 @@ protected:
         IndexJob job;
         job.compression = compression;
         job.repository = m_source;
-        job.statusPaths = { m_directory.filePath(u"status"_s) };
+        job.statusPaths = { m_directory.filePath(QStringLiteral("status")) };
         job.nameOrder = m_order;
         return readIndex(job, body);
     }
 
     QTemporaryDir m_directory;
-    VeskRepositoryPtr m_source = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
-    std::shared_ptr<const NameOrder> m_order = std::make_shared<const NameOrder>(u"en"_s);
+    VeskRepositoryPtr m_source
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
+    std::shared_ptr<const NameOrder> m_order = std::make_shared<const NameOrder>(QStringLiteral("en"));
 };
 
 TEST_F(ReadingAnIndex, comesToTheSameHoweverTheBodyIsPacked)
 {
-    QFile status(m_directory.filePath(u"status"_s));
+    QFile status(m_directory.filePath(QStringLiteral("status")));
     ASSERT_TRUE(status.open(QIODevice::WriteOnly));
     status.write("Package: p17\nVersion: 3\n\n");
     status.close();
     const QByteArray text = largeIndex();
     const QStringList expected = summaryOf(read(text, Compression::None));
     EXPECT_GT(expected.size(), packageCount * 4);
-    EXPECT_TRUE(expected.contains(u"3"_s));
+    EXPECT_TRUE(expected.contains(QStringLiteral("3")));
     EXPECT_EQ(summaryOf(read(gzipped(text), Compression::Gzip)), expected);
     EXPECT_EQ(summaryOf(read(bzipped(text), Compression::Bzip2)), expected);
     EXPECT_EQ(summaryOf(read(packedInSmallBlocks(text), Compression::Bzip2)), expected);
@@ -93,7 +92,7 @@ TEST_F(ReadingAnIndex, goesOnAtOnceOnManyThreads)
 TEST_F(ReadingAnIndex, keepsAPackageWhenAllTheOthersOfItsIndexAreGone)
 {
     VeskPackagePtr kept = read(largeIndex(), Compression::None).packages[7];
-    EXPECT_EQ(kept->packageID(), u"p2993"_s);
+    EXPECT_EQ(kept->packageID(), QStringLiteral("p2993"));
     EXPECT_EQ(kept->repository(), m_source);
     const std::weak_ptr<VeskPackage> weak = kept;
     kept.reset();

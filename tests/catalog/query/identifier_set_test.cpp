@@ -1,8 +1,6 @@
 #include "catalog/query/IdentifierSet.h"
 #include "tests/catalog/CatalogFixture.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct Packages
@@ -31,7 +29,8 @@ struct Packages
 
 TEST(IdentifierSet, tellsWhichPackagesRepeatAnEarlierIdentifier)
 {
-    const Packages run({ u"a"_s, u"b"_s, u"a"_s, u"A"_s, u"b"_s, u"a"_s });
+    const Packages run({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("A"),
+        QStringLiteral("b"), QStringLiteral("a") });
     const std::vector<bool> expected{ false, false, true, false, true, true };
     for (std::uint32_t place = 0; place < expected.size(); ++place)
         EXPECT_EQ(run.identifiers.isRepeated(place), expected[place]) << place;
@@ -54,5 +53,5 @@ TEST(IdentifierSet, findsTheIdentifiersOfAnotherRunByTheirHashes)
 
 TEST(IdentifierSet, findsNothingWithoutPackages)
 {
-    EXPECT_FALSE(Packages({}).has(Packages({ u"a"_s }), 0));
+    EXPECT_FALSE(Packages({}).has(Packages({ QStringLiteral("a") }), 0));
 }

@@ -2,8 +2,6 @@
 #include "catalog/text/TextDecoding.h"
 #include "tests/catalog/CatalogFixture.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QStringList sorted(const QString& locale, const QStringList& names)
@@ -19,36 +17,45 @@ QStringList sorted(const QString& locale, const QStringList& names)
 
 TEST(NameOrder, putsPlainNamesInTheOrderOfTheAlphabetWhateverTheirCase)
 {
-    EXPECT_EQ(sorted(u"en"_s, { u"banana"_s, u"Cherry"_s, u"apple"_s, u"Banana split"_s, u"10"_s }),
-        QStringList({ u"10"_s, u"apple"_s, u"banana"_s, u"Banana split"_s, u"Cherry"_s }));
+    EXPECT_EQ(sorted(QStringLiteral("en"),
+                  { QStringLiteral("banana"), QStringLiteral("Cherry"), QStringLiteral("apple"),
+                      QStringLiteral("Banana split"), QStringLiteral("10") }),
+        QStringList({ QStringLiteral("10"), QStringLiteral("apple"), QStringLiteral("banana"),
+            QStringLiteral("Banana split"), QStringLiteral("Cherry") }));
 }
 
 TEST(NameOrder, holdsInThePlainLocaleToo)
 {
-    for (const QString& locale : { u"C"_s, u""_s, QString(), u"en-US-POSIX"_s, u"en_US_POSIX"_s, u"no such locale"_s })
-        EXPECT_EQ(sorted(locale, { u"Zebra"_s, u"éclair"_s, u"apple"_s }),
-            QStringList({ u"apple"_s, u"éclair"_s, u"Zebra"_s }))
+    for (const QString& locale : { QStringLiteral("C"), QStringLiteral(""), QString(), QStringLiteral("en-US-POSIX"),
+             QStringLiteral("en_US_POSIX"), QStringLiteral("no such locale") })
+        EXPECT_EQ(sorted(locale, { QStringLiteral("Zebra"), QStringLiteral("éclair"), QStringLiteral("apple") }),
+            QStringList({ QStringLiteral("apple"), QStringLiteral("éclair"), QStringLiteral("Zebra") }))
             << locale.toStdString();
 }
 
 TEST(NameOrder, isThatOfTheLanguage)
 {
-    const QStringList names{ u"zebra"_s, u"ähnlich"_s, u"apple"_s };
-    EXPECT_EQ(sorted(u"de"_s, names), QStringList({ u"ähnlich"_s, u"apple"_s, u"zebra"_s }));
-    EXPECT_EQ(sorted(u"sv_SE"_s, names), QStringList({ u"apple"_s, u"zebra"_s, u"ähnlich"_s }));
+    const QStringList names{ QStringLiteral("zebra"), QStringLiteral("ähnlich"), QStringLiteral("apple") };
+    EXPECT_EQ(sorted(QStringLiteral("de"), names),
+        QStringList({ QStringLiteral("ähnlich"), QStringLiteral("apple"), QStringLiteral("zebra") }));
+    EXPECT_EQ(sorted(QStringLiteral("sv_SE"), names),
+        QStringList({ QStringLiteral("apple"), QStringLiteral("zebra"), QStringLiteral("ähnlich") }));
 }
 
 TEST(NameOrder, leavesEqualNamesAsTheyStood)
 {
-    EXPECT_EQ(sorted(u"en"_s, { u"b"_s, u"A"_s, u"a"_s, u"A"_s }), QStringList({ u"A"_s, u"a"_s, u"A"_s, u"b"_s }));
+    EXPECT_EQ(sorted(QStringLiteral("en"),
+                  { QStringLiteral("b"), QStringLiteral("A"), QStringLiteral("a"), QStringLiteral("A") }),
+        QStringList({ QStringLiteral("A"), QStringLiteral("a"), QStringLiteral("A"), QStringLiteral("b") }));
 }
 
 TEST(NameOrder, takesEmptyNullAndLongNames)
 {
     const QString longName(100000, u'y');
-    EXPECT_EQ(sorted(u"en"_s, { u"z"_s, longName, u""_s, u"a"_s }), QStringList({ u""_s, u"a"_s, longName, u"z"_s }));
-    PackageVector packages{ makePackage(u"a"_s, u"a"_s), std::make_shared<VeskPackage>() };
-    sortPackagesByName(packages, NameOrder(u"en"_s));
+    EXPECT_EQ(sorted(QStringLiteral("en"), { QStringLiteral("z"), longName, QStringLiteral(""), QStringLiteral("a") }),
+        QStringList({ QStringLiteral(""), QStringLiteral("a"), longName, QStringLiteral("z") }));
+    PackageVector packages{ makePackage(QStringLiteral("a"), QStringLiteral("a")), std::make_shared<VeskPackage>() };
+    sortPackagesByName(packages, NameOrder(QStringLiteral("en")));
     EXPECT_TRUE(packages[0]->name().isNull());
 }
 
@@ -56,15 +63,15 @@ TEST(NameOrder, leavesManyEqualNamesAsTheyStood)
 {
     QStringList names;
     for (int number = 0; number < 1000; ++number)
-        names << (number % 2 == 0 ? u"Same"_s : u"sAME"_s);
-    EXPECT_EQ(sorted(u"en"_s, names), names);
+        names << (number % 2 == 0 ? QStringLiteral("Same") : QStringLiteral("sAME"));
+    EXPECT_EQ(sorted(QStringLiteral("en"), names), names);
 }
 
 TEST(NameOrder, keepsKeysShortHoweverLongANameIs)
 {
     // One character whose key is eight times as long as itself.
     const QByteArray name = QByteArray("\xef\xb7\xba").repeated(1000 * 1000);
-    const NameOrder order(u"en"_s);
+    const NameOrder order(QStringLiteral("en"));
     const std::string key = order.keyOf({ name.constData(), static_cast<std::size_t>(name.size()) });
     EXPECT_GT(key.size(), NameOrder::comparedCharacters);
     EXPECT_LT(key.size(), NameOrder::comparedCharacters * 3 * 16);
@@ -73,19 +80,21 @@ TEST(NameOrder, keepsKeysShortHoweverLongANameIs)
 
 TEST(NameOrder, looksAtTheFirst64CharactersWhateverTheirSize)
 {
-    for (const QString& letter : { u"x"_s, u"ü"_s, u"漢"_s, u"😀"_s }) {
+    for (const QString& letter :
+        { QStringLiteral("x"), QStringLiteral("ü"), QStringLiteral("漢"), QStringLiteral("😀") }) {
         const QString common = letter.repeated(63);
-        EXPECT_EQ(
-            sorted(u"en"_s, { common + u"b"_s, common + u"a"_s }), QStringList({ common + u"a"_s, common + u"b"_s }));
-        EXPECT_EQ(sorted(u"en"_s, { common + u"xb"_s, common + u"xa"_s }),
-            QStringList({ common + u"xb"_s, common + u"xa"_s }));
+        EXPECT_EQ(sorted(QStringLiteral("en"), { common + QStringLiteral("b"), common + QStringLiteral("a") }),
+            QStringList({ common + QStringLiteral("a"), common + QStringLiteral("b") }));
+        EXPECT_EQ(sorted(QStringLiteral("en"), { common + QStringLiteral("xb"), common + QStringLiteral("xa") }),
+            QStringList({ common + QStringLiteral("xb"), common + QStringLiteral("xa") }));
     }
 }
 
 TEST(NameOrder, tellsAccentsApartInWhicheverOrderTheNamesArrive)
 {
-    for (const QStringList& arrival : { QStringList{ u"Zoë"_s, u"zoe"_s }, QStringList{ u"zoe"_s, u"Zoë"_s } })
-        EXPECT_EQ(sorted(u"en"_s, arrival), QStringList({ u"zoe"_s, u"Zoë"_s }));
+    for (const QStringList& arrival : { QStringList{ QStringLiteral("Zoë"), QStringLiteral("zoe") },
+             QStringList{ QStringLiteral("zoe"), QStringLiteral("Zoë") } })
+        EXPECT_EQ(sorted(QStringLiteral("en"), arrival), QStringList({ QStringLiteral("zoe"), QStringLiteral("Zoë") }));
 }
 
 class NameOrderOfTheCatalog : public CatalogFixture
@@ -94,32 +103,37 @@ class NameOrderOfTheCatalog : public CatalogFixture
 
 TEST_F(NameOrderOfTheCatalog, isThatOfItsNamesEqualOnesInCatalogOrder)
 {
-    manager().setPackages({ makePackage(u"1"_s, u"b"_s), makePackage(u"2"_s, u"A"_s), makePackage(u"3"_s, u"B"_s),
-        makePackage(u"4"_s, u"a"_s) });
-    EXPECT_EQ(idsOf(manager().packagesSortedByName()), QStringList({ u"2"_s, u"4"_s, u"1"_s, u"3"_s }));
+    manager().setPackages({ makePackage(QStringLiteral("1"), QStringLiteral("b")),
+        makePackage(QStringLiteral("2"), QStringLiteral("A")), makePackage(QStringLiteral("3"), QStringLiteral("B")),
+        makePackage(QStringLiteral("4"), QStringLiteral("a")) });
+    EXPECT_EQ(idsOf(manager().packagesSortedByName()),
+        QStringList({ QStringLiteral("2"), QStringLiteral("4"), QStringLiteral("1"), QStringLiteral("3") }));
 }
 
 TEST_F(NameOrderOfTheCatalog, isWorkedOutOnceForEachStateOfIt)
 {
-    manager().setPackages({ makePackage(u"1"_s, u"b"_s), makePackage(u"2"_s, u"a"_s) });
+    manager().setPackages({ makePackage(QStringLiteral("1"), QStringLiteral("b")),
+        makePackage(QStringLiteral("2"), QStringLiteral("a")) });
     const VeskPackagePtr* data = manager().packagesSortedByName().data();
     EXPECT_EQ(manager().packagesSortedByName().data(), data);
-    manager().packages()[0]->setName(u"0"_s);
-    EXPECT_EQ(idsOf(manager().packagesSortedByName()), QStringList({ u"1"_s, u"2"_s }));
+    manager().packages()[0]->setName(QStringLiteral("0"));
+    EXPECT_EQ(idsOf(manager().packagesSortedByName()), QStringList({ QStringLiteral("1"), QStringLiteral("2") }));
     manager().packages().clear();
     EXPECT_TRUE(manager().packagesSortedByName().empty());
 }
 
 TEST_F(NameOrderOfTheCatalog, holdsForAnyPartOfItAndForPackagesOutsideIt)
 {
-    manager().setPackages({ makePackage(u"1"_s, u"d"_s), makePackage(u"2"_s, u"B"_s), makePackage(u"3"_s, u"c"_s),
-        makePackage(u"4"_s, u"a"_s) });
+    manager().setPackages({ makePackage(QStringLiteral("1"), QStringLiteral("d")),
+        makePackage(QStringLiteral("2"), QStringLiteral("B")), makePackage(QStringLiteral("3"), QStringLiteral("c")),
+        makePackage(QStringLiteral("4"), QStringLiteral("a")) });
     PackageVector part{ manager().packages()[0], manager().packages()[3], manager().packages()[1] };
     manager().sortByName(part);
-    EXPECT_EQ(idsOf(part), QStringList({ u"4"_s, u"2"_s, u"1"_s }));
-    part.push_back(makePackage(u"5"_s, u"Aa"_s));
+    EXPECT_EQ(idsOf(part), QStringList({ QStringLiteral("4"), QStringLiteral("2"), QStringLiteral("1") }));
+    part.push_back(makePackage(QStringLiteral("5"), QStringLiteral("Aa")));
     manager().sortByName(part);
-    EXPECT_EQ(idsOf(part), QStringList({ u"4"_s, u"5"_s, u"2"_s, u"1"_s }));
+    EXPECT_EQ(idsOf(part),
+        QStringList({ QStringLiteral("4"), QStringLiteral("5"), QStringLiteral("2"), QStringLiteral("1") }));
     PackageVector none;
     manager().sortByName(none);
     EXPECT_TRUE(none.empty());

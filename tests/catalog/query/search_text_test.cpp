@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString allCharacters()
@@ -39,10 +37,10 @@ TEST(SearchText, lowerCasesLettersThatGrowInLinearTime)
 TEST(SearchText, findsAcrossThePlacesWhereALongFieldWasCut)
 {
     VeskPackage package;
-    package.setDesc(QString(u"İ"_s.repeated(254)) + u"ÄÖÜ😀ß"_s);
+    package.setDesc(QString(QStringLiteral("İ").repeated(254)) + QStringLiteral("ÄÖÜ😀ß"));
     SearchText text;
     text.add(package);
-    const QByteArray query = SearchText::folded(u"äöü😀ß"_s);
+    const QByteArray query = SearchText::folded(QStringLiteral("äöü😀ß"));
     EXPECT_EQ(text.find({ query.constData(), static_cast<std::size_t>(query.size()) }).size(), 1U);
 }
 

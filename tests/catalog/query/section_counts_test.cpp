@@ -7,8 +7,6 @@
 #include <cstring>
 #include <functional>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 std::vector<std::string> linesOf(const SectionCounts& sections)
@@ -65,7 +63,7 @@ TEST(SectionCounts, countsEachSectionAndPutsThemInOrder)
              "clair",
              "", "zebra" })
         sections.add(section);
-    sections.sort(NameOrder(u"en"_s));
+    sections.sort(NameOrder(QStringLiteral("en")));
     EXPECT_EQ(linesOf(sections),
         std::vector<std::string>({ " 1", "Apple 1",
             "\xc3\xa9"
@@ -80,7 +78,7 @@ TEST(SectionCounts, putsNamesThatCompareEqualInTheOrderOfTheirBytesHoweverTheyAr
         SectionCounts sections;
         for (const char* section : arrival)
             sections.add(section);
-        sections.sort(NameOrder(u"en"_s));
+        sections.sort(NameOrder(QStringLiteral("en")));
         EXPECT_EQ(linesOf(sections), std::vector<std::string>({ "TOOLS 1", "Tools 1", "tools 1" }));
     }
 }
@@ -90,7 +88,7 @@ TEST(SectionCounts, countNoPackageThatWasDropped)
     SectionCounts sections;
     for (const char* section : { "a", "b", "a" })
         sections.add(section);
-    sections.sort(NameOrder(u"en"_s));
+    sections.sort(NameOrder(QStringLiteral("en")));
     sections.drop("a");
     sections.drop("b");
     sections.drop("b");
@@ -121,6 +119,6 @@ TEST(SectionCounts, countTheirBytes)
         sections.add(std::string(100, 'x') + std::to_string(number));
     const std::size_t unsorted = sections.byteSize();
     EXPECT_GT(unsorted, 100U * 1000U);
-    sections.sort(NameOrder(u"en"_s));
+    sections.sort(NameOrder(QStringLiteral("en")));
     EXPECT_GT(sections.byteSize(), unsorted + 64U * 1000U);
 }

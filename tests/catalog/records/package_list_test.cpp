@@ -1,7 +1,5 @@
 #include "tests/catalog/CatalogFixture.h"
 
-using namespace Qt::StringLiterals;
-
 TEST(PackageList, raisesItsRevisionWithEveryChange)
 {
     PackageList list;
@@ -10,7 +8,7 @@ TEST(PackageList, raisesItsRevisionWithEveryChange)
         change();
         return list.revision() != before;
     };
-    const auto package = makePackage(u"a"_s);
+    const auto package = makePackage(QStringLiteral("a"));
     EXPECT_TRUE(changes([&] { list.push_back(package); }));
     EXPECT_TRUE(changes([&] { list.remove(package); }));
     EXPECT_TRUE(changes([&] { list.assign({ package, package }); }));
@@ -20,8 +18,8 @@ TEST(PackageList, raisesItsRevisionWithEveryChange)
 TEST(PackageList, removesEveryOccurrenceOfThatVeryRecordAndNoOtherOfItsIdentifier)
 {
     PackageList list;
-    const auto one = makePackage(u"a"_s);
-    const auto other = makePackage(u"a"_s);
+    const auto one = makePackage(QStringLiteral("a"));
+    const auto other = makePackage(QStringLiteral("a"));
     list.assign({ one, other, one });
     list.remove(one);
     ASSERT_EQ(list.size(), 1U);

@@ -4,8 +4,6 @@
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/HeapInUse.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr std::size_t mostHeld = std::size_t(64) * 1024;
@@ -48,7 +46,7 @@ TEST(RecordWriter, doesNotKeepAWholeIndexAliveForOneOfItsRecords)
         const std::size_t all = heapInUse();
         packages = PackageVector();
         EXPECT_GT(all - heapInUse(), std::size_t(2) << 20) << "the rest goes at once";
-        EXPECT_EQ(held->packageID(), u"org.example.package-%1"_s.arg(place));
+        EXPECT_EQ(held->packageID(), QStringLiteral("org.example.package-%1").arg(place));
         const std::size_t size = heldBy(held);
         EXPECT_LE(size, mostHeld) << place;
         EXPECT_GE(size, sizeof(VeskPackage)) << place;
@@ -75,7 +73,8 @@ TEST(RecordWriter, keepsTextsOfEveryRecordApartInAndAcrossBlocks)
     PackageVector packages;
     for (int number = 0; number < 5000; ++number) {
         const std::string text = std::to_string(number);
-        PackageTexts<std::string_view> texts = textsOf(text, "text of " + text);
+        const std::string desc = "text of " + text;
+        PackageTexts<std::string_view> texts = textsOf(text, desc);
         texts[PackageText::Section] = "Games";
         packages.push_back(writer.add(texts));
     }
@@ -83,8 +82,8 @@ TEST(RecordWriter, keepsTextsOfEveryRecordApartInAndAcrossBlocks)
     for (int number = 0; number < 5000; ++number) {
         const VeskPackage& package = *packages[static_cast<std::size_t>(number)];
         ASSERT_EQ(package.packageID(), QString::number(number));
-        ASSERT_EQ(package.desc(), u"text of %1"_s.arg(number));
-        ASSERT_EQ(package.section(), u"Games"_s);
+        ASSERT_EQ(package.desc(), QStringLiteral("text of %1").arg(number));
+        ASSERT_EQ(package.section(), QStringLiteral("Games"));
         ASSERT_TRUE(package.author().isNull());
     }
 }
@@ -133,7 +132,7 @@ TEST(RecordWriter, countsWhatStandsInEveryBlock)
 
 TEST(RecordWriter, givesEveryRecordItsSourceAndKeepsThatAlive)
 {
-    auto source = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    auto source = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
     const std::weak_ptr<VeskRepository> weak = source;
     VeskPackagePtr record;
     {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct Property
@@ -52,7 +50,7 @@ TEST(VeskPackage, tellsNullFromEmptyInEveryText)
 {
     VeskPackage package;
     for (const Property& property : properties) {
-        (package.*property.set)(u""_s);
+        (package.*property.set)(QStringLiteral(""));
         EXPECT_FALSE((package.*property.get)().isNull()) << property.name;
         EXPECT_TRUE((package.*property.get)().isEmpty()) << property.name;
         (package.*property.set)(QString());
@@ -63,7 +61,7 @@ TEST(VeskPackage, tellsNullFromEmptyInEveryText)
 TEST(VeskPackage, givesBackTextsOfAllScriptsAndWithNulCharactersUnchanged)
 {
     VeskPackage package;
-    const QString text = u"Ünï → 漢字 \U0001F600 e\u0301"_s + QChar(u'\0') + u"x"_s;
+    const QString text = QStringLiteral("Ünï → 漢字 \U0001F600 e\u0301") + QChar(u'\0') + QStringLiteral("x");
     package.setName(text);
     EXPECT_EQ(package.name(), text);
 }
@@ -73,18 +71,19 @@ TEST(VeskPackage, keepsItsSourceAlive)
     VeskPackage package;
     std::weak_ptr<VeskRepository> source;
     {
-        const auto repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+        const auto repository
+            = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
         source = repository;
         package.setRepository(repository);
     }
     ASSERT_FALSE(source.expired());
-    EXPECT_EQ(package.repository()->name(), u"A"_s);
+    EXPECT_EQ(package.repository()->name(), QStringLiteral("A"));
 }
 
 TEST(VeskPackage, countsAsInstalledWithAnyVersionEvenAnEmptyOne)
 {
     VeskPackage package;
-    package.setInstalledVersion(u""_s);
+    package.setInstalledVersion(QStringLiteral(""));
     EXPECT_TRUE(package.installed());
     package.setInstalledVersion(QString());
     EXPECT_FALSE(package.installed());
@@ -93,21 +92,21 @@ TEST(VeskPackage, countsAsInstalledWithAnyVersionEvenAnEmptyOne)
 TEST(VeskPackage, hasAnUpdateWhenTheInstalledVersionIsAnyOtherText)
 {
     VeskPackage package;
-    package.setVersion(u"1.0"_s);
+    package.setVersion(QStringLiteral("1.0"));
     EXPECT_FALSE(package.hasUpdate());
-    package.setInstalledVersion(u"1.0"_s);
+    package.setInstalledVersion(QStringLiteral("1.0"));
     EXPECT_FALSE(package.hasUpdate());
-    package.setInstalledVersion(u"0.9"_s);
+    package.setInstalledVersion(QStringLiteral("0.9"));
     EXPECT_TRUE(package.hasUpdate());
 }
 
 TEST(VeskPackage, offersADowngradeAsAnUpdateAndAnEpochToo)
 {
     VeskPackage package;
-    package.setVersion(u"1.0"_s);
-    package.setInstalledVersion(u"1.1"_s);
+    package.setVersion(QStringLiteral("1.0"));
+    package.setInstalledVersion(QStringLiteral("1.1"));
     EXPECT_TRUE(package.hasUpdate());
-    package.setInstalledVersion(u"0:1.0"_s);
+    package.setInstalledVersion(QStringLiteral("0:1.0"));
     EXPECT_TRUE(package.hasUpdate());
 }
 
@@ -115,24 +114,25 @@ TEST(VeskPackage, isNoOtherRecordForHavingTheSameIdentifier)
 {
     const auto one = std::make_shared<VeskPackage>();
     const auto other = std::make_shared<VeskPackage>();
-    one->setPackageID(u"a"_s);
-    other->setPackageID(u"a"_s);
+    one->setPackageID(QStringLiteral("a"));
+    other->setPackageID(QStringLiteral("a"));
     EXPECT_NE(one, other);
 }
 
 TEST(VeskPackage, leavesItsNeighboursAloneWhenItIsChanged)
 {
     const auto origin = std::make_shared<PackageOrigin>();
-    origin->repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
+    origin->repository
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
     VeskPackage::TextHandles texts;
     texts[VeskPackage::Text::PackageID] = origin->texts.add("shared");
     VeskPackage one(origin, texts);
     const VeskPackage other(origin, texts);
     one.setRepository(nullptr);
-    EXPECT_EQ(one.packageID(), u"shared"_s);
-    one.setPackageID(u"changed"_s);
-    EXPECT_EQ(one.packageID(), u"changed"_s);
+    EXPECT_EQ(one.packageID(), QStringLiteral("shared"));
+    one.setPackageID(QStringLiteral("changed"));
+    EXPECT_EQ(one.packageID(), QStringLiteral("changed"));
     EXPECT_EQ(one.repository(), nullptr);
-    EXPECT_EQ(other.packageID(), u"shared"_s);
+    EXPECT_EQ(other.packageID(), QStringLiteral("shared"));
     EXPECT_EQ(other.repository(), origin->repository);
 }

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString nameMadeFrom(const QString& urlString)
@@ -30,27 +28,28 @@ TEST(VeskRepository, keepsEachPropertyApartFromTheOthers)
 {
     VeskRepository repository;
     const QDateTime now = QDateTime::currentDateTime();
-    repository.setName(u"name"_s);
-    repository.setUrlString(u"url"_s);
-    repository.setOrigin(u"origin"_s);
-    repository.setRepoDescription(u"description"_s);
-    repository.setIconURLString(u"icon"_s);
+    repository.setName(QStringLiteral("name"));
+    repository.setUrlString(QStringLiteral("url"));
+    repository.setOrigin(QStringLiteral("origin"));
+    repository.setRepoDescription(QStringLiteral("description"));
+    repository.setIconURLString(QStringLiteral("icon"));
     repository.setLastRefresh(now);
     repository.setEnabled(true);
-    EXPECT_EQ(repository.name(), u"name"_s);
-    EXPECT_EQ(repository.urlString(), u"url"_s);
-    EXPECT_EQ(repository.origin(), u"origin"_s);
-    EXPECT_EQ(repository.repoDescription(), u"description"_s);
-    EXPECT_EQ(repository.iconURLString(), u"icon"_s);
+    EXPECT_EQ(repository.name(), QStringLiteral("name"));
+    EXPECT_EQ(repository.urlString(), QStringLiteral("url"));
+    EXPECT_EQ(repository.origin(), QStringLiteral("origin"));
+    EXPECT_EQ(repository.repoDescription(), QStringLiteral("description"));
+    EXPECT_EQ(repository.iconURLString(), QStringLiteral("icon"));
     EXPECT_EQ(repository.lastRefresh(), now);
     EXPECT_TRUE(repository.enabled());
 }
 
 TEST(VeskRepository, isEnabledAndOtherwiseEmptyWhenMadeByTheFactory)
 {
-    const auto repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u"A"_s);
-    EXPECT_EQ(repository->urlString(), u"https://a.example"_s);
-    EXPECT_EQ(repository->name(), u"A"_s);
+    const auto repository
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral("A"));
+    EXPECT_EQ(repository->urlString(), QStringLiteral("https://a.example"));
+    EXPECT_EQ(repository->name(), QStringLiteral("A"));
     EXPECT_TRUE(repository->enabled());
     EXPECT_TRUE(repository->origin().isNull());
     EXPECT_TRUE(repository->repoDescription().isNull());
@@ -60,63 +59,66 @@ TEST(VeskRepository, isEnabledAndOtherwiseEmptyWhenMadeByTheFactory)
 
 TEST(VeskRepository, isNamedAfterItsHostWhenTheRootHasNoPathAndTheNameIsNull)
 {
-    EXPECT_EQ(nameMadeFrom(u"https://repo.example.org"_s), u"repo.example.org"_s);
-    EXPECT_EQ(nameMadeFrom(u"https://repo.example.org/"_s), u"repo.example.org"_s);
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("https://repo.example.org")), QStringLiteral("repo.example.org"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("https://repo.example.org/")), QStringLiteral("repo.example.org"));
 }
 
 TEST(VeskRepository, isNamedAfterTheLastSegmentWithOrWithoutASlashBehindIt)
 {
-    EXPECT_EQ(nameMadeFrom(u"https://example.org/apt/stable"_s), u"stable"_s);
-    EXPECT_EQ(nameMadeFrom(u"https://example.org/apt/stable/"_s), u"stable"_s);
-    EXPECT_EQ(nameMadeFrom(u"https://example.org/apt/stable///"_s), u"stable"_s);
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("https://example.org/apt/stable")), QStringLiteral("stable"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("https://example.org/apt/stable/")), QStringLiteral("stable"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("https://example.org/apt/stable///")), QStringLiteral("stable"));
 }
 
 TEST(VeskRepository, takesTheRestOfUnusualTextsForTheLastSegment)
 {
-    EXPECT_EQ(nameMadeFrom(u"http://"_s), u"http:"_s);
-    EXPECT_EQ(nameMadeFrom(u"/"_s), u"/"_s);
-    EXPECT_EQ(nameMadeFrom(u"https://h/a?b=c"_s), u"a?b=c"_s);
-    EXPECT_TRUE(nameMadeFrom(u""_s).isEmpty());
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("http://")), QStringLiteral("http:"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("/")), QStringLiteral("/"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("https://h/a?b=c")), QStringLiteral("a?b=c"));
+    EXPECT_TRUE(nameMadeFrom(QStringLiteral("")).isEmpty());
 }
 
 TEST(VeskRepository, keepsAnEmptyNameAsItIs)
 {
-    const auto repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u""_s);
+    const auto repository
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral(""));
     EXPECT_FALSE(repository->name().isNull());
     EXPECT_TRUE(repository->name().isEmpty());
 }
 
 TEST(VeskRepository, hasNoUrlWhenItsTextIsEmptyOrUnacceptable)
 {
-    EXPECT_FALSE(VeskRepository::repositoryWithURLString(u""_s, u""_s)->url().has_value());
-    EXPECT_FALSE(VeskRepository::repositoryWithURLString(u"https://a b"_s, u""_s)->url().has_value());
+    EXPECT_FALSE(VeskRepository::repositoryWithURLString(QStringLiteral(""), QStringLiteral(""))->url().has_value());
+    EXPECT_FALSE(
+        VeskRepository::repositoryWithURLString(QStringLiteral("https://a b"), QStringLiteral(""))->url().has_value());
     EXPECT_FALSE(VeskRepository().url().has_value());
 }
 
 TEST(VeskRepository, parsesItsUrlAfreshWhenTheTextChanges)
 {
-    const auto repository = VeskRepository::repositoryWithURLString(u"https://a.example"_s, u""_s);
-    EXPECT_EQ(repository->url()->absoluteString(), u"https://a.example"_s);
-    repository->setUrlString(u"https://b.example/"_s);
-    EXPECT_EQ(repository->url()->absoluteString(), u"https://b.example/"_s);
+    const auto repository
+        = VeskRepository::repositoryWithURLString(QStringLiteral("https://a.example"), QStringLiteral(""));
+    EXPECT_EQ(repository->url()->absoluteString(), QStringLiteral("https://a.example"));
+    repository->setUrlString(QStringLiteral("https://b.example/"));
+    EXPECT_EQ(repository->url()->absoluteString(), QStringLiteral("https://b.example/"));
 }
 
 TEST(VeskRepository, keepsItsOwnCopyOfATextThatIsChangedLater)
 {
-    QString name = u"first"_s;
+    QString name = QStringLiteral("first");
     VeskRepository repository;
     repository.setName(name);
-    name.append(u" and more"_s);
-    EXPECT_EQ(repository.name(), u"first"_s);
+    name.append(QStringLiteral(" and more"));
+    EXPECT_EQ(repository.name(), QStringLiteral("first"));
 }
 
 TEST(VeskCategory, holdsTheNameAndCountItWasMadeWith)
 {
-    const auto category = VeskCategory::categoryWithName(u"Games"_s, 18446744073709551615U);
-    EXPECT_EQ(category->name(), u"Games"_s);
+    const auto category = VeskCategory::categoryWithName(QStringLiteral("Games"), 18446744073709551615U);
+    EXPECT_EQ(category->name(), QStringLiteral("Games"));
     EXPECT_EQ(category->count(), 18446744073709551615U);
-    category->setName(u"Tools"_s);
+    category->setName(QStringLiteral("Tools"));
     category->setCount(3);
-    EXPECT_EQ(category->name(), u"Tools"_s);
+    EXPECT_EQ(category->name(), QStringLiteral("Tools"));
     EXPECT_EQ(category->count(), 3U);
 }

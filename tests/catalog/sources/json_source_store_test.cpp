@@ -11,16 +11,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
 class JsonStore : public testing::Test
 {
 protected:
-    QString path() const { return m_directory.filePath(u"vesk/defaults.json"_s); }
+    QString path() const { return m_directory.filePath(QStringLiteral("vesk/defaults.json")); }
 
     void write(const QByteArray& contents) const
     {
-        ASSERT_TRUE(QDir().mkpath(m_directory.filePath(u"vesk"_s)));
+        ASSERT_TRUE(QDir().mkpath(m_directory.filePath(QStringLiteral("vesk"))));
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(contents);
@@ -36,8 +34,9 @@ protected:
 
     QStringList otherFiles() const
     {
-        QStringList names = QDir(m_directory.filePath(u"vesk"_s)).entryList(QDir::Files | QDir::System | QDir::Hidden);
-        names.removeAll(u"defaults.json"_s);
+        QStringList names
+            = QDir(m_directory.filePath(QStringLiteral("vesk"))).entryList(QDir::Files | QDir::System | QDir::Hidden);
+        names.removeAll(QStringLiteral("defaults.json"));
         return names;
     }
 
@@ -50,12 +49,13 @@ protected:
     }
 
     QTemporaryDir m_directory;
-    const std::vector<StoredSource> m_two{ { u"https://b"_s, u"B \"ü\""_s, false }, { u""_s, u""_s, true } };
+    const std::vector<StoredSource> m_two{ { QStringLiteral("https://b"), QStringLiteral("B \"ü\""), false },
+        { QStringLiteral(""), QStringLiteral(""), true } };
 };
 
 TEST_F(JsonStore, standsUnderTheConfigurationDirectory)
 {
-    EXPECT_TRUE(JsonSourceStore::standardPath().endsWith(u"/vesk/defaults.json"_s));
+    EXPECT_TRUE(JsonSourceStore::standardPath().endsWith(QStringLiteral("/vesk/defaults.json")));
 }
 
 TEST_F(JsonStore, hasNoListBeforeTheFirstWrite)
@@ -77,9 +77,10 @@ TEST_F(JsonStore, holdsExactlyThreeEntriesASourceUnderItsOneKey)
 {
     ASSERT_TRUE(save({ m_two[0] }));
     const QJsonObject root = QJsonDocument::fromJson(contents()).object();
-    EXPECT_EQ(root.keys(), QStringList(u"VeskDefaultRepos_v1"_s));
-    const QJsonObject entry{ { u"url"_s, u"https://b"_s }, { u"name"_s, u"B \"ü\""_s }, { u"enabled"_s, false } };
-    EXPECT_EQ(root.value(u"VeskDefaultRepos_v1"_s).toArray(), QJsonArray({ entry }));
+    EXPECT_EQ(root.keys(), QStringList(QStringLiteral("VeskDefaultRepos_v1")));
+    const QJsonObject entry{ { QStringLiteral("url"), QStringLiteral("https://b") },
+        { QStringLiteral("name"), QStringLiteral("B \"ü\"") }, { QStringLiteral("enabled"), false } };
+    EXPECT_EQ(root.value(QStringLiteral("VeskDefaultRepos_v1")).toArray(), QJsonArray({ entry }));
 }
 
 TEST_F(JsonStore, leavesOtherKeysAsTheyAre)
@@ -87,7 +88,8 @@ TEST_F(JsonStore, leavesOtherKeysAsTheyAre)
     write("{\"Other\":{\"x\":[1,2]},\"VeskDefaultRepos_v1\":[]}");
     ASSERT_TRUE(save(m_two));
     const QJsonObject root = QJsonDocument::fromJson(contents()).object();
-    EXPECT_EQ(root.value(u"Other"_s).toObject().value(u"x"_s).toArray(), QJsonArray({ 1, 2 }));
+    EXPECT_EQ(
+        root.value(QStringLiteral("Other")).toObject().value(QStringLiteral("x")).toArray(), QJsonArray({ 1, 2 }));
     EXPECT_EQ(read(), m_two);
     EXPECT_TRUE(otherFiles().isEmpty());
 }
@@ -97,7 +99,8 @@ TEST_F(JsonStore, givesMissingEntriesTheirDefaults)
     const auto sources = readElements("{\"url\":\"u\"},{\"name\":\"n\"},{\"enabled\":true},{}");
     EXPECT_EQ(sources,
         std::vector<StoredSource>(
-            { { u"u"_s, u""_s, false }, { u""_s, u"n"_s, false }, { u""_s, u""_s, true }, { u""_s, u""_s, false } }));
+            { { QStringLiteral("u"), QStringLiteral(""), false }, { QStringLiteral(""), QStringLiteral("n"), false },
+                { QStringLiteral(""), QStringLiteral(""), true }, { QStringLiteral(""), QStringLiteral(""), false } }));
     for (const StoredSource& source : sources) {
         EXPECT_FALSE(source.url.isNull());
         EXPECT_FALSE(source.name.isNull());
@@ -108,7 +111,9 @@ TEST_F(JsonStore, givesEntriesOfTheWrongKindTheirDefaults)
 {
     const auto sources
         = readElements("{\"url\":1,\"name\":[\"n\"],\"enabled\":\"true\"},{\"url\":null,\"name\":{},\"enabled\":null}");
-    EXPECT_EQ(sources, std::vector<StoredSource>({ { u""_s, u""_s, false }, { u""_s, u""_s, false } }));
+    EXPECT_EQ(sources,
+        std::vector<StoredSource>(
+            { { QStringLiteral(""), QStringLiteral(""), false }, { QStringLiteral(""), QStringLiteral(""), false } }));
     EXPECT_FALSE(sources[0].url.isNull());
 }
 
@@ -125,9 +130,9 @@ TEST_F(JsonStore, keepsThePlaceOfElementsThatAreNoDictionaries)
 {
     const auto sources = readElements("{\"url\":\"u\",\"name\":\"n\",\"enabled\":true},5,\"x\",null,[1],true");
     ASSERT_EQ(sources.size(), 6U);
-    EXPECT_EQ(sources[0], (StoredSource{ u"u"_s, u"n"_s, true }));
+    EXPECT_EQ(sources[0], (StoredSource{ QStringLiteral("u"), QStringLiteral("n"), true }));
     for (std::size_t index = 1; index < sources.size(); ++index)
-        EXPECT_EQ(sources[index], (StoredSource{ u""_s, u""_s, false }));
+        EXPECT_EQ(sources[index], (StoredSource{ QStringLiteral(""), QStringLiteral(""), false }));
 }
 
 TEST_F(JsonStore, takesAKeyThatHoldsNoListForAbsentAndKeepsACopyBeforeItIsReplaced)
@@ -137,9 +142,9 @@ TEST_F(JsonStore, takesAKeyThatHoldsNoListForAbsentAndKeepsACopyBeforeItIsReplac
     EXPECT_FALSE(read().has_value());
     ASSERT_TRUE(save(m_two));
     EXPECT_EQ(read(), m_two);
-    EXPECT_EQ(QJsonDocument::fromJson(contents()).object().value(u"Other"_s).toInt(), 1);
+    EXPECT_EQ(QJsonDocument::fromJson(contents()).object().value(QStringLiteral("Other")).toInt(), 1);
     ASSERT_EQ(otherFiles().size(), 1);
-    EXPECT_EQ(contentsOf(m_directory.filePath(u"vesk/"_s + otherFiles().first())), damaged);
+    EXPECT_EQ(contentsOf(m_directory.filePath(QStringLiteral("vesk/") + otherFiles().first())), damaged);
 }
 
 TEST_F(JsonStore, keepsAnUnreadableFileBesideItselfBeforeWriting)
@@ -154,8 +159,9 @@ TEST_F(JsonStore, keepsAnUnreadableFileBesideItselfBeforeWriting)
         EXPECT_EQ(read(), m_two);
         EXPECT_EQ(otherFiles().size(), ++kept);
         const QStringList others = otherFiles();
-        EXPECT_TRUE(std::any_of(others.begin(), others.end(),
-            [&](const QString& name) { return contentsOf(m_directory.filePath(u"vesk/"_s + name)) == bad; }));
+        EXPECT_TRUE(std::any_of(others.begin(), others.end(), [&](const QString& name) {
+            return contentsOf(m_directory.filePath(QStringLiteral("vesk/") + name)) == bad;
+        }));
     }
 }
 
@@ -180,7 +186,7 @@ TEST_F(JsonStore, survivesNestingWithoutEnd)
 
 TEST_F(JsonStore, doesNotBlockOnAPipeInItsPlace)
 {
-    ASSERT_TRUE(QDir().mkpath(m_directory.filePath(u"vesk"_s)));
+    ASSERT_TRUE(QDir().mkpath(m_directory.filePath(QStringLiteral("vesk"))));
     ASSERT_EQ(::mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
     EXPECT_FALSE(read().has_value());
     ASSERT_TRUE(save(m_two));
@@ -189,17 +195,18 @@ TEST_F(JsonStore, doesNotBlockOnAPipeInItsPlace)
 
 TEST_F(JsonStore, movesADirectoryInItsPlaceAway)
 {
-    ASSERT_TRUE(QDir().mkpath(path() + u"/inner"_s));
+    ASSERT_TRUE(QDir().mkpath(path() + QStringLiteral("/inner")));
     EXPECT_FALSE(read().has_value());
     ASSERT_TRUE(save(m_two));
     EXPECT_EQ(read(), m_two);
-    EXPECT_EQ(QDir(m_directory.filePath(u"vesk"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+    EXPECT_EQ(
+        QDir(m_directory.filePath(QStringLiteral("vesk"))).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
 }
 
 TEST_F(JsonStore, writesThroughASymbolicLink)
 {
     write("{}");
-    const QString target = m_directory.filePath(u"elsewhere.json"_s);
+    const QString target = m_directory.filePath(QStringLiteral("elsewhere.json"));
     ASSERT_TRUE(QFile::rename(path(), target));
     ASSERT_TRUE(QFile::link(target, path()));
     ASSERT_TRUE(save(m_two));
@@ -210,7 +217,7 @@ TEST_F(JsonStore, writesThroughASymbolicLink)
 TEST_F(JsonStore, saysSoWhenItCannotBeWritten)
 {
     // A file in the directory's place stops every user, the superuser too.
-    QFile file(m_directory.filePath(u"vesk"_s));
+    QFile file(m_directory.filePath(QStringLiteral("vesk")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     EXPECT_FALSE(save(m_two));
@@ -219,7 +226,7 @@ TEST_F(JsonStore, saysSoWhenItCannotBeWritten)
 
 TEST_F(JsonStore, thatCannotBeWrittenLosesNoSourceInMemory)
 {
-    QFile file(m_directory.filePath(u"vesk"_s));
+    QFile file(m_directory.filePath(QStringLiteral("vesk")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     CatalogWorld world;
@@ -252,7 +259,7 @@ TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
     manager->removeRepository(manager->repositories()[0]);
     manager = restart();
     ASSERT_EQ(manager->repositories().size(), 3U);
-    EXPECT_EQ(manager->repositories()[0]->name(), u"Havoc"_s);
+    EXPECT_EQ(manager->repositories()[0]->name(), QStringLiteral("Havoc"));
     EXPECT_FALSE(manager->repositories()[0]->enabled());
     EXPECT_TRUE(manager->repositories()[1]->enabled());
     EXPECT_FALSE(manager->repositories()[0]->lastRefresh().isValid());

@@ -10,8 +10,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-using namespace Qt::StringLiterals;
-
 class StoreOnAFaultyDisk : public testing::Test
 {
 protected:
@@ -21,7 +19,7 @@ protected:
         m_oldContents = contents();
     }
 
-    QString path() const { return m_directory.filePath(u"defaults.json"_s); }
+    QString path() const { return m_directory.filePath(QStringLiteral("defaults.json")); }
 
     QByteArray contents() const
     {
@@ -54,8 +52,8 @@ protected:
 
     QTemporaryDir m_directory;
     std::shared_ptr<DiskRecord> m_disk = std::make_shared<DiskRecord>();
-    const std::vector<StoredSource> m_old{ { u"https://old"_s, u"Old"_s, true } };
-    const std::vector<StoredSource> m_new{ { u"https://new"_s, u"New"_s, false } };
+    const std::vector<StoredSource> m_old{ { QStringLiteral("https://old"), QStringLiteral("Old"), true } };
+    const std::vector<StoredSource> m_new{ { QStringLiteral("https://new"), QStringLiteral("New"), false } };
     QByteArray m_oldContents;
 };
 
@@ -63,23 +61,26 @@ TEST_F(StoreOnAFaultyDisk, bringsTheFileToTheDiskBeforeItsNameAndTheNameAfterTha
 {
     ASSERT_TRUE(store()->setSources(m_new));
     EXPECT_EQ(m_disk->calls,
-        QStringList({ u"open to read"_s, u"read"_s, u"close file"_s, u"open to write"_s, u"write"_s, u"fsync file"_s,
-            u"close file"_s, u"rename"_s, u"open directory"_s, u"fsync directory"_s, u"close directory"_s }));
+        QStringList({ QStringLiteral("open to read"), QStringLiteral("read"), QStringLiteral("close file"),
+            QStringLiteral("open to write"), QStringLiteral("write"), QStringLiteral("fsync file"),
+            QStringLiteral("close file"), QStringLiteral("rename"), QStringLiteral("open directory"),
+            QStringLiteral("fsync directory"), QStringLiteral("close directory") }));
 }
 
 TEST_F(StoreOnAFaultyDisk, keepsTheOldListWhateverFailsUntilTheNewOneIsSafe)
 {
-    for (const QString& step : { u"open to write"_s, u"write"_s, u"fsync file"_s, u"close file"_s, u"rename"_s }) {
+    for (const QString& step : { QStringLiteral("open to write"), QStringLiteral("write"), QStringLiteral("fsync file"),
+             QStringLiteral("close file"), QStringLiteral("rename") }) {
         m_disk->failing = QStringList(step);
         EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
         EXPECT_EQ(contents(), m_oldContents) << step.toStdString();
-        EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s)) << step.toStdString();
+        EXPECT_EQ(filesThere(), QStringList(QStringLiteral("defaults.json"))) << step.toStdString();
     }
 }
 
 TEST_F(StoreOnAFaultyDisk, saysSoWhenTheNewNameIsNotBroughtToTheDisk)
 {
-    for (const QString& step : { u"open directory"_s, u"fsync directory"_s }) {
+    for (const QString& step : { QStringLiteral("open directory"), QStringLiteral("fsync directory") }) {
         m_disk->failing = QStringList(step);
         EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
         EXPECT_EQ(JsonSourceStore(path()).sources(), m_new);
@@ -89,13 +90,14 @@ TEST_F(StoreOnAFaultyDisk, saysSoWhenTheNewNameIsNotBroughtToTheDisk)
 TEST_F(StoreOnAFaultyDisk, doesNotEmptyTheFileWhenASwitchIsTouchedWhileTheDiskIsFull)
 {
     const auto full = manager();
-    m_disk->failing = QStringList(u"write"_s);
+    m_disk->failing = QStringList(QStringLiteral("write"));
     full->toggleRepository(full->repositories()[0], false);
     EXPECT_EQ(contents(), m_oldContents);
     EXPECT_FALSE(full->repositories()[0]->enabled());
     m_disk->failing.clear();
     full->toggleRepository(full->repositories()[0], false);
-    EXPECT_EQ(JsonSourceStore(path()).sources(), std::vector<StoredSource>({ { u"https://old"_s, u"Old"_s, false } }));
+    EXPECT_EQ(JsonSourceStore(path()).sources(),
+        std::vector<StoredSource>({ { QStringLiteral("https://old"), QStringLiteral("Old"), false } }));
 }
 
 TEST_F(StoreOnAFaultyDisk, writesAndReadsInPiecesAndAfterInterruptions)
@@ -111,7 +113,7 @@ TEST_F(StoreOnAFaultyDisk, writesAndReadsInPiecesAndAfterInterruptions)
 
 TEST_F(StoreOnAFaultyDisk, takesAFileThatCannotBeReadForNoDamage)
 {
-    for (const QString& step : { u"open to read"_s, u"read"_s }) {
+    for (const QString& step : { QStringLiteral("open to read"), QStringLiteral("read") }) {
         for (const int error : { EACCES, EMFILE, EIO }) {
             m_disk->failing = QStringList(step);
             m_disk->error = error;
@@ -122,14 +124,14 @@ TEST_F(StoreOnAFaultyDisk, takesAFileThatCannotBeReadForNoDamage)
             m_disk->failing.clear();
             EXPECT_FALSE(blind->setSources(m_new)) << step.toStdString() << error;
             EXPECT_EQ(contents(), m_oldContents);
-            EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s));
+            EXPECT_EQ(filesThere(), QStringList(QStringLiteral("defaults.json")));
         }
     }
 }
 
 TEST_F(StoreOnAFaultyDisk, writesAgainOnceTheFileHasBeenReadAfterAll)
 {
-    m_disk->failing = QStringList(u"open to read"_s);
+    m_disk->failing = QStringList(QStringLiteral("open to read"));
     const auto blind = store();
     EXPECT_FALSE(blind->sources().has_value());
     m_disk->failing.clear();
@@ -142,7 +144,7 @@ TEST_F(StoreOnAFaultyDisk, triesTheNextEditAgainWhenTheFileCouldNotBeReadForOne)
 {
     const auto store = this->store();
     EXPECT_EQ(store->sources(), m_old);
-    m_disk->failing = QStringList(u"open to read"_s);
+    m_disk->failing = QStringList(QStringLiteral("open to read"));
     EXPECT_FALSE(store->setSources(m_new));
     EXPECT_EQ(contents(), m_oldContents);
     m_disk->failing.clear();
@@ -151,7 +153,7 @@ TEST_F(StoreOnAFaultyDisk, triesTheNextEditAgainWhenTheFileCouldNotBeReadForOne)
 
 TEST_F(StoreOnAFaultyDisk, startsThisRunFromTheDefaultsAndTheNextFromTheUsersOwnWhenItCannotBeRead)
 {
-    m_disk->failing = QStringList(u"open to read"_s);
+    m_disk->failing = QStringList(QStringLiteral("open to read"));
     m_disk->error = EMFILE;
     const auto blind = manager();
     EXPECT_EQ(blind->repositories().size(), 4U);
@@ -160,13 +162,13 @@ TEST_F(StoreOnAFaultyDisk, startsThisRunFromTheDefaultsAndTheNextFromTheUsersOwn
     EXPECT_EQ(blind->repositories().size(), 3U);
     EXPECT_EQ(contents(), m_oldContents);
     ASSERT_EQ(manager()->repositories().size(), 1U);
-    EXPECT_EQ(manager()->repositories()[0]->name(), u"Old"_s);
+    EXPECT_EQ(manager()->repositories()[0]->name(), QStringLiteral("Old"));
 }
 
 TEST_F(StoreOnAFaultyDisk, leavesALinkThatLeadsNowhereAlone)
 {
     ASSERT_TRUE(QFile::remove(path()));
-    ASSERT_TRUE(QFile::link(m_directory.filePath(u"not mounted/defaults.json"_s), path()));
+    ASSERT_TRUE(QFile::link(m_directory.filePath(QStringLiteral("not mounted/defaults.json")), path()));
     EXPECT_FALSE(store()->sources().has_value());
     EXPECT_FALSE(store()->setSources(m_new));
     EXPECT_TRUE(QFileInfo(path()).isSymLink());
@@ -176,21 +178,22 @@ TEST_F(StoreOnAFaultyDisk, writesNothingWhenTheCopyOfADamagedListCannotBeKept)
 {
     const QByteArray damaged = "{\"Other\":1,\"VeskDefaultRepos_v1\":\"https://only.one\"}";
     write(damaged);
-    for (const QString& step : { u"open to write"_s, u"write"_s, u"fsync file"_s, u"close file"_s, u"rename"_s }) {
+    for (const QString& step : { QStringLiteral("open to write"), QStringLiteral("write"), QStringLiteral("fsync file"),
+             QStringLiteral("close file"), QStringLiteral("rename") }) {
         m_disk->failing = QStringList(step);
         EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
         EXPECT_EQ(contents(), damaged) << step.toStdString();
-        EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s)) << step.toStdString();
+        EXPECT_EQ(filesThere(), QStringList(QStringLiteral("defaults.json"))) << step.toStdString();
     }
 }
 
 TEST_F(StoreOnAFaultyDisk, writesNothingOverADamagedFileThatCannotMakeWay)
 {
     write("not JSON");
-    m_disk->failing = QStringList(u"rename"_s);
+    m_disk->failing = QStringList(QStringLiteral("rename"));
     EXPECT_FALSE(store()->setSources(m_new));
     EXPECT_EQ(contents(), "not JSON");
-    EXPECT_EQ(filesThere(), QStringList(u"defaults.json"_s));
+    EXPECT_EQ(filesThere(), QStringList(QStringLiteral("defaults.json")));
 }
 
 TEST_F(StoreOnAFaultyDisk, keepsThePermissionsOfTheFile)

@@ -13,8 +13,6 @@
 #include <random>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int longestWait = 60000;
@@ -30,7 +28,7 @@ int killCount()
 class StoredList : public testing::Test
 {
 protected:
-    QString file() const { return m_directory.filePath(u"defaults.json"_s); }
+    QString file() const { return m_directory.filePath(QStringLiteral("defaults.json")); }
 
     void start(int first, int last)
     {
@@ -53,7 +51,8 @@ protected:
         if (!list || list->size() != listLength)
             return std::nullopt;
         for (const StoredSource& source : *list)
-            if (source.name != list->front().name || !source.enabled || source.url != u"https://example.org/"_s)
+            if (source.name != list->front().name || !source.enabled
+                || source.url != QStringLiteral("https://example.org/"))
                 return std::nullopt;
         return list->front().name.toInt();
     }
@@ -74,10 +73,10 @@ protected:
         EXPECT_TRUE(m_program.waitForFinished(longestWait));
         m_program.readAllStandardOutput();
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"LD_PRELOAD"_s, QStringLiteral(CUT_DISK));
-        environment.insert(u"CUT_DIRECTORY"_s, m_directory.path());
-        environment.insert(u"CUT_AT"_s, QString::number(step));
-        environment.insert(u"CUT_HOW"_s, QString::fromLatin1(GetParam()));
+        environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(CUT_DISK));
+        environment.insert(QStringLiteral("CUT_DIRECTORY"), m_directory.path());
+        environment.insert(QStringLiteral("CUT_AT"), QString::number(step));
+        environment.insert(QStringLiteral("CUT_HOW"), QString::fromLatin1(GetParam()));
         m_program.setProcessEnvironment(environment);
         start(2, 3);
         EXPECT_TRUE(m_program.waitForFinished(longestWait));

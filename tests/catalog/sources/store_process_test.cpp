@@ -10,8 +10,6 @@
 
 #include <sys/stat.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int longestWait = 60000;
@@ -34,15 +32,18 @@ protected:
     void run(const QStringList& options, const QByteArray& script)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"W"_s, m_directory.path());
-        environment.insert(u"PROBE"_s, QStringLiteral(SOURCE_SWITCH_PROBE));
+        environment.insert(QStringLiteral("W"), m_directory.path());
+        environment.insert(QStringLiteral("PROBE"), QStringLiteral(SOURCE_SWITCH_PROBE));
         QProcess process;
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
-        const QStringList sandbox{ u"--unshare-user"_s, u"--die-with-parent"_s, u"--ro-bind"_s, u"/"_s, u"/"_s,
-            u"--dev"_s, u"/dev"_s, u"--bind"_s, m_directory.path(), m_directory.path() };
-        process.start(
-            u"bwrap"_s, sandbox + options + QStringList{ u"--"_s, u"/bin/sh"_s, u"-euc"_s, QString::fromUtf8(script) });
+        const QStringList sandbox{ QStringLiteral("--unshare-user"), QStringLiteral("--die-with-parent"),
+            QStringLiteral("--ro-bind"), QStringLiteral("/"), QStringLiteral("/"), QStringLiteral("--dev"),
+            QStringLiteral("/dev"), QStringLiteral("--bind"), m_directory.path(), m_directory.path() };
+        process.start(QStringLiteral("bwrap"),
+            sandbox + options
+                + QStringList{ QStringLiteral("--"), QStringLiteral("/bin/sh"), QStringLiteral("-euc"),
+                    QString::fromUtf8(script) });
         ASSERT_TRUE(process.waitForStarted()) << "bwrap is needed (Debian package bubblewrap)";
         ASSERT_TRUE(process.waitForFinished(longestWait));
         ASSERT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
@@ -54,14 +55,15 @@ protected:
     }
 
     QTemporaryDir m_directory;
-    const std::vector<StoredSource> m_user{ { u"https://a"_s, u"A"_s, true }, { u"https://b"_s, u"B"_s, true } };
+    const std::vector<StoredSource> m_user{ { QStringLiteral("https://a"), QStringLiteral("A"), true },
+        { QStringLiteral("https://b"), QStringLiteral("B"), true } };
 };
 
 TEST_F(StoreOnARealDisk, isNotEmptiedWhenASwitchIsTouchedWhileTheDiskIsFull)
 {
-    ASSERT_TRUE(QDir().mkpath(path(u"disk"_s)));
-    ASSERT_TRUE(JsonSourceStore(path(u"before.json"_s)).setSources(m_user));
-    run({ u"--size"_s, u"131072"_s, u"--tmpfs"_s, path(u"disk"_s) },
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("disk"))));
+    ASSERT_TRUE(JsonSourceStore(path(QStringLiteral("before.json"))).setSources(m_user));
+    run({ QStringLiteral("--size"), QStringLiteral("131072"), QStringLiteral("--tmpfs"), path(QStringLiteral("disk")) },
         R"(
         mkdir "$W/disk/vesk"
         cp "$W/before.json" "$W/disk/vesk/defaults.json"
@@ -79,19 +81,20 @@ TEST_F(StoreOnARealDisk, isNotEmptiedWhenASwitchIsTouchedWhileTheDiskIsFull)
         wait
         cp "$W/disk/vesk/defaults.json" "$W/after.json"
         )");
-    EXPECT_TRUE(contents(u"filled"_s).contains("No space left"));
-    EXPECT_EQ(contents(u"out"_s), "2 off\n2 on\n2 off\n");
-    EXPECT_EQ(contents(u"during.json"_s), contents(u"before.json"_s));
-    EXPECT_EQ(contents(u"files"_s), "defaults.json\n");
-    EXPECT_EQ(stored(u"after.json"_s),
-        std::vector<StoredSource>({ { u"https://a"_s, u"A"_s, false }, { u"https://b"_s, u"B"_s, true } }));
+    EXPECT_TRUE(contents(QStringLiteral("filled")).contains("No space left"));
+    EXPECT_EQ(contents(QStringLiteral("out")), "2 off\n2 on\n2 off\n");
+    EXPECT_EQ(contents(QStringLiteral("during.json")), contents(QStringLiteral("before.json")));
+    EXPECT_EQ(contents(QStringLiteral("files")), "defaults.json\n");
+    EXPECT_EQ(stored(QStringLiteral("after.json")),
+        std::vector<StoredSource>({ { QStringLiteral("https://a"), QStringLiteral("A"), false },
+            { QStringLiteral("https://b"), QStringLiteral("B"), true } }));
 }
 
 TEST_F(StoreOnARealDisk, isNotEmptiedWhenAFileMayNotGrow)
 {
-    ASSERT_TRUE(QDir().mkpath(path(u"vesk"_s)));
-    ASSERT_TRUE(JsonSourceStore(path(u"vesk/defaults.json"_s)).setSources(m_user));
-    const QByteArray before = contents(u"vesk/defaults.json"_s);
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("vesk"))));
+    ASSERT_TRUE(JsonSourceStore(path(QStringLiteral("vesk/defaults.json"))).setSources(m_user));
+    const QByteArray before = contents(QStringLiteral("vesk/defaults.json"));
     run({}, R"(
         trap '' XFSZ
         mkfifo "$W/out"
@@ -99,35 +102,38 @@ TEST_F(StoreOnARealDisk, isNotEmptiedWhenAFileMayNotGrow)
         (ulimit -f 0; echo | XDG_CONFIG_HOME="$W" "$PROBE" >"$W/out")
         wait
         )");
-    EXPECT_EQ(contents(u"printed"_s), "2 off\n");
-    EXPECT_EQ(contents(u"vesk/defaults.json"_s), before);
-    EXPECT_EQ(QDir(path(u"vesk"_s)).entryList(QDir::Files | QDir::Hidden), QStringList(u"defaults.json"_s));
+    EXPECT_EQ(contents(QStringLiteral("printed")), "2 off\n");
+    EXPECT_EQ(contents(QStringLiteral("vesk/defaults.json")), before);
+    EXPECT_EQ(QDir(path(QStringLiteral("vesk"))).entryList(QDir::Files | QDir::Hidden),
+        QStringList(QStringLiteral("defaults.json")));
 }
 
 TEST_F(StoreOnARealDisk, isLeftAloneWhenItMayNotBeRead)
 {
-    ASSERT_TRUE(QDir().mkpath(path(u"vesk"_s)));
-    const QString file = path(u"vesk/defaults.json"_s);
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("vesk"))));
+    const QString file = path(QStringLiteral("vesk/defaults.json"));
     ASSERT_TRUE(JsonSourceStore(file).setSources(m_user));
-    const QByteArray before = contents(u"vesk/defaults.json"_s);
+    const QByteArray before = contents(QStringLiteral("vesk/defaults.json"));
     ASSERT_EQ(::chmod(QFile::encodeName(file).constData(), 0), 0);
     // An ordinary user, whoever runs this.
-    run({ u"--uid"_s, u"1000"_s, u"--gid"_s, u"1000"_s, u"--cap-drop"_s, u"ALL"_s },
+    run({ QStringLiteral("--uid"), QStringLiteral("1000"), QStringLiteral("--gid"), QStringLiteral("1000"),
+            QStringLiteral("--cap-drop"), QStringLiteral("ALL") },
         R"(printf '\n\n' | XDG_CONFIG_HOME="$W" "$PROBE" >"$W/out")");
     ASSERT_EQ(::chmod(QFile::encodeName(file).constData(), 0600), 0);
-    EXPECT_EQ(contents(u"out"_s), "4 off\n4 on\n");
-    EXPECT_EQ(contents(u"vesk/defaults.json"_s), before);
-    EXPECT_EQ(QDir(path(u"vesk"_s)).entryList(QDir::Files | QDir::Hidden), QStringList(u"defaults.json"_s));
+    EXPECT_EQ(contents(QStringLiteral("out")), "4 off\n4 on\n");
+    EXPECT_EQ(contents(QStringLiteral("vesk/defaults.json")), before);
+    EXPECT_EQ(QDir(path(QStringLiteral("vesk"))).entryList(QDir::Files | QDir::Hidden),
+        QStringList(QStringLiteral("defaults.json")));
 }
 
 TEST_F(StoreOnARealDisk, isLeftAsItIsWhereTheDirectoryMayOnlyBeRead)
 {
-    ASSERT_TRUE(QDir().mkpath(path(u"vesk"_s)));
-    const QString file = path(u"vesk/defaults.json"_s);
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("vesk"))));
+    const QString file = path(QStringLiteral("vesk/defaults.json"));
     ASSERT_TRUE(JsonSourceStore(file).setSources(m_user));
-    const QByteArray before = contents(u"vesk/defaults.json"_s);
-    run({ u"--ro-bind"_s, path(u"vesk"_s), path(u"vesk"_s) },
+    const QByteArray before = contents(QStringLiteral("vesk/defaults.json"));
+    run({ QStringLiteral("--ro-bind"), path(QStringLiteral("vesk")), path(QStringLiteral("vesk")) },
         R"(printf '\n\n' | XDG_CONFIG_HOME="$W" "$PROBE" >"$W/out")");
-    EXPECT_EQ(contents(u"out"_s), "2 off\n2 on\n");
-    EXPECT_EQ(contents(u"vesk/defaults.json"_s), before);
+    EXPECT_EQ(contents(QStringLiteral("out")), "2 off\n2 on\n");
+    EXPECT_EQ(contents(QStringLiteral("vesk/defaults.json")), before);
 }

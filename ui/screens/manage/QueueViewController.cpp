@@ -47,22 +47,8 @@ void QueueViewController::viewWillAppear()
 
 QString QueueViewController::statusString(qint64 status)
 {
-    switch (status) {
-    case QueueStatusQueued:
-        return QStringLiteral("In Queue");
-    case QueueStatusDownloading:
-        return QStringLiteral("Downloading");
-    case QueueStatusInstalling:
-        return QStringLiteral("Installing");
-    case QueueStatusReady:
-        return QStringLiteral("Ready");
-    case QueueStatusComplete:
-        return QStringLiteral("Complete");
-    case QueueStatusFailed:
-        return QStringLiteral("Failed");
-    default:
-        return QStringLiteral("Unknown");
-    }
+    const bool isKnown = status >= QueueStatusQueued && status <= QueueStatusFailed;
+    return isKnown ? PackageInstaller::statusDisplayName(status) : QStringLiteral("Unknown");
 }
 
 void QueueViewController::applyStatusColor(kit::Label* label, qint64 status)
