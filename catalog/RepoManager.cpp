@@ -98,7 +98,9 @@ void RepoManager::persistState()
 
 void RepoManager::emptyCatalog()
 {
-    m_world.workers->post([held = m_index.clear()] {});
+    std::shared_ptr<const void> held = m_index.clear();
+    if (m_world.workers)
+        m_world.workers->post([held = std::move(held)] {});
 }
 
 void RepoManager::removeRepository(const VeskRepositoryPtr& repository)
