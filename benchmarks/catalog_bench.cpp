@@ -144,9 +144,9 @@ double costOfPackage(const Setting& setting, const QByteArray& text)
 {
     const QByteArray gzip = packedByGzip(text);
     const auto catalog = setting.catalog();
-    std::vector<double> times;
-    for (int round = 0; round < slowRounds; ++round)
-        times.push_back(millisecondsOf([&] { catalog->refresh(gzip, Compression::Gzip); }));
+    std::vector<double> times(slowRounds);
+    std::generate(
+        times.begin(), times.end(), [&] { return millisecondsOf([&] { catalog->refresh(gzip, Compression::Gzip); }); });
     return 1000 * medianOf(times) / packageCountOf(text);
 }
 

@@ -52,7 +52,6 @@ public:
             m_begin = processorTime();
         });
         QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &m_context, [this] { end(); });
-        m_begin = processorTime();
     }
 
     double milliseconds()
@@ -69,7 +68,7 @@ private:
     }
 
     QObject m_context;
-    double m_begin = 0;
+    double m_begin = processorTime();
     double m_longest = 0;
 };
 
@@ -253,6 +252,7 @@ void measureScrolling(const Figures& figures, const QByteArray& large)
     timeToAppear(world, Changes);
     std::vector<double> frames;
     constexpr int frameCount = 100;
+    frames.reserve(frameCount);
     for (int frame = 0; frame < frameCount; ++frame)
         frames.push_back(world.frameAfter([&] { touch.wheel({ 200, 400 }, 1); }));
     figures.print("scroll_ms_per_frame" + scale, medianOf(frames), "ms");

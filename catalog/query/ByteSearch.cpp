@@ -71,7 +71,7 @@ std::uint64_t BytePattern::candidatesFrom(const char* place) const
 {
     const Bytes rarest = bytesOf(m_pattern[m_rarest]);
     const Bytes nextRarest = bytesOf(m_pattern[m_nextRarest]);
-    std::array<Bytes, placesAtOnce / sizeof(Bytes)> hits;
+    std::array<Bytes, placesAtOnce / sizeof(Bytes)> hits{};
     Bytes any{};
     for (std::size_t part = 0; part < hits.size(); ++part) {
         const char* const at = place + part * sizeof(Bytes);

@@ -18,12 +18,11 @@ public:
     // Takes the names on the bus and answers from then on; does nothing without a bus.
     void announce();
 
-public Q_SLOTS:
     // The interface. There are no files that the program opens and no actions that it offers: each of the three brings
     // the window to the front. The data says what the desktop knows of the start.
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& uris, const QVariantMap& platformData);
-    void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
+    Q_SLOT void Activate(const QVariantMap& platformData);
+    Q_SLOT void Open(const QStringList& uris, const QVariantMap& platformData);
+    Q_SLOT void ActivateAction(const QString& name, const QVariantList& parameter, const QVariantMap& platformData);
 
 Q_SIGNALS:
     // The token is that of the Wayland protocol by which a window comes to the front; empty when none was given.
