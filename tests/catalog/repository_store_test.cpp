@@ -172,15 +172,19 @@ TEST_F(RepositoryStore, doesNothingWhenNoRecordIsRemoved)
 
 TEST_F(RepositoryStore, persistsASwitchedSourceAndLeavesTheCatalogAlone)
 {
-    const auto source = addSource(QStringLiteral("https://a.example"));
+    const auto source = addServedSource(QStringLiteral("/r"));
+    const QString line = QStringLiteral("Source ") + source->urlString();
     manager().packages().push_back(makePackage(QStringLiteral("a")));
     manager().toggleRepository(source, false);
     EXPECT_FALSE(source->enabled());
-    EXPECT_EQ(storedLines(), QStringList(QStringLiteral("Source https://a.example off")));
+    EXPECT_EQ(storedLines(), QStringList(line + QStringLiteral(" off")));
     EXPECT_EQ(manager().packages().size(), 1U);
     manager().toggleRepository(source, true);
-    EXPECT_EQ(storedLines(), QStringList(QStringLiteral("Source https://a.example on")));
-    EXPECT_FALSE(manager().isLoading());
+    EXPECT_EQ(storedLines(), QStringList(line + QStringLiteral(" on")));
+    // Whatever the switch had asked for would be there before what is asked for now.
+    m_server.serve("/r/Packages.bz2", stanza("a"));
+    ASSERT_TRUE(refresh(source));
+    EXPECT_EQ(m_server.requestedPaths(), std::vector<QByteArray>{ "/r/Packages.bz2" });
 }
 
 TEST_F(RepositoryStore, persistsWhenNoSourceIsSwitched)
