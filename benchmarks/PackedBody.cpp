@@ -1,4 +1,5 @@
 #include "benchmarks/PackedBody.h"
+#include "tests/support/Packing.h"
 
 #include <array>
 
@@ -30,30 +31,12 @@ template <typename Take> qsizetype inflateInPasses(const QByteArray& body, Take 
 
 QByteArray packedByGzip(const QByteArray& text)
 {
-    z_stream stream{};
-    deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
-    QByteArray packed(
-        static_cast<qsizetype>(deflateBound(&stream, static_cast<uLong>(text.size()))), Qt::Uninitialized);
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
-    stream.avail_in = static_cast<uInt>(text.size());
-    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-    stream.avail_out = static_cast<uInt>(packed.size());
-    deflate(&stream, Z_FINISH);
-    packed.truncate(static_cast<qsizetype>(stream.total_out));
-    deflateEnd(&stream);
-    packed.squeeze();
-    return packed;
+    return QByteArray::fromStdString(gzipped(std::string_view(text)));
 }
 
 QByteArray packedByBzip2(const QByteArray& text)
 {
-    auto size = static_cast<unsigned>(text.size() + text.size() / 100 + 600);
-    QByteArray packed(static_cast<qsizetype>(size), Qt::Uninitialized);
-    BZ2_bzBuffToBuffCompress(
-        packed.data(), &size, const_cast<char*>(text.data()), static_cast<unsigned>(text.size()), 9, 0, 0);
-    packed.truncate(static_cast<qsizetype>(size));
-    packed.squeeze();
-    return packed;
+    return QByteArray::fromStdString(bzipped(std::string_view(text)));
 }
 
 QByteArray unpackedByGzip(const QByteArray& body)

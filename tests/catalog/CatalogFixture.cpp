@@ -3,9 +3,6 @@
 
 #include <QFile>
 
-#include <bzlib.h>
-#include <zlib.h>
-
 void CatalogFixture::writeStatus(const QByteArray& contents) const
 {
     QFile file(statusPath());
@@ -59,32 +56,6 @@ bool CatalogFixture::refresh(const VeskRepositoryPtr& repository)
 QStringList CatalogFixture::packageIDs()
 {
     return idsOf(manager().packages());
-}
-
-QByteArray gzipped(const QByteArray& text)
-{
-    z_stream stream{};
-    deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY);
-    QByteArray packed(
-        static_cast<qsizetype>(deflateBound(&stream, static_cast<uLong>(text.size()))), Qt::Uninitialized);
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
-    stream.avail_in = static_cast<uInt>(text.size());
-    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-    stream.avail_out = static_cast<uInt>(packed.size());
-    deflate(&stream, Z_FINISH);
-    packed.truncate(static_cast<qsizetype>(stream.total_out));
-    deflateEnd(&stream);
-    return packed;
-}
-
-QByteArray bzipped(const QByteArray& text)
-{
-    auto size = static_cast<unsigned>(text.size() + text.size() / 100 + 600);
-    QByteArray packed(static_cast<qsizetype>(size), Qt::Uninitialized);
-    BZ2_bzBuffToBuffCompress(
-        packed.data(), &size, const_cast<char*>(text.data()), static_cast<unsigned>(text.size()), 9, 0, 0);
-    packed.truncate(static_cast<qsizetype>(size));
-    return packed;
 }
 
 QByteArray stanza(const QByteArray& packageID)

@@ -3,21 +3,15 @@
 #include "actions/PackageDownload.h"
 #include "actions/PrivateDirectory.h"
 #include "catalog/records/RepositoryURL.h"
+#include "tests/fuzz/Require.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
-
-void require(bool isAsExpected)
-{
-    if (!isAsExpected)
-        std::abort();
-}
 
 // What a system takes for one file of the directory.
 void checkName(const QString& name)

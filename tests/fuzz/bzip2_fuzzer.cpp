@@ -5,32 +5,9 @@
 #include "tests/catalog/decode/DrivenDecoder.h"
 #include "tests/catalog/decode/PackedStream.h"
 #include "tests/catalog/decode/PlainReference.h"
-
-#include <cstdlib>
+#include "tests/fuzz/Require.h"
 
 namespace {
-
-// Three bytes tell where, one tells how; what is left over at the end tells where the body is cut.
-QByteArray edited(QByteArray body, const std::uint8_t* data, std::size_t size)
-{
-    const auto placeAt = [&body, data](std::size_t index) {
-        return qsizetype(data[index] << 16 | data[index + 1] << 8 | data[index + 2]) % body.size();
-    };
-    std::size_t index = 0;
-    for (; index + 4 <= size; index += 4) {
-        const qsizetype place = placeAt(index);
-        body[place] = static_cast<char>(body[place] ^ static_cast<char>(data[index + 3]));
-    }
-    if (size - index == 3)
-        body.truncate(placeAt(index));
-    return body;
-}
-
-void require(bool isAsExpected)
-{
-    if (!isAsExpected)
-        std::abort();
-}
 
 void checkBlocks(const QByteArray& bytes)
 {
@@ -66,8 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size == 0)
         return 0;
     if (data[0] % 16 == 0)
-        checkDecoder(edited(manyBlocks, data + 1, size - 1), 1000 + data[0] * qsizetype(500));
+        checkDecoder(edited(manyBlocks, data + 1, size - 1, 3), 1000 + data[0] * qsizetype(500));
     else
-        checkBlocks(edited(oneBlock, data + 1, size - 1));
+        checkBlocks(edited(oneBlock, data + 1, size - 1, 3));
     return 0;
 }

@@ -1,11 +1,11 @@
 // Any bytes as the status file of dpkg: each package has the version that the plain definition gives it.
 #include "catalog/index/DpkgStatus.h"
 #include "catalog/text/TextDecoding.h"
+#include "tests/fuzz/Require.h"
 
 #include <QStringList>
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
@@ -53,8 +53,8 @@ void check(const DpkgStatus& status, const QList<Stanza>& stanzas, const QString
     const QByteArray utf8 = packageID.toUtf8();
     const auto version = status.versionOf(viewOf(utf8));
     const QString expected = plainlyFound(stanzas, packageID);
-    if (version.has_value() == expected.isNull() || (version && textOf(*version) != expected))
-        std::abort();
+    require(version.has_value() != expected.isNull());
+    require(!version || textOf(*version) == expected);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // Any bytes as an icon: they are a picture that a row can show, or none.
+#include "tests/fuzz/Require.h"
 #include "ui/kit/paint/Image.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -12,8 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (image.isNull())
         return 0;
     const QImage pixels = image.pixels(1);
-    if (pixels.isNull() || pixels.width() > largestSide || pixels.height() > largestSide
-        || pixels.format() != QImage::Format_ARGB32_Premultiplied)
-        std::abort();
+    require(!pixels.isNull() && pixels.format() == QImage::Format_ARGB32_Premultiplied);
+    require(pixels.width() <= largestSide && pixels.height() <= largestSide);
     return 0;
 }

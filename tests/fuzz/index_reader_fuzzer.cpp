@@ -4,17 +4,11 @@
 #include "tests/catalog/decode/PlainReference.h"
 #include "tests/catalog/index/PlainReading.h"
 #include "tests/catalog/index/ReadIndex.h"
+#include "tests/fuzz/Require.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
-
-void require(bool isAsExpected)
-{
-    if (!isAsExpected)
-        std::abort();
-}
 
 IndexJob jobFor(Compression compression)
 {

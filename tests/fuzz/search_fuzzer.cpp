@@ -2,12 +2,12 @@
 // with every text lower-cased as a whole.
 #include "catalog/query/SearchText.h"
 #include "catalog/text/TextDecoding.h"
+#include "tests/fuzz/Require.h"
 
 #include <QStringList>
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
@@ -52,7 +52,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (plainlyMatches(texts, first, query))
             expected.push_back(static_cast<std::uint32_t>(first / fieldsOfAPackage));
     }
-    if (searched.find(viewOf(folded)) != expected)
-        std::abort();
+    require(searched.find(viewOf(folded)) == expected);
     return 0;
 }

@@ -1,20 +1,18 @@
 // Any bytes as the stored file: it is read without a crash, and after a write nothing of it is lost.
 #include "catalog/sources/JsonSourceStore.h"
+#include "tests/fuzz/Require.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
-#include <cstdlib>
-
 namespace {
 
 void write(const QString& path, const QByteArray& contents)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        std::abort();
+    require(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
 }
 
 } // namespace
@@ -28,10 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     JsonSourceStore store(path);
     const auto sources = store.sources();
     const std::vector<StoredSource> kept = sources.value_or(std::vector<StoredSource>());
-    if (!store.setSources(kept) || store.sources() != kept)
-        std::abort();
+    require(store.setSources(kept) && store.sources() == kept);
     const bool isStore = QJsonDocument::fromJson(contents).isObject();
-    if (!isStore && QDir(directory.path()).entryList(QDir::Files).size() != 2)
-        std::abort();
+    require(isStore || QDir(directory.path()).entryList(QDir::Files).size() == 2);
     return 0;
 }

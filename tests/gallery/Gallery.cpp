@@ -66,6 +66,26 @@ void Gallery::queue(const QString& name, QueueAction action, QueueStatus status)
     installer->queue().back()->setStatus(status);
 }
 
+void Gallery::queueEveryStatus(std::optional<QueueStatus> but)
+{
+    struct Entry {
+        QString name;
+        QueueAction action;
+        QueueStatus status;
+    };
+    const Entry entries[] = {
+        { QStringLiteral("Almanac"), QueueActionInstall, QueueStatusQueued },
+        { QStringLiteral("Birdsong"), QueueActionInstall, QueueStatusDownloading },
+        { QStringLiteral("Bookbinder"), QueueActionUpgrade, QueueStatusInstalling },
+        { QStringLiteral("Cartwheel"), QueueActionInstall, QueueStatusReady },
+        { QStringLiteral("Chalkboard"), QueueActionUninstall, QueueStatusComplete },
+        { QStringLiteral("Driftwood"), QueueActionUpgrade, QueueStatusFailed },
+    };
+    for (const Entry& entry : entries)
+        if (entry.status != but)
+            queue(entry.name, entry.action, entry.status);
+}
+
 // MARK: the window
 
 void Gallery::open(Tab tab, const QSize& size)

@@ -9,6 +9,7 @@
 #include <QSize>
 
 #include <memory>
+#include <optional>
 
 enum class Tab { Home, Changes, Categories, Search, Manage };
 
@@ -34,6 +35,8 @@ protected:
     void addSources();
     VeskPackagePtr packageNamed(const QString& name) const;
     void queue(const QString& name, QueueAction action, QueueStatus status);
+    // One entry of each status, but for one where there is no room for all.
+    void queueEveryStatus(std::optional<QueueStatus> but = {});
 
     // On the tab, in a window of the size; an empty one is what the device gives.
     void open(Tab tab = Tab::Home, const QSize& size = {});

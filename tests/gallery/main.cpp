@@ -9,17 +9,16 @@
 #include "resources/VeskResources.h"
 #include "tests/gallery/Gallery.h"
 #include "tests/gallery/GoldenPictures.h"
+#include "tests/support/ui/OffscreenPlatform.h"
 #include "ui/kit/paint/Animations.h"
 #include "ui/kit/text/TextScale.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QProcessEnvironment>
 #include <QQuickWindow>
 #include <QSize>
 #include <QStyleHints>
-#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <gtest/gtest.h>
@@ -43,18 +42,6 @@ void forgetPreferences()
     qputenv("FONTCONFIG_FILE", GALLERY_FONTS);
     qputenv("LC_ALL", "C.UTF-8");
     QLocale::setDefault(QLocale(QLocale::English));
-}
-
-// Its screen's pixels are counted before the scale.
-QByteArray platformWithScreen(const QSize& screen, const QTemporaryDir& directory)
-{
-    QFile configuration(directory.filePath(QStringLiteral("screen.json")));
-    if (!configuration.open(QIODevice::WriteOnly))
-        return {};
-    configuration.write(QByteArray(R"({"screens": [{"name": "gallery", "x": 0, "y": 0, "width": %1, "height": %2}]})")
-                            .replace("%1", QByteArray::number(screen.width()))
-                            .replace("%2", QByteArray::number(screen.height())));
-    return "offscreen:configfile=" + configuration.fileName().toLocal8Bit();
 }
 
 // The end of a whole run: a golden picture that no state draws any more is an error.

@@ -90,12 +90,7 @@ TEST_F(AtScale1, installedApps)
 TEST_F(AtScale1, queueWithEveryStatus)
 {
     fillCatalog();
-    queue(QStringLiteral("Almanac"), QueueActionInstall, QueueStatusQueued);
-    queue(QStringLiteral("Birdsong"), QueueActionInstall, QueueStatusDownloading);
-    queue(QStringLiteral("Bookbinder"), QueueActionUpgrade, QueueStatusInstalling);
-    queue(QStringLiteral("Cartwheel"), QueueActionInstall, QueueStatusReady);
-    queue(QStringLiteral("Chalkboard"), QueueActionUninstall, QueueStatusComplete);
-    queue(QStringLiteral("Driftwood"), QueueActionUpgrade, QueueStatusFailed);
+    queueEveryStatus();
     open(Tab::Manage);
     tap(0, 2);
     expectPicture(QStringLiteral("queue"));

@@ -103,11 +103,7 @@ TEST_F(WithLargeTexts, sources)
 TEST_F(WithLargeTexts, queueWithEveryStatus)
 {
     fillCatalog();
-    queue(QStringLiteral("Almanac"), QueueActionInstall, QueueStatusQueued);
-    queue(QStringLiteral("Birdsong"), QueueActionInstall, QueueStatusDownloading);
-    queue(QStringLiteral("Cartwheel"), QueueActionInstall, QueueStatusReady);
-    queue(QStringLiteral("Chalkboard"), QueueActionUninstall, QueueStatusComplete);
-    queue(QStringLiteral("Driftwood"), QueueActionUpgrade, QueueStatusFailed);
+    queueEveryStatus(QueueStatusInstalling);
     open(Tab::Manage);
     tap(0, 2);
     expectPicture(QStringLiteral("queue"));

@@ -1,41 +1,12 @@
 #include "tests/http/Encodings.h"
 
-#include <zlib.h>
-
 #include <sstream>
 
 namespace {
 
-// More windowBits by 16 ask for a gzip header instead of zlib's.
-std::string compressed(std::string_view body, int windowBits)
-{
-    constexpr int usualMemory = 8;
-    z_stream stream = {};
-    deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, windowBits, usualMemory, Z_DEFAULT_STRATEGY);
-    std::string result(deflateBound(&stream, body.size()), '\0');
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(body.data()));
-    stream.avail_in = static_cast<uInt>(body.size());
-    stream.next_out = reinterpret_cast<Bytef*>(result.data());
-    stream.avail_out = static_cast<uInt>(result.size());
-    deflate(&stream, Z_FINISH);
-    result.resize(stream.total_out);
-    deflateEnd(&stream);
-    return result;
-}
-
 constexpr std::string_view statusLine = "HTTP/1.1 200 OK\r\n";
 
 } // namespace
-
-std::string gzipped(std::string_view body)
-{
-    return compressed(body, MAX_WBITS + 16);
-}
-
-std::string deflated(std::string_view body)
-{
-    return compressed(body, MAX_WBITS);
-}
 
 std::string answerOf(std::string_view body, std::string_view headers)
 {

@@ -3,11 +3,6 @@
 #include <string>
 #include <string_view>
 
-// What a server makes of a body by "Content-Encoding: gzip".
-std::string gzipped(std::string_view body);
-// The same by "deflate".
-std::string deflated(std::string_view body);
-
 // An answer of 200 with these further header lines ("Name: value\r\n" each) and a fitting length.
 std::string answerOf(std::string_view body, std::string_view headers = {});
 // The same without a length, in chunks of so many bytes.

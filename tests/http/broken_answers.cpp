@@ -1,6 +1,7 @@
 // Answers that break off, lie or make no sense.
 #include "tests/http/Encodings.h"
 #include "tests/http/Fault.h"
+#include "tests/support/Packing.h"
 
 using http::Failure;
 

@@ -5,6 +5,7 @@
 #include "tests/http/Gate.h"
 #include "tests/http/ScriptedServer.h"
 #include "tests/http/Ways.h"
+#include "tests/support/Packing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 // Answers that have no end, or take too long to come to it.
 #include "tests/http/Encodings.h"
 #include "tests/http/Fault.h"
+#include "tests/support/Packing.h"
 
 using http::Failure;
 

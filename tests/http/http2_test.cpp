@@ -2,6 +2,7 @@
 #include "tests/http/Encodings.h"
 #include "tests/http/Http2Frames.h"
 #include "tests/http/Ways.h"
+#include "tests/support/Packing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,9 @@
 #include "tests/catalog/decode/PackedStream.h"
+#include "tests/support/Packing.h"
 
 #include <algorithm>
 #include <bitset>
+#include <numeric>
 #include <random>
 
 #include <bzlib.h>
@@ -26,6 +28,16 @@ std::size_t selectorCountAt(const std::string& bits)
 }
 
 } // namespace
+
+QByteArray gzipped(const QByteArray& text)
+{
+    return QByteArray::fromStdString(gzipped(std::string_view(text)));
+}
+
+QByteArray bzipped(const QByteArray& text)
+{
+    return QByteArray::fromStdString(bzipped(std::string_view(text)));
+}
 
 QByteArray noise(int size)
 {
@@ -110,4 +122,20 @@ std::string withFalseMark(const std::string& bits)
     const auto added = static_cast<std::size_t>(std::count(more.begin(), more.end(), '0'));
     return bits.substr(0, countAt) + std::bitset<15>(count + added).to_string()
         + bits.substr(countAt + 15, end - countAt - 15) + more + bits.substr(end);
+}
+
+QByteArray edited(QByteArray body, const std::uint8_t* data, std::size_t size, std::size_t bytesOfPlace)
+{
+    const auto placeAt = [&](std::size_t index) {
+        const auto number = [](qsizetype place, std::uint8_t byte) { return place << 8 | byte; };
+        return std::accumulate(data + index, data + index + bytesOfPlace, qsizetype(0), number) % body.size();
+    };
+    std::size_t index = 0;
+    for (; index + bytesOfPlace < size; index += bytesOfPlace + 1) {
+        const qsizetype place = placeAt(index);
+        body[place] = static_cast<char>(body[place] ^ static_cast<char>(data[index + bytesOfPlace]));
+    }
+    if (size - index == bytesOfPlace)
+        body.truncate(placeAt(index));
+    return body;
 }

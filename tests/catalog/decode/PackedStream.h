@@ -2,9 +2,13 @@
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <string>
 
-// Bzip2 streams for the tests of what takes them apart.
+// Compressed bodies for the tests of what takes them apart.
+
+QByteArray gzipped(const QByteArray& text);
+QByteArray bzipped(const QByteArray& text);
 
 // Text that does not pack well, the same in every run.
 QByteArray noise(int size);
@@ -25,3 +29,7 @@ inline const std::string endMarkBits = "0001011101110010010001010011100001010000
 // The bits with a block mark in the data of their first block, which stays sound: a table of it gets entries that
 // nobody looks up, and they read as the mark.
 std::string withFalseMark(const std::string& bits);
+
+// The body with bits turned over as the data tells: so many bytes for a place, one more for the bits. Left over at the
+// end, a place alone tells where the body is cut.
+QByteArray edited(QByteArray body, const std::uint8_t* data, std::size_t size, std::size_t bytesOfPlace);

@@ -1,4 +1,5 @@
 #include "tests/catalog/CatalogFixture.h"
+#include "tests/catalog/decode/PackedStream.h"
 
 #include <QElapsedTimer>
 

@@ -1,5 +1,6 @@
 #include "catalog/index/IndexParser.h"
 #include "tests/catalog/CatalogFixture.h"
+#include "tests/catalog/decode/PackedStream.h"
 #include "tests/catalog/index/ReadIndex.h"
 
 #include <cstring>

@@ -2,13 +2,12 @@
 //
 // usage: kit_screens_test SUITE
 #include "resources/VeskResources.h"
+#include "tests/support/ui/OffscreenPlatform.h"
 #include "tests/ui/kit/window/KitWindowTest.h"
 #include "ui/kit/paint/Animations.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QTemporaryDir>
 
 #include <array>
 #include <string>
@@ -61,17 +60,6 @@ constexpr std::array<Screen, 4> screens{ {
     { "OnALargePhone", "1", QSize(480, 1040) },
     { "OnASmallTablet", "1", QSize(481, 1040) },
 } };
-
-QByteArray platformWithScreen(const QSize& size, const QTemporaryDir& directory)
-{
-    QFile configuration(directory.filePath(QStringLiteral("screen.json")));
-    if (!configuration.open(QIODevice::WriteOnly))
-        return {};
-    configuration.write(QByteArray(R"({"screens": [{"name": "test", "x": 0, "y": 0, "width": %1, "height": %2}]})")
-                            .replace("%1", QByteArray::number(size.width()))
-                            .replace("%2", QByteArray::number(size.height())));
-    return "offscreen:configfile=" + configuration.fileName().toLocal8Bit();
-}
 
 } // namespace
 
