@@ -74,10 +74,9 @@ void pullToRefresh(Tour& tour)
     tour.step(QStringLiteral("pulled"), [&] {
         touch.press(start);
         touch.glideTo(start + QPointF(0, far));
-        TouchDriver::waitUntil([&] { return touch.table().contentOffset() < -60; }, 2000);
+        tour.await([&] { return isRefreshing(tour); }, QStringLiteral("the refresh, where it is pulled far enough"));
         tour.takePictureNow();
         tour.expect(touch.table().contentOffset() < -60, QStringLiteral("the table is pulled down"));
-        tour.expect(isRefreshing(tour), QStringLiteral("it refreshes where it is pulled far enough"));
         tour.note(QStringLiteral("%1 points of room for the spinner").arg(-qRound(touch.table().contentOffset())));
     });
     tour.step(QStringLiteral("refreshing"), [&] {
