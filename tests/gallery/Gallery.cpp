@@ -68,7 +68,8 @@ void Gallery::queue(const QString& name, QueueAction action, QueueStatus status)
 
 void Gallery::queueEveryStatus(std::optional<QueueStatus> but)
 {
-    struct Entry {
+    struct Entry
+    {
         QString name;
         QueueAction action;
         QueueStatus status;
@@ -151,6 +152,13 @@ void Gallery::press(Qt::Key key, int times)
     settle();
     for (int time = 0; time < times; ++time)
         QTest::keyClick(&quickWindow(), key);
+}
+
+void Gallery::pointAt(const QPoint& place)
+{
+    settle();
+    QTest::mouseMove(&quickWindow(), place);
+    turnLoop();
 }
 
 void Gallery::clickRightIntoField(const QString& clipboard)

@@ -53,6 +53,7 @@ protected:
     void scrollTo(double offset);
     void scrollToEnd();
     void press(Qt::Key key, int times = 1);
+    void pointAt(const QPoint& place);
     // With the other button of the mouse, on the field that has the keyboard.
     void clickRightIntoField(const QString& clipboard);
 

@@ -122,6 +122,23 @@ TEST_F(AtScale1, pullOfTheTable)
     expectPicture(QStringLiteral("pull"));
 }
 
+TEST_F(AtScale1, rowUnderThePointer)
+{
+    fillCatalog();
+    open(Low);
+    pointAt({ 200, 260 });
+    expectPicture(QStringLiteral("hovered-row"));
+}
+
+TEST_F(AtScale1, buttonUnderThePointer)
+{
+    addSources();
+    open(Tab::Manage, { 390, 520 });
+    tap(0, 0);
+    pointAt({ 350, 355 });
+    expectPicture(QStringLiteral("hovered-button"));
+}
+
 // And a bar button that is disabled meanwhile.
 TEST_F(AtScale1, pressedRow)
 {
