@@ -33,11 +33,13 @@ void changes(Tour& tour)
         tour.tapTab(QStringLiteral("Changes"));
         touch.drag({ 195, 200 }, { 195, 780 });
         touch.scrollToRow({ 0, 0 });
+        Tour::holdSource();
         tour.tapBarButton(QStringLiteral("Reload"));
         tour.expect(isRefreshing(tour), QStringLiteral("the spinner turns without a pull"));
         tour.expectBarButton(QStringLiteral("Reload"), Tour::Item::Disabled);
-        TouchDriver::waitUntil([&] { return touch.table().contentOffset() <= -60 || !isRefreshing(tour); }, 2000);
+        tour.await([&] { return touch.table().contentOffset() <= -60; }, QStringLiteral("the spinner's room"));
         tour.takePictureNow();
+        Tour::releaseSource();
     });
     tour.step(QStringLiteral("changes reloaded"), [&] {
         tour.await([&] { return !isRefreshing(tour); }, QStringLiteral("the end of the refresh"));

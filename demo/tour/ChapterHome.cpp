@@ -32,6 +32,7 @@ void firstLaunch(Tour& tour)
         tour.expectRow({ 0, 0 }, QStringLiteral("No packages loaded. Tap Reload."));
         tour.expectBarButton(QStringLiteral("Reload"), Tour::Item::Disabled);
         tour.expect(isRefreshing(tour), QStringLiteral("the refresh has begun by itself"));
+        Tour::releaseSource();
     });
     tour.step(QStringLiteral("home filled"), [&] {
         tour.await([&] { return !isRefreshing(tour); }, QStringLiteral("the end of the refresh"));
@@ -72,6 +73,7 @@ void pullToRefresh(Tour& tour)
     const QPointF start(195, 300);
     const double far = 240;
     tour.step(QStringLiteral("pulled"), [&] {
+        Tour::holdSource();
         touch.press(start);
         touch.glideTo(start + QPointF(0, far));
         tour.await([&] { return isRefreshing(tour); }, QStringLiteral("the refresh, where it is pulled far enough"));
@@ -85,6 +87,7 @@ void pullToRefresh(Tour& tour)
         tour.takePictureNow();
         tour.expectBarButton(QStringLiteral("Reload"), Tour::Item::Disabled);
         tour.expectRowCount(0, 8);
+        Tour::releaseSource();
     });
     tour.step(QStringLiteral("refreshed"), [&] {
         tour.await([&] { return !isRefreshing(tour) && touch.table().contentOffset() >= 0; },

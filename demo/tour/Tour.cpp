@@ -14,6 +14,20 @@ Tour::Tour(TouchDriver& touch, const QDir& directory)
         qFatal("%s cannot be written.", qPrintable(m_report.fileName()));
 }
 
+// MARK: the source
+
+void Tour::holdSource()
+{
+    QFile hold(qEnvironmentVariable("VESK_DEMO_HOLD"));
+    if (!hold.open(QIODevice::WriteOnly))
+        qFatal("The source cannot be held: %s", qPrintable(hold.errorString()));
+}
+
+void Tour::releaseSource()
+{
+    QFile::remove(qEnvironmentVariable("VESK_DEMO_HOLD"));
+}
+
 // MARK: steps
 
 QString Tour::pictureName(const QString& stepName) const

@@ -46,6 +46,10 @@ public:
     void openRow(int section, const QString& text, const QString& titleOfScreen);
     void goBackTo(const QString& title);
 
+    // Between the two the demo source does not answer for its index, so that what shows during a refresh stays.
+    static void holdSource();
+    static void releaseSource();
+
     TouchDriver& touch() { return m_touch; }
     // Adds to what the step says it saw.
     void note(const QString& seen) { m_seen.append(seen); }

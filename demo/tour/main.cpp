@@ -1,13 +1,13 @@
-// Drives the program's own window, headless, by touches through its main job.
+// Drives the program's own window, headless, by touches or by a mouse through its main job.
 //
-// usage: vesk-tour DIRECTORY    (in the sandbox: its sources must all be on 127.0.0.1)
+// usage: vesk-tour DIRECTORY [--mouse]    (in the sandbox: its sources must all be on 127.0.0.1)
 #include "catalog/sources/JsonSourceStore.h"
 #include "demo/tour/Chapters.h"
 #include "demo/tour/Tour.h"
 #include "resources/VeskResources.h"
+#include "tests/support/ui/OffscreenPlatform.h"
 #include "ui/screens/shell/AppDelegate.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -18,15 +18,8 @@ namespace {
 constexpr int UsageError = 64;
 constexpr int NotInSandbox = 69;
 
-// A screen with room for the whole window; its pixels are counted before the scale.
-QByteArray platformWithPinnedScreen(const QTemporaryDir& directory)
-{
-    QFile configuration(directory.filePath(QStringLiteral("screen.json")));
-    if (!configuration.open(QIODevice::WriteOnly))
-        return {};
-    configuration.write(R"({"screens": [{"name": "tour", "x": 0, "y": 0, "width": 2560, "height": 2048}]})");
-    return "offscreen:configfile=" + configuration.fileName().toLocal8Bit();
-}
+// In pixels, before the scale.
+constexpr QSize roomForTheWholeWindow(2560, 2048);
 
 // The program stores and refreshes sources of the whole world when it finds none of the user's.
 bool onlyLoopbackSources()
@@ -46,11 +39,12 @@ void keepRequestsOnThisMachine()
     qputenv("no_proxy", "127.0.0.1");
 }
 
-int makeTour(const QString& directory)
+int makeTour(const QString& directory, TouchDriver::Hand hand)
 {
+    Tour::holdSource();
     AppDelegate delegate;
     delegate.didFinishLaunchingWithOptions();
-    TouchDriver touch(*delegate.window());
+    TouchDriver touch(*delegate.window(), hand);
     Tour tour(touch, QDir(directory));
     walkThrough(tour);
     QTextStream(stdout) << tour.steps() << " steps, " << tour.failedSteps() << " failed" << Qt::endl;
@@ -63,7 +57,7 @@ int main(int argc, char** argv)
 {
     const QTemporaryDir scratch;
     qputenv("QT_SCALE_FACTOR", "2");
-    qputenv("QT_QPA_PLATFORM", platformWithPinnedScreen(scratch));
+    qputenv("QT_QPA_PLATFORM", platformWithScreen(roomForTheWholeWindow, scratch));
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(argc, argv);
     // The same places as the program: its source list is found under its name.
@@ -72,8 +66,9 @@ int main(int argc, char** argv)
     initialiseResources();
 
     QTextStream errors(stderr);
-    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
-        errors << "usage: vesk-tour DIRECTORY" << Qt::endl;
+    const bool isByMouse = argc == 3 && qstrcmp(argv[2], "--mouse") == 0;
+    if ((argc != 2 && !isByMouse) || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+        errors << "usage: vesk-tour DIRECTORY [--mouse]" << Qt::endl;
         return UsageError;
     }
     if (!onlyLoopbackSources()) {
@@ -81,5 +76,5 @@ int main(int argc, char** argv)
         return NotInSandbox;
     }
     keepRequestsOnThisMachine();
-    return makeTour(QString::fromLocal8Bit(argv[1]));
+    return makeTour(QString::fromLocal8Bit(argv[1]), isByMouse ? TouchDriver::Hand::Mouse : TouchDriver::Hand::Finger);
 }

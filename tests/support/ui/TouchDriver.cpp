@@ -43,8 +43,9 @@ bool anyFlickableMoves(const QQuickItem* item)
 
 } // namespace
 
-TouchDriver::TouchDriver(kit::Window& window)
+TouchDriver::TouchDriver(kit::Window& window, Hand hand)
     : m_window(window)
+    , m_hand(hand)
     , m_finger(sharedFinger())
 {
     // Keys go to the window that has the focus.
@@ -252,13 +253,19 @@ QPointF TouchDriver::centreOfRow(const kit::IndexPath& row) const
 void TouchDriver::press(const QPointF& point)
 {
     m_touched = point;
-    QTest::touchEvent(&quickWindow(), m_finger).press(0, point.toPoint());
+    if (m_hand == Hand::Mouse)
+        QTest::mousePress(&quickWindow(), Qt::LeftButton, {}, point.toPoint());
+    else
+        QTest::touchEvent(&quickWindow(), m_finger).press(0, point.toPoint());
 }
 
 void TouchDriver::moveTo(const QPointF& point)
 {
     m_touched = point;
-    QTest::touchEvent(&quickWindow(), m_finger).move(0, point.toPoint());
+    if (m_hand == Hand::Mouse)
+        QTest::mouseMove(&quickWindow(), point.toPoint());
+    else
+        QTest::touchEvent(&quickWindow(), m_finger).move(0, point.toPoint());
 }
 
 void TouchDriver::glideTo(const QPointF& point)
@@ -272,7 +279,10 @@ void TouchDriver::glideTo(const QPointF& point)
 
 void TouchDriver::release()
 {
-    QTest::touchEvent(&quickWindow(), m_finger).release(0, m_touched.toPoint());
+    if (m_hand == Hand::Mouse)
+        QTest::mouseRelease(&quickWindow(), Qt::LeftButton, {}, m_touched.toPoint());
+    else
+        QTest::touchEvent(&quickWindow(), m_finger).release(0, m_touched.toPoint());
 }
 
 void TouchDriver::tap(const QPointF& point)

@@ -26,8 +26,10 @@ class TabBarController;
 class TouchDriver
 {
 public:
-    // The window must be open and outlive the driver; its root must be a bar of tabs with a stack of screens each.
-    explicit TouchDriver(kit::Window& window);
+    enum class Hand { Finger, Mouse };
+    // The window must be open and outlive the driver; its root must be a bar of tabs with a stack of screens each. The
+    // hand is what presses, moves and releases below.
+    explicit TouchDriver(kit::Window& window, Hand hand = Hand::Finger);
 
     // What shows.
     kit::Window& window() const { return m_window; }
@@ -58,7 +60,7 @@ public:
     static QPointF centre(const QQuickItem& item);
     QPointF centreOfRow(const kit::IndexPath& row) const;
 
-    // One finger.
+    // One finger, or the mouse with its left button.
     enum class Release { AtOnce, AfterResting };
     void press(const QPointF& point);
     void moveTo(const QPointF& point);
@@ -101,6 +103,7 @@ private:
     bool isMoving() const;
 
     kit::Window& m_window;
+    Hand m_hand;
     QPointingDevice* m_finger;
     QPointF m_touched;
 };
