@@ -1,5 +1,6 @@
 #include "tests/catalog/CatalogFixture.h"
 #include "http/Client.h"
+#include "tests/support/Packing.h"
 
 #include <QFile>
 
@@ -56,6 +57,16 @@ bool CatalogFixture::refresh(const VeskRepositoryPtr& repository)
 QStringList CatalogFixture::packageIDs()
 {
     return idsOf(manager().packages());
+}
+
+QByteArray gzipped(const QByteArray& text)
+{
+    return QByteArray::fromStdString(gzipped(std::string_view(text)));
+}
+
+QByteArray bzipped(const QByteArray& text)
+{
+    return QByteArray::fromStdString(bzipped(std::string_view(text)));
 }
 
 QByteArray stanza(const QByteArray& packageID)

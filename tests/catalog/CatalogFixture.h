@@ -40,6 +40,8 @@ protected:
     std::unique_ptr<RepoManager> m_manager;
 };
 
+QByteArray gzipped(const QByteArray& text);
+QByteArray bzipped(const QByteArray& text);
 // A stanza of nothing but an identifier, and its blank line.
 QByteArray stanza(const QByteArray& packageID);
 QStringList idsOf(const PackageVector& packages);

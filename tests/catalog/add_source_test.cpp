@@ -1,5 +1,4 @@
 #include "tests/catalog/CatalogFixture.h"
-#include "tests/catalog/decode/PackedStream.h"
 
 class AddSource : public CatalogFixture
 {

@@ -4,13 +4,14 @@
 #include "tests/catalog/decode/PackedStream.h"
 #include "tests/catalog/decode/PlainReference.h"
 #include "tests/fuzz/Require.h"
+#include "tests/support/Packing.h"
 
 #include <cstdint>
-#include <zlib.h>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const QByteArray sound = gzipped(noise(3000) + QByteArray(1000, 'a'));
+    static const QByteArray sound
+        = QByteArray::fromStdString(gzipped(noise(3000).toStdString() + std::string(1000, 'a')));
     if (size < 2)
         return 0;
     const bool isEdit = data[0] % 2 == 1;

@@ -1,5 +1,4 @@
 #include "tests/catalog/decode/PackedStream.h"
-#include "tests/support/Packing.h"
 
 #include <algorithm>
 #include <bitset>
@@ -28,16 +27,6 @@ std::size_t selectorCountAt(const std::string& bits)
 }
 
 } // namespace
-
-QByteArray gzipped(const QByteArray& text)
-{
-    return QByteArray::fromStdString(gzipped(std::string_view(text)));
-}
-
-QByteArray bzipped(const QByteArray& text)
-{
-    return QByteArray::fromStdString(bzipped(std::string_view(text)));
-}
 
 QByteArray noise(int size)
 {

@@ -5,10 +5,7 @@
 #include <cstdint>
 #include <string>
 
-// Compressed bodies for the tests of what takes them apart.
-
-QByteArray gzipped(const QByteArray& text);
-QByteArray bzipped(const QByteArray& text);
+// Bzip2 streams for the tests of what takes them apart.
 
 // Text that does not pack well, the same in every run.
 QByteArray noise(int size);

@@ -1,6 +1,5 @@
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/decode/DrivenDecoder.h"
-#include "tests/catalog/decode/PackedStream.h"
 #include "tests/catalog/decode/PlainReference.h"
 
 #include <random>

@@ -1,6 +1,5 @@
 #include "catalog/index/IndexParser.h"
 #include "tests/catalog/CatalogFixture.h"
-#include "tests/catalog/decode/PackedStream.h"
 #include "tests/catalog/index/ReadIndex.h"
 
 #include <cstring>

@@ -1,6 +1,5 @@
 // When a reading tells what came of it, and how it ends without.
 #include "tests/catalog/CatalogFixture.h"
-#include "tests/catalog/decode/PackedStream.h"
 #include "tests/catalog/index/ReadIndex.h"
 
 #include <atomic>
