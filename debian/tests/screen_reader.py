@@ -29,14 +29,15 @@ def descendants(node):
 
 def fits(node, role, text):
     try:
-        is_meant = node.get_role() == role and text in (node.get_name(), node.get_description())
+        description = node.get_description()
+        is_meant = node.get_role() == role and text in (node.get_name(), description, *description.split(", "))
         return is_meant and node.get_state_set().contains(Atspi.StateType.SHOWING)
     except GLib.Error:
         return False
 
 
 def find(role, text, below=None):
-    """What is shown with the role and has the text for its name or its description, or None."""
+    """What is shown with the role and has the text for its name, its description or a part of that, or None."""
     return next((node for node in descendants(below or Atspi.get_desktop(0)) if fits(node, role, text)), None)
 
 
