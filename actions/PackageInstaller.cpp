@@ -112,8 +112,9 @@ void PackageInstaller::executeQueueWithCompletion(std::function<void()> completi
 
 QueueRun PackageInstaller::runOf(const std::vector<QueueEntryPtr>& entries)
 {
-    // What the administrator refused is refused for one run; each archive is installed before the next is downloaded.
+    // For one run: what the administrator refuses stays refused until its end.
     const auto administrator = std::make_shared<AdministratorInstall>(m_surroundings.administrator);
+    // Of the archive downloaded last. One is enough: each is installed before the next is downloaded.
     const auto digest = std::make_shared<QByteArray>();
     const auto download = [this, digest](const VeskPackagePtr& package, const std::stop_token& stop) {
         PackageDownload archive(m_surroundings.archiveDirectories, m_surroundings.archiveRequest);

@@ -13,7 +13,8 @@
 
 // Owns the queue of requested package actions and runs it: downloads, dpkg in a child process, hand-off of what fails.
 // Main thread, except downloadPackage, runCommand, installWithDPKG and uninstallPackage, which block their caller and
-// work on any. No failure is reported in words: an operation answers false or null, an entry ends at QueueStatusReady.
+// work on any. No failure is reported in words: an operation answers false or null, and an entry that
+// failed ends at QueueStatusReady; nothing ever sets QueueStatusFailed.
 class PackageInstaller
 {
 public:
@@ -37,7 +38,7 @@ public:
     void enqueuePackage(const VeskPackagePtr& package, qint64 action);
     void removeEntry(const QueueEntryPtr& entry);
     void clearQueue();
-    // Removes the entries with status 4 or 5.
+    // Removes the entries at QueueStatusComplete and QueueStatusFailed.
     void clearCompleted();
     quint64 completedCount() const;
     quint64 failedCount() const;

@@ -24,8 +24,8 @@ struct QueueRun
     std::function<void()> finish;
     std::chrono::milliseconds handOffDelay;
 
-    // Processes the entries in their order, whatever their action, and finishes. Once told to stop it begins no further
-    // step and does not finish.
+    // Processes the entries in their order and finishes. All are downloaded and installed, those that ask for an
+    // uninstall too. Once told to stop it begins no further step and does not finish.
     void execute(const std::stop_token& stop) const;
 
 private:

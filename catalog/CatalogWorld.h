@@ -17,7 +17,7 @@ struct CatalogWorld
     QStringList statusPaths;
     // Where indexes are decoded and parsed.
     std::shared_ptr<Workers> workers;
-    // Goes before the workers, to which it brings what they read.
+    // Declared after the workers, so that it is destroyed before them: until then it brings them what to read.
     std::unique_ptr<http::Network> network;
     // The language whose order of letters names are sorted by ("de", "sv_SE").
     QString collationLocale;

@@ -13,7 +13,8 @@ struct Candidate
     Compression compression = Compression::None;
 };
 
-// A text under ".xz" or ".zst" is read as it comes: there is no decoder for these.
+// In the order in which they are asked for. There is no decoder for ".xz" and ".zst": what comes under those names is
+// read as plain text.
 constexpr std::array<Candidate, 5> candidates{ {
     { QLatin1String("Packages.bz2"), Compression::Bzip2 },
     { QLatin1String("Packages.gz"), Compression::Gzip },

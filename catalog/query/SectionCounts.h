@@ -21,7 +21,8 @@ public:
     // None are left when all packages of the section have been dropped.
     quint64 count(std::uint32_t place) const { return m_sections[place].count; }
     std::string_view key(std::uint32_t place) const { return m_keys.key(place); }
-    // Places by name; names that compare equal in the order of their bytes, so that the order is the same each time.
+    // The places of all sections, in the order of their names. Names that the order does not tell apart follow each
+    // other by their bytes, so that the result is the same each time.
     const std::vector<std::uint32_t>& sortedPlaces() const { return m_sortedPlaces; }
     std::size_t byteSize() const;
 

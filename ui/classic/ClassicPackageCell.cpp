@@ -14,11 +14,11 @@ QString subtitleOf(const VeskPackage& package)
     const QString repositoryName = package.repository() ? package.repository()->name() : QString();
     const QString source = package.author().isEmpty() ? repositoryName : package.author();
     const QString version = package.version().isEmpty() ? QStringLiteral("") : package.version();
-    // A bullet without a version behind it is meant to be.
+    // The bullet stays where there is no version to follow it: part of the look.
     return source.isEmpty() ? version : joinedWithBullet(source, version);
 }
 
-// It is spoken with the rest of the row.
+// The row itself speaks the meaning: see CellView.qml.
 kit::ImageView* badge(const QString& symbol, const kit::Color& color, const QString& meaning)
 {
     auto* view = new kit::ImageView(kit::Image::systemNamed(symbol));

@@ -160,7 +160,7 @@ void ClassicUI::styleTableView(kit::TableView& table)
     table.setEstimatedRowHeight(60);
     table.setSectionHeaderHeight(sectionHeaderHeight);
     table.setEstimatedSectionHeaderHeight(sectionHeaderHeight);
-    // Not 0, which would ask the platform for its own footer height.
+    // Next to no footer. Classic tables take 0 for "as high as usual", so it is never asked for.
     table.setSectionFooterHeight(nearlyNothing);
     table.setEstimatedSectionFooterHeight(nearlyNothing);
     table.setTableFooterView(new kit::View);

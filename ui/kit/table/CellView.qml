@@ -215,7 +215,7 @@ SpokenItem {
 
         target: null
         yAxis.enabled: false
-        // Not from the handler of the swipe that leads back, nor from that of a switch.
+        // It takes the finger over from items, but not from other handlers: the swipe that leads back and a switch keep it.
         grabPermissions: PointerHandler.CanTakeOverFromItems | PointerHandler.ApprovesTakeOverByAnything
         enabled: root.deletable
         onActiveChanged: {

@@ -9,7 +9,7 @@
 
 namespace kit {
 
-// The spinner above a table that a pull starts. Belongs to its table.
+// The spinner above a table that a pull starts. Belongs to its table, whose TableBody.qml says how far a pull goes.
 class RefreshControl : public QObject
 {
     Q_OBJECT

@@ -9,7 +9,9 @@ namespace kit {
 
 class TableHost;
 
-// The header views of a table's sections, as its delegate makes them. Lives as long as its table, which owns the views.
+// The header views of a table's sections, as its delegate makes them. Their heights come from the delegate or from
+// TableView::setSectionHeaderHeight(), which Vesk's tables are given by ui/classic/ClassicUI.h. Lives as long as its
+// table, which owns the views.
 class SectionHeaders
 {
 public:

@@ -23,7 +23,8 @@ class SpokenItem : public QQuickItem
     // On, of what can be on and off; selected, of what one of several is.
     Q_PROPERTY(bool spokenOn MEMBER m_spokenOn NOTIFY spokenOnChanged)
     Q_PROPERTY(bool spokenSelected MEMBER m_spokenSelected NOTIFY spokenSelectedChanged)
-    // Of an item that stands for what keys act on otherwise than by having the window's focus itself.
+    // Whether keys act on it. Only for an item that keys act on although another one has the window's focus, as a row
+    // whose table has it.
     Q_PROPERTY(bool spokenFocused READ isSpokenFocused WRITE setSpokenFocused NOTIFY spokenFocusedChanged)
     // What it offers, by name: "Press", "Scroll Down" and so on as the platform calls them, or words of its own.
     Q_PROPERTY(QStringList spokenActions MEMBER m_spokenActions NOTIFY spokenActionsChanged)

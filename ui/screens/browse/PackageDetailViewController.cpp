@@ -90,7 +90,7 @@ kit::View* PackageDetailViewController::viewForHeaderInSection(int section)
 
 double PackageDetailViewController::heightForHeaderInSection(int section) const
 {
-    // Not 0, which would ask the platform for its own height.
+    // No header above the package itself. Classic tables take 0 for "as high as usual", so it is never asked for.
     return section == Header ? 0.01 : ClassicUI::sectionHeaderHeight;
 }
 

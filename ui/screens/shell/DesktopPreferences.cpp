@@ -60,7 +60,7 @@ DesktopPreferences::DesktopPreferences(const QString& platformName, const QStrin
     m_tellsAnimations = hasKey(*schema, AnimationsKey, G_VARIANT_TYPE_BOOLEAN);
     m_settings.reset(g_settings_new_full(schema.get(), nullptr, nullptr));
     g_signal_connect(m_settings.get(), "changed", G_CALLBACK(tell), this);
-    // Only what was read after that is followed.
+    // GSettings tells of changes only to values that were read after the connection was made.
     readAgain();
 }
 
