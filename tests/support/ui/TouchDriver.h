@@ -103,4 +103,5 @@ private:
     kit::Window& m_window;
     QPointingDevice* m_finger;
     QPointF m_touched;
+    quint64 m_wheelTime = 0;
 };
