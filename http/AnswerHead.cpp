@@ -1,5 +1,7 @@
 #include "http/AnswerHead.h"
 
+#include "http/CurlLibrary.h"
+
 namespace http {
 
 namespace {
@@ -28,7 +30,7 @@ AnswerHead::Verdict AnswerHead::take(std::string_view line)
     if (m_hasEnded || (line != "\r\n" && line != "\n"))
         return Verdict::Open;
     long status = 0;
-    curl_easy_getinfo(m_handle, CURLINFO_RESPONSE_CODE, &status);
+    curl().easyGetInfo(m_handle, CURLINFO_RESPONSE_CODE, &status);
     return status < firstFinalStatus ? Verdict::Open : end(static_cast<int>(status));
 }
 
@@ -61,7 +63,7 @@ std::optional<std::string> AnswerHead::header(const char* name, std::size_t inde
 {
     constexpr int latestRequest = -1;
     curl_header* found = nullptr;
-    if (curl_easy_header(m_handle, name, index, CURLH_HEADER, latestRequest, &found) != CURLHE_OK)
+    if (curl().easyHeader(m_handle, name, index, CURLH_HEADER, latestRequest, &found) != CURLHE_OK)
         return std::nullopt;
     return found->value;
 }

@@ -8,8 +8,7 @@
 namespace http {
 
 Client::Client()
-    : m_loop(std::make_unique<TransferLoop>())
-    , m_thread([this](const std::stop_token& stop) { run(stop); })
+    : m_thread([this](const std::stop_token& stop) { run(stop); })
 {
 }
 
@@ -17,32 +16,50 @@ Client::~Client() = default;
 
 void Client::start(const Request& request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop)
 {
-    auto transfer = std::make_unique<Transfer>(request, std::move(receiver), std::move(done), std::move(stop));
-    {
-        const std::lock_guard lock(m_mutex);
-        m_started.push_back(std::move(transfer));
-    }
-    m_loop->wake();
+    const std::lock_guard lock(m_mutex);
+    m_started.push_back({ request, std::move(receiver), std::move(done), std::move(stop) });
+    if (m_loop)
+        m_loop->wake();
+    else
+        m_isStarted.notify_one();
 }
 
 void Client::run(const std::stop_token& stop)
 {
-    runUntilTold(stop);
+    if (waitForFirst(stop)) {
+        TransferLoop loop;
+        setLoop(&loop);
+        runUntilTold(loop, stop);
+        setLoop(nullptr);
+    }
     takeStarted();
-    m_loop.reset();
 }
 
-void Client::runUntilTold(const std::stop_token& stop)
+// False when it is told to stop before.
+bool Client::waitForFirst(const std::stop_token& stop)
 {
-    const std::stop_callback stopped(stop, [this] { m_loop->wake(); });
+    std::unique_lock lock(m_mutex);
+    return m_isStarted.wait(lock, stop, [this] { return !m_started.empty(); });
+}
+
+void Client::runUntilTold(TransferLoop& loop, const std::stop_token& stop)
+{
+    const std::stop_callback stopped(stop, [&loop] { loop.wake(); });
     while (!stop.stop_requested()) {
-        for (auto& transfer : takeStarted())
-            m_loop->add(std::move(transfer));
-        m_loop->turn();
+        for (Started& one : takeStarted())
+            loop.add(std::make_unique<Transfer>(
+                one.request, std::move(one.receiver), std::move(one.done), std::move(one.stop)));
+        loop.turn();
     }
 }
 
-std::vector<std::unique_ptr<Transfer>> Client::takeStarted()
+void Client::setLoop(TransferLoop* loop)
+{
+    const std::lock_guard lock(m_mutex);
+    m_loop = loop;
+}
+
+std::vector<Client::Started> Client::takeStarted()
 {
     const std::lock_guard lock(m_mutex);
     return std::exchange(m_started, {});

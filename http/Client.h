@@ -2,6 +2,7 @@
 
 #include "http/Network.h"
 
+#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <stop_token>
@@ -10,7 +11,6 @@
 
 namespace http {
 
-class Transfer;
 class TransferLoop;
 
 // Runs any number of requests at once on one network thread of its own. Connections are kept for the next request to
@@ -31,14 +31,26 @@ public:
         const Request& request, std::shared_ptr<Receiver> receiver, Done done, std::stop_token stop = {}) override;
 
 private:
-    void run(const std::stop_token& stop);
-    void runUntilTold(const std::stop_token& stop);
-    std::vector<std::unique_ptr<Transfer>> takeStarted();
+    struct Started
+    {
+        Request request;
+        std::shared_ptr<Receiver> receiver;
+        Done done;
+        std::stop_token stop;
+    };
 
-    std::unique_ptr<TransferLoop> m_loop;
+    void run(const std::stop_token& stop);
+    void runUntilTold(TransferLoop& loop, const std::stop_token& stop);
+    bool waitForFirst(const std::stop_token& stop);
+    void setLoop(TransferLoop* loop);
+    std::vector<Started> takeStarted();
+
     std::mutex m_mutex;
+    std::condition_variable_any m_isStarted;
     // Under the mutex: what the network thread has not seen yet.
-    std::vector<std::unique_ptr<Transfer>> m_started;
+    std::vector<Started> m_started;
+    // Under the mutex: of the network thread, from when it is first asked for something.
+    TransferLoop* m_loop = nullptr;
     // Last, so that it ends before what it uses.
     std::jthread m_thread;
 };

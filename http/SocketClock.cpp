@@ -1,5 +1,7 @@
 #include "http/SocketClock.h"
 
+#include "http/CurlLibrary.h"
+
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
@@ -15,11 +17,11 @@ namespace {
 bool hasConnectionForItself(CURL* handle)
 {
     const char* scheme = nullptr;
-    curl_easy_getinfo(handle, CURLINFO_SCHEME, &scheme);
+    curl().easyGetInfo(handle, CURLINFO_SCHEME, &scheme);
     if (scheme != nullptr && (std::string_view(scheme) == "HTTP" || std::string_view(scheme) == "http"))
         return true;
     long version = CURL_HTTP_VERSION_NONE;
-    curl_easy_getinfo(handle, CURLINFO_HTTP_VERSION, &version);
+    curl().easyGetInfo(handle, CURLINFO_HTTP_VERSION, &version);
     return version == CURL_HTTP_VERSION_1_0 || version == CURL_HTTP_VERSION_1_1;
 }
 
@@ -38,7 +40,7 @@ long localPortOf(curl_socket_t connection)
 std::optional<curl_socket_t> connectionOf(CURL* handle, std::span<const curl_socket_t> sockets)
 {
     long port = 0;
-    curl_easy_getinfo(handle, CURLINFO_LOCAL_PORT, &port);
+    curl().easyGetInfo(handle, CURLINFO_LOCAL_PORT, &port);
     const auto found = std::find_if(
         sockets.begin(), sockets.end(), [&](curl_socket_t one) { return port != 0 && localPortOf(one) == port; });
     return found == sockets.end() ? std::nullopt : std::optional(*found);

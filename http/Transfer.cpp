@@ -1,5 +1,6 @@
 #include "http/Transfer.h"
 
+#include "http/CurlLibrary.h"
 #include "http/FailureOfCode.h"
 #include "http/SocketClock.h"
 #include "http/WebAddress.h"
@@ -38,19 +39,19 @@ Transfer::Transfer(const Request& request, std::shared_ptr<Receiver> receiver, D
 
 void Transfer::setCallbacks()
 {
-    curl_easy_setopt(handle(), CURLOPT_PRIVATE, this);
-    curl_easy_setopt(handle(), CURLOPT_HTTPHEADER, m_headerLines.get());
-    curl_easy_setopt(handle(), CURLOPT_OPENSOCKETDATA, this);
-    curl_easy_setopt(handle(), CURLOPT_OPENSOCKETFUNCTION, &openSocket);
-    curl_easy_setopt(handle(), CURLOPT_HEADERDATA, this);
-    curl_easy_setopt(handle(), CURLOPT_HEADERFUNCTION, &headerArrived);
-    curl_easy_setopt(handle(), CURLOPT_WRITEDATA, this);
-    curl_easy_setopt(handle(), CURLOPT_WRITEFUNCTION, &bodyArrived);
-    curl_easy_setopt(handle(), CURLOPT_PREREQDATA, this);
-    curl_easy_setopt(handle(), CURLOPT_PREREQFUNCTION, &requestGoesOut);
-    curl_easy_setopt(handle(), CURLOPT_XFERINFODATA, this);
-    curl_easy_setopt(handle(), CURLOPT_XFERINFOFUNCTION, &progressed);
-    curl_easy_setopt(handle(), CURLOPT_NOPROGRESS, 0L);
+    curl().easySetOption(handle(), CURLOPT_PRIVATE, this);
+    curl().easySetOption(handle(), CURLOPT_HTTPHEADER, m_headerLines.get());
+    curl().easySetOption(handle(), CURLOPT_OPENSOCKETDATA, this);
+    curl().easySetOption(handle(), CURLOPT_OPENSOCKETFUNCTION, &openSocket);
+    curl().easySetOption(handle(), CURLOPT_HEADERDATA, this);
+    curl().easySetOption(handle(), CURLOPT_HEADERFUNCTION, &headerArrived);
+    curl().easySetOption(handle(), CURLOPT_WRITEDATA, this);
+    curl().easySetOption(handle(), CURLOPT_WRITEFUNCTION, &bodyArrived);
+    curl().easySetOption(handle(), CURLOPT_PREREQDATA, this);
+    curl().easySetOption(handle(), CURLOPT_PREREQFUNCTION, &requestGoesOut);
+    curl().easySetOption(handle(), CURLOPT_XFERINFODATA, this);
+    curl().easySetOption(handle(), CURLOPT_XFERINFOFUNCTION, &progressed);
+    curl().easySetOption(handle(), CURLOPT_NOPROGRESS, 0L);
 }
 
 std::optional<Outcome> Transfer::begin(const std::function<void()>& wake)
@@ -71,7 +72,7 @@ void Transfer::aim(std::string address)
     m_received = 0;
     m_delivered = 0;
     m_pace.heard(Pace::Clock::now());
-    curl_easy_setopt(handle(), CURLOPT_URL, m_address.c_str());
+    curl().easySetOption(handle(), CURLOPT_URL, m_address.c_str());
     chooseConnection(handle(), m_address);
 }
 
@@ -178,7 +179,7 @@ bool Transfer::acceptHead()
     if (!m_receiver->begin(m_head.status()))
         return giveUp(Failure::Refused);
     curl_off_t told = 0;
-    curl_easy_getinfo(handle(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &told);
+    curl().easyGetInfo(handle(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &told);
     return told <= m_request.limits.largestBody || giveUp(Failure::TooLarge);
 }
 

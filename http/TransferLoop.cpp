@@ -1,5 +1,6 @@
 #include "http/TransferLoop.h"
 
+#include "http/CurlLibrary.h"
 #include "http/Transfer.h"
 
 #include <algorithm>
@@ -20,7 +21,7 @@ TransferLoop::~TransferLoop()
 void TransferLoop::clear()
 {
     for (const auto& transfer : m_transfers)
-        curl_multi_remove_handle(m_multi.get(), transfer->handle());
+        curl().multiRemoveHandle(m_multi.get(), transfer->handle());
     m_transfers.clear();
 }
 
@@ -28,30 +29,30 @@ void TransferLoop::add(std::unique_ptr<Transfer> transfer)
 {
     if (const auto outcome = transfer->begin([this] { wake(); }))
         return transfer->end(*outcome);
-    curl_multi_add_handle(m_multi.get(), transfer->handle());
+    curl().multiAddHandle(m_multi.get(), transfer->handle());
     m_transfers.push_back(std::move(transfer));
 }
 
 void TransferLoop::turn()
 {
-    curl_multi_poll(m_multi.get(), nullptr, 0, patience(), nullptr);
+    curl().multiPoll(m_multi.get(), nullptr, 0, patience(), nullptr);
     int running = 0;
-    curl_multi_perform(m_multi.get(), &running);
+    curl().multiPerform(m_multi.get(), &running);
     takeEnded();
     endOverdue();
 }
 
 void TransferLoop::wake()
 {
-    curl_multi_wakeup(m_multi.get());
+    curl().multiWakeup(m_multi.get());
 }
 
 void TransferLoop::takeEnded()
 {
     int left = 0;
-    while (const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left)) {
+    while (const CURLMsg* message = curl().multiInfoRead(m_multi.get(), &left)) {
         void* transfer = nullptr;
-        curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &transfer);
+        curl().easyGetInfo(message->easy_handle, CURLINFO_PRIVATE, &transfer);
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): it is the library's
         ended(*static_cast<Transfer*>(transfer), message->data.result);
     }
@@ -60,11 +61,11 @@ void TransferLoop::takeEnded()
 void TransferLoop::ended(Transfer& transfer, CURLcode code)
 {
     const auto outcome = transfer.finish(code);
-    curl_multi_remove_handle(m_multi.get(), transfer.handle());
+    curl().multiRemoveHandle(m_multi.get(), transfer.handle());
     if (outcome)
         remove(transfer)->end(*outcome);
     else
-        curl_multi_add_handle(m_multi.get(), transfer.handle());
+        curl().multiAddHandle(m_multi.get(), transfer.handle());
 }
 
 void TransferLoop::endOverdue()
@@ -77,7 +78,7 @@ void TransferLoop::endOverdue()
             overdue.emplace_back(transfer.get(), failure);
     }
     for (const auto& [transfer, failure] : overdue) {
-        curl_multi_remove_handle(m_multi.get(), transfer->handle());
+        curl().multiRemoveHandle(m_multi.get(), transfer->handle());
         remove(*transfer)->end({ .failure = failure, .status = transfer->status() });
     }
 }

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "http/CurlLibrary.h"
 #include "http/Request.h"
-
-#include <curl/curl.h>
 
 #include <memory>
 #include <string>
@@ -13,7 +12,6 @@ using MultiHandle = std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)>;
 using EasyHandle = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
 using HeaderLines = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 
-// The library is made ready for the process by the first of these.
 MultiHandle makeMultiHandle();
 
 // What every request of the tree has in common: how it asks, whom it trusts, what it never does.

@@ -1,6 +1,6 @@
 #include "http/WebAddress.h"
 
-#include <curl/curl.h>
+#include "http/CurlLibrary.h"
 
 #include <memory>
 #include <string_view>
@@ -14,10 +14,10 @@ using ParsedURL = std::unique_ptr<CURLU, decltype(&curl_url_cleanup)>;
 std::optional<std::string> partOf(CURLU* url, CURLUPart part)
 {
     char* text = nullptr;
-    if (curl_url_get(url, part, &text, 0) != CURLUE_OK)
+    if (curl().urlGet(url, part, &text, 0) != CURLUE_OK)
         return std::nullopt;
     std::string copy(text);
-    curl_free(text);
+    curl().free(text);
     return copy;
 }
 
@@ -40,7 +40,7 @@ std::optional<std::string> withoutCredentials(CURLU* url)
     if (!isWeb(partOf(url, CURLUPART_SCHEME)))
         return std::nullopt;
     for (const CURLUPart secret : { CURLUPART_USER, CURLUPART_PASSWORD, CURLUPART_OPTIONS })
-        curl_url_set(url, secret, nullptr, 0);
+        curl().urlSet(url, secret, nullptr, 0);
     return partOf(url, CURLUPART_URL);
 }
 
@@ -48,22 +48,22 @@ std::optional<std::string> withoutCredentials(CURLU* url)
 
 std::optional<std::string> webAddress(const std::string& url)
 {
-    const ParsedURL parsed(curl_url(), curl_url_cleanup);
+    const ParsedURL parsed(curl().url(), curl().urlCleanup);
     // The path stays as it is: a source may count on "//" or "/../" in its own.
-    if (!namesHost(url) || curl_url_set(parsed.get(), CURLUPART_URL, url.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK)
+    if (!namesHost(url) || curl().urlSet(parsed.get(), CURLUPART_URL, url.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK)
         return std::nullopt;
     return withoutCredentials(parsed.get());
 }
 
 std::optional<std::string> redirectTarget(const std::string& from, const std::string& location)
 {
-    const ParsedURL parsed(curl_url(), curl_url_cleanup);
+    const ParsedURL parsed(curl().url(), curl().urlCleanup);
     // Servers are lax about blanks and letters beyond ASCII, so these are encoded here.
     constexpr unsigned int lax = CURLU_ALLOW_SPACE | CURLU_URLENCODE;
-    if (curl_url_set(parsed.get(), CURLUPART_URL, from.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK)
+    if (curl().urlSet(parsed.get(), CURLUPART_URL, from.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK)
         return std::nullopt;
     const bool wasSecure = partOf(parsed.get(), CURLUPART_SCHEME) == "https";
-    if (curl_url_set(parsed.get(), CURLUPART_URL, location.c_str(), lax) != CURLUE_OK)
+    if (curl().urlSet(parsed.get(), CURLUPART_URL, location.c_str(), lax) != CURLUE_OK)
         return std::nullopt;
     const bool isSecure = partOf(parsed.get(), CURLUPART_SCHEME) == "https";
     return wasSecure && !isSecure ? std::nullopt : withoutCredentials(parsed.get());

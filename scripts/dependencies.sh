@@ -4,7 +4,7 @@
 build_packages=(
   ca-certificates ccache cmake g++ ninja-build pkg-config
   qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools
-  zlib1g-dev libbz2-dev libxxhash-dev libicu-dev libglib2.0-dev libcurl4-openssl-dev libmd-dev libssl-dev
+  zlib1g-dev libbz2-dev libxxhash-dev libfontconfig-dev libicu-dev libglib2.0-dev libcurl4-openssl-dev libmd-dev libssl-dev
   libgtest-dev libgmock-dev librsvg2-bin
 )
 # What Vesk needs to open its window, and the demo source and its sandbox besides.

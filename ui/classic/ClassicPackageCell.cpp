@@ -44,7 +44,6 @@ QString ClassicPackageCell::nameOf(const VeskPackage& package)
 void ClassicPackageCell::configureWithPackage(const VeskPackage& package, int variant)
 {
     ClassicUI::styleCell(*this, variant);
-    setAccessoryType(AccessoryType::None);
     textLabel()->setText(nameOf(package));
     detailTextLabel()->setText(subtitleOf(package));
     m_representedIconURL = package.iconURLString();
@@ -64,8 +63,7 @@ void ClassicPackageCell::showBadge(const VeskPackage& package)
     else if (package.installed())
         view = badge(QStringLiteral("checkmark.circle.fill"), ClassicUI::veskBlueColor(), QStringLiteral("installed"));
     setAccessoryView(view);
-    if (!view)
-        setAccessoryType(AccessoryType::DisclosureIndicator);
+    setAccessoryType(view ? AccessoryType::None : AccessoryType::DisclosureIndicator);
 }
 
 void ClassicPackageCell::prepareForReuse()
@@ -77,9 +75,8 @@ void ClassicPackageCell::prepareForReuse()
     setAccessoryType(AccessoryType::DisclosureIndicator);
 }
 
-void ClassicPackageCell::layoutSubviews()
+void ClassicPackageCell::layOutContents()
 {
-    kit::TableViewCell::layoutSubviews();
     const double textWidth = std::max(0.0, contentView()->width() - 110);
     const double nameHeight = std::round(22 * kit::TextScale::value());
     const double detailHeight = std::round(18 * kit::TextScale::value());

@@ -21,7 +21,9 @@ public:
     void setRepresentedIconURL(const QString& urlString) { m_representedIconURL = urlString; }
 
     void prepareForReuse() override;
-    void layoutSubviews() override;
+
+protected:
+    void layOutContents() override;
 
 private:
     void showBadge(const VeskPackage& package);

@@ -353,8 +353,12 @@ void TouchDriver::type(const QString& text)
 void TouchDriver::wheel(const QPointF& point, int clicks)
 {
     constexpr int AngleOfAClick = 120;
+    constexpr int MillisecondsBetweenClicks = 16;
     QWheelEvent event(point, quickWindow().mapToGlobal(point), {}, { 0, -clicks * AngleOfAClick }, Qt::NoButton,
         Qt::NoModifier, Qt::NoScrollPhase, false);
+    // What scrolls is told its speed by these times, and takes no click at the time of the one before.
+    m_wheelTime += MillisecondsBetweenClicks;
+    event.setTimestamp(m_wheelTime);
     QCoreApplication::sendEvent(&quickWindow(), &event);
     QCoreApplication::processEvents();
 }

@@ -106,4 +106,5 @@ private:
     Hand m_hand;
     QPointingDevice* m_finger;
     QPointF m_touched;
+    quint64 m_wheelTime = 0;
 };

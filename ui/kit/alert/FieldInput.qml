@@ -15,8 +15,9 @@ TextInput {
 
     // True when it was open.
     function closeMenu() {
-        const wasOpen = menu.visible;
-        menu.visible = false;
+        const wasOpen = menu.item !== null && menu.item.visible;
+        if (wasOpen)
+            menu.item.visible = false;
         return wasOpen;
     }
 
@@ -24,7 +25,11 @@ TextInput {
         forceActiveFocus();
         if (selectionStart === selectionEnd)
             cursorPosition = positionAt(x);
-        menu.open();
+        if (menu.item === null)
+            menu.setSource("EditMenu.qml", {
+                "field": root
+            });
+        menu.item.open();
     }
 
     Keys.onPressed: event => event.accepted = event.key === Qt.Key_Escape && closeMenu()
@@ -46,9 +51,8 @@ TextInput {
             onTapped: root.openMenu(point.position.x)
         }
     }
-    EditMenu {
+    // Made when it is first wanted: it follows what the clipboard holds, which an application on X11 has to ask others for.
+    Loader {
         id: menu
-
-        field: root
     }
 }

@@ -80,17 +80,34 @@ FocusScope {
         visible: root.item.rightItem !== null
         item: root.item.rightItem
     }
-    SearchField {
+    // Only a few screens have one, and it is made of more than the rest of the bar.
+    Loader {
+        id: search
+
+        readonly property SearchController controller: root.item.searchController
+
         y: root.barHeight
         width: root.width
         height: Metrics.SearchBarHeight
-        visible: root.item.searchController !== null
-        searchBar: root.item.searchController ? root.item.searchController.searchBar : null
-        tint: root.bar.tint
-        onLeftForResults: rows => {
+        onControllerChanged: {
+            source = "";
+            if (controller)
+                setSource("SearchField.qml", {
+                    "searchBar": controller.searchBar,
+                    "bar": root.bar
+                });
+        }
+    }
+    Connections {
+        function onLeftForResults(rows) {
             root.table.rowFocus.takeKeyboard();
             root.table.rowFocus.moveBy(rows);
         }
-        onCancelled: root.table.rowFocus.takeKeyboard()
+
+        function onCancelled() {
+            root.table.rowFocus.takeKeyboard();
+        }
+
+        target: search.item
     }
 }

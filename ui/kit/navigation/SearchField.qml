@@ -8,9 +8,9 @@ FocusScope {
     id: root
 
     required property SearchBar searchBar
-    // Of the bar: the word beside the field stands on it, where the field's own tint need not be legible.
-    required property color tint
-    readonly property color fieldTint: searchBar ? searchBar.tint : KitLook.focus
+    // The word beside the field stands on it, where the field's own tint need not be legible.
+    required property NavigationBar bar
+    readonly property color fieldTint: searchBar.tint
 
     // The keyboard goes on to the results, and so many rows down.
     signal leftForResults(int rows)
@@ -48,7 +48,7 @@ FocusScope {
             anchors.fill: input
             verticalAlignment: Text.AlignVCenter
             visible: input.text.length === 0 && input.preeditText.length === 0
-            text: root.searchBar ? root.searchBar.placeholder : ""
+            text: root.searchBar.placeholder
             color: KitLook.fieldPlaceholder
             font: input.font
             sunken: false
@@ -69,12 +69,11 @@ FocusScope {
             }
 
             Accessible.role: Accessible.EditableText
-            Accessible.name: root.searchBar ? root.searchBar.placeholder : ""
+            Accessible.name: root.searchBar.placeholder
             Accessible.searchEdit: true
 
-            onTextChanged: if (root.searchBar)
-                root.searchBar.text = text
-            onActiveFocusChanged: if (root.searchBar && activeFocus)
+            onTextChanged: root.searchBar.text = text
+            onActiveFocusChanged: if (activeFocus)
                 root.searchBar.active = true
             Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
             Keys.onEscapePressed: if (!input.closeMenu())
@@ -119,7 +118,7 @@ FocusScope {
         y: 8
         width: cancelTitle.implicitWidth + 16
         height: Metrics.FieldHeight
-        visible: root.searchBar !== null && root.searchBar.active
+        visible: root.searchBar.active
         spokenName: KitLook.cancelTitle
         onPressed: root.searchBar.cancel()
 
@@ -131,12 +130,11 @@ FocusScope {
             verticalAlignment: Text.AlignVCenter
             text: KitLook.cancelTitle
             font: KitLook.barFont(15, Font.Normal)
-            color: root.tint
+            color: root.bar.tint
             opacity: cancel.down ? 0.5 : cancel.hovered ? 0.8 : 1
         }
     }
-    Component.onCompleted: if (searchBar)
-        input.text = searchBar.text
+    Component.onCompleted: input.text = searchBar.text
 
     Connections {
         function onTextChanged() {

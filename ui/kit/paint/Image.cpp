@@ -13,6 +13,18 @@
 
 namespace kit {
 
+namespace {
+
+// Left to find out what a file is, Qt would load the plugins of all other formats first.
+QImage readPng(const QString& path)
+{
+    QImageReader reader(path, "png");
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}
+
+} // namespace
+
 // The pixels of one picture: up to three files, each read when its scale is first wanted, or one decoded image.
 class Image::Source
 {
@@ -56,7 +68,7 @@ private:
         QImage& image = m_files.at(static_cast<std::size_t>(scale - 1));
         if (image.isNull()) {
             const QString suffix = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
-            image = QImageReader(m_pathStem + suffix + QStringLiteral(".png")).read();
+            image = readPng(m_pathStem + suffix + QStringLiteral(".png"));
             image.convertTo(QImage::Format_ARGB32_Premultiplied);
             image.setDevicePixelRatio(scale);
         }

@@ -26,7 +26,7 @@ void PixelItem::geometryChange(const QRectF& now, const QRectF& before)
 
 void PixelItem::itemChange(ItemChange change, const ItemChangeData& data)
 {
-    if (change == ItemDevicePixelRatioHasChanged)
+    if (change == ItemDevicePixelRatioHasChanged || (change == ItemVisibleHasChanged && m_isOverdue))
         update();
     QQuickItem::itemChange(change, data);
 }
@@ -34,6 +34,9 @@ void PixelItem::itemChange(ItemChange change, const ItemChangeData& data)
 QSGNode* PixelItem::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* /*data*/)
 {
     auto* node = static_cast<QSGImageNode*>(oldNode);
+    m_isOverdue = !isVisible();
+    if (m_isOverdue)
+        return node;
     const double scale = window()->effectiveDevicePixelRatio();
     const QSize pixelSize = (size() * scale).toSize().boundedTo(LargestSize);
     const QImage picture = pixelSize.isEmpty() ? QImage() : painted(pixelSize, scale);

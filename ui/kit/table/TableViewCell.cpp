@@ -162,7 +162,11 @@ void TableViewCell::layoutSubviews()
         m_backgroundView->setFrame(bounds());
     if (m_selectedBackgroundView)
         m_selectedBackgroundView->setFrame(bounds());
+    layOutContents();
+}
 
+void TableViewCell::layOutContents()
+{
     double left = m_layoutMargins.left;
     if (!m_imageView->image().isNull()) {
         const QSizeF size = fittedImage(m_imageView->image().size(), height());
@@ -241,6 +245,8 @@ void TableViewCell::setMeetsHeader(bool meets)
 
 void TableViewCell::setSelected(bool selected, Fade fade)
 {
+    if (m_selected == selected && m_fade == fade)
+        return;
     m_fade = fade;
     Q_EMIT fadesSelectionChanged();
     m_selected = selected;

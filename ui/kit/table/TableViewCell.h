@@ -97,6 +97,11 @@ Q_SIGNALS:
     void selectionChanged();
     void rowChanged();
 
+protected:
+    // Places image and texts within the content view, which has its size: a cell that has places of its own for them
+    // gives them these at once. A text is laid out anew at every change of its size.
+    virtual void layOutContents();
+
 private:
     void layOutDefault(double left, double width);
     void layOutSubtitle(double left, double width);

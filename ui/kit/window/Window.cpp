@@ -26,6 +26,11 @@ bool isPhone(const QSizeF& screen)
     return std::min(screen.width(), screen.height()) <= 480;
 }
 
+QUrl urlOf(const char* name)
+{
+    return QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/%1.qml").arg(QLatin1String(name)));
+}
+
 } // namespace
 
 Window::Window(QObject* parent)
@@ -33,6 +38,15 @@ Window::Window(QObject* parent)
     , m_engine(std::make_unique<QQmlEngine>())
 {
     m_engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    readAhead();
+}
+
+// On the engine's own thread, while this one makes what the window is to show.
+void Window::readAhead()
+{
+    for (const char* const name : { "KitWindow", "TabPage", "NavigationPage", "ScreenPage", "TableBody", "PlainView" })
+        m_readAhead.push_back(
+            std::make_unique<QQmlComponent>(m_engine.get(), urlOf(name), QQmlComponent::Asynchronous));
 }
 
 Window::~Window()
@@ -53,7 +67,7 @@ void Window::makeKeyAndVisible(const QString& title)
     const QSizeF size = fillsScreen ? QSizeF(screen.availableSize()) : DesktopSize.boundedTo(screen.availableSize());
     resize(size.width(), size.height());
 
-    QQmlComponent component(m_engine.get(), QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/KitWindow.qml")));
+    QQmlComponent component(m_engine.get(), urlOf("KitWindow"));
     if (component.isError())
         qFatal("The interface cannot be made: %s", qPrintable(component.errorString()));
     QObject* object = component.createWithInitialProperties(

@@ -7,7 +7,9 @@
 #include <QSize>
 
 #include <memory>
+#include <vector>
 
+class QQmlComponent;
 class QQmlEngine;
 class QQuickWindow;
 
@@ -63,7 +65,10 @@ private:
     // That of the selected tab; null if there is none.
     NavigationController* stack() const;
 
+    void readAhead();
+
     std::unique_ptr<QQmlEngine> m_engine;
+    std::vector<std::unique_ptr<QQmlComponent>> m_readAhead;
     QQuickWindow* m_quickWindow = nullptr;
     ViewController* m_rootViewController = nullptr;
     QList<AlertController*> m_alerts;

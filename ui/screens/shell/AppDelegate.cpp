@@ -39,7 +39,7 @@ void AppDelegate::follow(DesktopPreferences& preferences)
 
 bool AppDelegate::didFinishLaunchingWithOptions()
 {
-    m_window = std::make_unique<kit::Window>();
+    m_window = std::move(m_prepared);
     m_window->setRootViewController(new RootViewController(m_manager, m_installer));
     m_window->makeKeyAndVisible(QStringLiteral("Vesk"));
     return true;

@@ -36,5 +36,7 @@ public:
 private:
     RepoManager& m_manager;
     PackageInstaller& m_installer;
+    // Reads how it is drawn while the rest of the program starts.
+    std::unique_ptr<kit::Window> m_prepared = std::make_unique<kit::Window>();
     std::unique_ptr<kit::Window> m_window;
 };

@@ -4,6 +4,7 @@
 #include "actions/process/SignalDispositions.h"
 #include "catalog/sources/JsonSourceStore.h"
 #include "resources/VeskResources.h"
+#include "ui/kit/text/FontsAhead.h"
 #include "ui/screens/shell/AppDelegate.h"
 #include "ui/screens/shell/ApplicationService.h"
 #include "ui/screens/shell/DisplayFailure.h"
@@ -12,6 +13,7 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QQuickWindow>
 
 #include <cstdio>
 #include <optional>
@@ -38,6 +40,15 @@ std::optional<int> statusBesideAnother(InstanceLock& lock)
     return CannotReachTheFirst;
 }
 
+// Looking for an icon reads whole themes, which takes a good part of what there is until the first picture stands.
+void setIconOnceSeen(QQuickWindow& window)
+{
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, &window,
+        [] { QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vesk.Vesk"))); },
+        Qt::SingleShotConnection);
+}
+
 } // namespace
 
 int applicationMain(int argc, char** argv)
@@ -50,18 +61,19 @@ int applicationMain(int argc, char** argv)
 
     std::optional<DisplayFailure> displayFailure(std::in_place);
     QGuiApplication application(argc, argv);
+    const kit::FontsAhead fonts;
     displayFailure.reset();
     QGuiApplication::setApplicationName(QStringLiteral("vesk"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Vesk"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.vesk.Vesk"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vesk.Vesk")));
 
     initialiseResources();
 
-    DesktopPreferences preferences(QGuiApplication::platformName());
     AppDelegate delegate;
+    DesktopPreferences preferences(QGuiApplication::platformName());
     delegate.follow(preferences);
     delegate.didFinishLaunchingWithOptions();
+    setIconOnceSeen(*delegate.window()->quickWindow());
 
     ApplicationService service(QDBusConnection::sessionBus(), lock.settingsFile());
     QObject::connect(&service, &ApplicationService::activated, &delegate, &AppDelegate::bringToFront);

@@ -269,6 +269,22 @@ TEST_F(KitWindowTest, typesIntoTheSearchFieldAndCancels)
     grabbed();
 }
 
+TEST_F(KitWindowTest, makesTheSearchFieldOnceAScreenHasOne)
+{
+    grabbed();
+    EXPECT_EQ(itemDrawnBy(QLatin1String("SearchField")), nullptr);
+    tabs->setSelectedIndex(1);
+    grabbed();
+    EXPECT_NE(itemDrawnBy(QLatin1String("SearchField")), nullptr);
+}
+
+TEST_F(KitWindowTest, makesTheEditMenuWhenItIsFirstWanted)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    EXPECT_EQ(itemDrawnBy(QLatin1String("EditMenu")), nullptr);
+}
+
 TEST_F(KitWindowTest, takesTheKeyboardOffTheSearchFieldThatAScreenCancels)
 {
     press(Qt::Key_F, Qt::ControlModifier);

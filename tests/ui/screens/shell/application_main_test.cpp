@@ -75,6 +75,18 @@ TEST(Application, endsWithTheStatusOfItsMainLoopAndKnowsHowItsChildrenAreToStart
     EXPECT_NE(signal(SIGPIPE, SIG_DFL), SIG_IGN);
 }
 
+TEST(Application, loadsNoTransportWhileItAsksForNothing)
+{
+    const QTemporaryDir home;
+    enterHome(home.path());
+    run();
+    QFile loaded(QStringLiteral("/proc/self/maps"));
+    ASSERT_TRUE(loaded.open(QIODevice::ReadOnly));
+    const QByteArray libraries = loaded.readAll();
+    EXPECT_TRUE(libraries.contains("libQt6Core.so"));
+    EXPECT_FALSE(libraries.contains("libcurl.so"));
+}
+
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,0 +1,94 @@
+#include "ui/kit/paint/PixelItem.h"
+
+#include <QQuickWindow>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A square of one colour that counts how often it is painted.
+class Square : public kit::PixelItem
+{
+public:
+    explicit Square(QQuickItem* parent)
+        : PixelItem(parent)
+    {
+        setSize({ 20, 20 });
+    }
+
+    void setColor(const QColor& color)
+    {
+        m_color = color;
+        update();
+    }
+    int paintings() const { return m_paintings; }
+
+protected:
+    QImage painted(const QSize& pixelSize, double /*scale*/) const override
+    {
+        ++m_paintings;
+        QImage picture(pixelSize, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(m_color);
+        return picture;
+    }
+
+private:
+    QColor m_color = Qt::red;
+    mutable int m_paintings = 0;
+};
+
+class PixelItemTest : public testing::Test
+{
+protected:
+    PixelItemTest()
+    {
+        window.resize(20, 20);
+        square = new Square(window.contentItem());
+    }
+
+    QColor shown()
+    {
+        window.show();
+        return window.grabWindow().pixelColor(10, 10);
+    }
+
+    QQuickWindow window;
+    Square* square;
+};
+
+} // namespace
+
+TEST_F(PixelItemTest, isNotPaintedWhileItIsHidden)
+{
+    square->setVisible(false);
+    shown();
+    EXPECT_EQ(square->paintings(), 0);
+}
+
+TEST_F(PixelItemTest, isPaintedWhenItIsFirstSeen)
+{
+    square->setVisible(false);
+    shown();
+    square->setVisible(true);
+    EXPECT_EQ(shown(), QColor(Qt::red));
+}
+
+TEST_F(PixelItemTest, showsWhatChangedWhileItWasHidden)
+{
+    shown();
+    square->setVisible(false);
+    square->setColor(Qt::blue);
+    shown();
+    square->setVisible(true);
+    EXPECT_EQ(shown(), QColor(Qt::blue));
+}
+
+TEST_F(PixelItemTest, isNotPaintedAgainByBeingHiddenForAWhile)
+{
+    shown();
+    square->setVisible(false);
+    shown();
+    square->setVisible(true);
+    EXPECT_EQ(shown(), QColor(Qt::red));
+    EXPECT_EQ(square->paintings(), 1);
+}
