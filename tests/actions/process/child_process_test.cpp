@@ -155,6 +155,20 @@ TEST_F(ChildProcess, inheritsNoDescriptorThatALibraryLeftOpenForChildren)
     EXPECT_TRUE(lines.contains("0") && lines.contains("1") && lines.contains("2"));
 }
 
+TEST_F(ChildProcess, inheritsNotEvenTheFirstDescriptorBehindTheThreeStandardOnes)
+{
+    constexpr int first = STDERR_FILENO + 1;
+    const int kept = fcntl(first, F_DUPFD_CLOEXEC, first + 1);
+    const int left = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(dup2(left, first), first);
+    EXPECT_TRUE(shell(QStringLiteral("test ! -e /proc/$$/fd/%1").arg(first)));
+    if (left != first)
+        close(left);
+    close(first);
+    if (kept >= 0)
+        dup2(kept, first);
+}
+
 TEST_F(ChildProcess, inheritsTheEnvironment)
 {
     qputenv("VESK_CHILD_PROCESS_TEST", "a value");
