@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRandomGenerator>
 
 #include <algorithm>
 #include <cerrno>
@@ -20,11 +19,6 @@ QString behindLinks(const QString& path)
 {
     const QString target = QFileInfo(path).canonicalFilePath();
     return target.isEmpty() ? path : target;
-}
-
-QString newNameBeside(const QString& path)
-{
-    return path + QStringLiteral(".new-") + QString::number(QRandomGenerator::system()->generate64(), 36);
 }
 
 } // namespace
@@ -78,9 +72,13 @@ DurableFile::Reading DurableFile::readOpened(int file, qint64 size) const
 bool DurableFile::replace(const QByteArray& contents) const
 {
     const QString path = behindLinks(m_path);
-    const QString newPath = newNameBeside(path);
+    const UnfinishedFiles unfinished(path);
+    // First: they may take the very room that is needed now.
+    unfinished.removeAbandoned();
+    const QString newPath = unfinished.newPath();
     const QByteArray newName = QFile::encodeName(newPath);
-    if (!writeNew(newPath, contents))
+    UnfinishedFiles::Claim claim;
+    if (!writeNew(newPath, contents, claim))
         return false;
     if (m_files.rename(newName.constData(), QFile::encodeName(path).constData()) != 0) {
         ::unlink(newName.constData());
@@ -95,7 +93,7 @@ bool DurableFile::moveTo(const QString& path) const
 }
 
 // A file of the same permissions as the one it is to replace. Who may not write that one may not replace it either.
-bool DurableFile::writeNew(const QString& path, const QByteArray& contents) const
+bool DurableFile::writeNew(const QString& path, const QByteArray& contents, UnfinishedFiles::Claim& claim) const
 {
     const QByteArray oldName = QFile::encodeName(behindLinks(m_path));
     const QByteArray newName = QFile::encodeName(path);
@@ -109,7 +107,7 @@ bool DurableFile::writeNew(const QString& path, const QByteArray& contents) cons
     const int file = m_files.open(newName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (file < 0)
         return false;
-    bool isWritten = !hasOld || ::fchmod(file, mode) == 0;
+    bool isWritten = claim.take(file, newName) && (!hasOld || ::fchmod(file, mode) == 0);
     isWritten = isWritten && writeAll(file, contents) && m_files.fsync(file) == 0;
     // A network's disk may tell only now that there was no room.
     isWritten = m_files.close(file) == 0 && isWritten;

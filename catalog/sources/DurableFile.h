@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/sources/FileOperations.h"
+#include "catalog/sources/UnfinishedFiles.h"
 
 #include <QByteArray>
 #include <QString>
@@ -31,13 +32,14 @@ public:
 
     Reading read(qint64 largestSize) const;
     // Makes the file, or replaces it where a link to it leads. False when any step failed: the old file stands then,
-    // but when the last one did, which brings the new name to the disk. Its directory must be there.
+    // but when the last one did, which brings the new name to the disk. Its directory must be there. What programs that
+    // ended in the middle of this left beside the file goes.
     bool replace(const QByteArray& contents) const;
     bool moveTo(const QString& path) const;
 
 private:
     Reading readOpened(int file, qint64 size) const;
-    bool writeNew(const QString& path, const QByteArray& contents) const;
+    bool writeNew(const QString& path, const QByteArray& contents, UnfinishedFiles::Claim& claim) const;
     bool writeAll(int file, const QByteArray& contents) const;
     bool syncDirectory(const QString& path) const;
 

@@ -160,6 +160,16 @@ TEST(RedirectTest, shouldNotReadAnEndlessBodyOfAnAnswerThatLeadsOn)
         EXPECT_EQ(ask(way, requestOf(way, server.url())).body, "body") << way;
 }
 
+TEST(RedirectTest, shouldNotCountTheBodyOfAnAnswerThatLeadsOnToThatOfTheNext)
+{
+    const ScriptedServer server(leading(leadingTo("/target", "Content-Length: 3\r\n\r\nfar")));
+    for (const Way way : everyWay) {
+        http::Request request = requestOf(way, server.url());
+        request.limits.largestBody = 4;
+        EXPECT_EQ(ask(way, request).body, "body") << way;
+    }
+}
+
 TEST(RedirectTest, shouldTakeAnEmptyLocationForNone)
 {
     const Answer answer = askFor(Way::Icon, leadingTo("", "Content-Length: 5\r\n\r\nmoved"));

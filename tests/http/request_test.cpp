@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
 using http::Failure;
 
 namespace {
@@ -73,6 +77,20 @@ TEST(RequestTest, shouldLeaveOutUserAndPassword)
         ASSERT_EQ(requests.size(), 1) << way;
         EXPECT_EQ(requests.front().find("uthorization"), std::string::npos) << way;
     }
+}
+
+TEST(RequestTest, shouldNotSendANameAndPasswordThatTheHomeHoldsForOtherPrograms)
+{
+    std::string home = testing::TempDir() + "home-XXXXXX";
+    ASSERT_NE(mkdtemp(home.data()), nullptr);
+    std::ofstream(home + "/.netrc") << "machine 127.0.0.1 login user password secret\n";
+    const char* const known = std::getenv("HOME");
+    const std::string before = known ? known : "";
+    setenv("HOME", home.c_str(), 1);
+    for (const Way way : everyWay)
+        EXPECT_EQ(requestsFor(way, "", "/").front().find("uthorization"), std::string::npos) << way;
+    setenv("HOME", before.c_str(), 1);
+    std::filesystem::remove_all(home);
 }
 
 TEST(RequestTest, shouldLeaveThePathAsItIs)

@@ -94,8 +94,11 @@ TEST_F(ChildProcess, isFalseForAnyOtherExitCode)
 
 TEST_F(ChildProcess, isFalseWhenKilledByASignal)
 {
+    // Whoever started this program may have had it ignored, as nohup does.
+    const auto before = std::signal(SIGHUP, SIG_DFL);
     for (const int number : { SIGHUP, SIGKILL, SIGTERM, SIGSEGV, SIGABRT })
         EXPECT_FALSE(shell(QStringLiteral("kill -%1 $$").arg(number))) << number;
+    std::signal(SIGHUP, before);
 }
 
 TEST_F(ChildProcess, isFalseForAnEmptyList)
@@ -150,6 +153,20 @@ TEST_F(ChildProcess, inheritsNoDescriptorThatALibraryLeftOpenForChildren)
     const QList<QByteArray> lines = contents(out).split('\n');
     EXPECT_FALSE(lines.contains(QByteArray::number(left))) << contents(out).toStdString();
     EXPECT_TRUE(lines.contains("0") && lines.contains("1") && lines.contains("2"));
+}
+
+TEST_F(ChildProcess, inheritsNotEvenTheFirstDescriptorBehindTheThreeStandardOnes)
+{
+    constexpr int first = STDERR_FILENO + 1;
+    const int kept = fcntl(first, F_DUPFD_CLOEXEC, first + 1);
+    const int left = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(dup2(left, first), first);
+    EXPECT_TRUE(shell(QStringLiteral("test ! -e /proc/$$/fd/%1").arg(first)));
+    if (left != first)
+        close(left);
+    close(first);
+    if (kept >= 0)
+        dup2(kept, first);
 }
 
 TEST_F(ChildProcess, inheritsTheEnvironment)

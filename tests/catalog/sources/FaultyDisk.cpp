@@ -65,6 +65,8 @@ int FaultyDisk::close(int file)
 
 int FaultyDisk::rename(const char* from, const char* to)
 {
+    if (m_record->atRenaming)
+        m_record->atRenaming(from);
     return passes(QStringLiteral("rename")) ? FileOperations::rename(from, to) : -1;
 }
 

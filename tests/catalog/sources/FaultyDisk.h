@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <cerrno>
+#include <functional>
 #include <memory>
 
 // What a test sees and says of a disk.
@@ -19,6 +20,8 @@ struct DiskRecord
     std::size_t largestPiece = std::size_t(1) << 20;
     // So many calls more are interrupted by a signal.
     int interruptions = 0;
+    // Called before a file is renamed, with its old name.
+    std::function<void(const char* from)> atRenaming;
 };
 
 // The real calls on the real disk, but for those that are to fail.

@@ -8,7 +8,9 @@
 #include <QFile>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 class StoreOnAFaultyDisk : public testing::Test
 {
@@ -85,6 +87,62 @@ TEST_F(StoreOnAFaultyDisk, saysSoWhenTheNewNameIsNotBroughtToTheDisk)
         EXPECT_FALSE(store()->setSources(m_new)) << step.toStdString();
         EXPECT_EQ(JsonSourceStore(path()).sources(), m_new);
     }
+}
+
+TEST_F(StoreOnAFaultyDisk, removesWhatAKilledProgramLeftAndNothingThatALivingOneWritesTo)
+{
+    const QString left = path() + QStringLiteral(".new-0123456789abc");
+    const QString written = path() + QStringLiteral(".new-z");
+    ASSERT_TRUE(QFile::copy(path(), left));
+    ASSERT_TRUE(QFile::copy(path(), written));
+    const int writer = ::open(QFile::encodeName(written).constData(), O_WRONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(writer, LOCK_EX), 0);
+    ASSERT_TRUE(store()->setSources(m_new));
+    EXPECT_FALSE(QFile::exists(left));
+    EXPECT_TRUE(QFile::exists(written));
+    ::close(writer);
+    ASSERT_TRUE(store()->setSources(m_new));
+    EXPECT_EQ(filesThere(), QStringList(QStringLiteral("defaults.json")));
+}
+
+TEST_F(StoreOnAFaultyDisk, makesRoomBeforeItWritesAndNotAfter)
+{
+    const QString left = path() + QStringLiteral(".new-1");
+    ASSERT_TRUE(QFile::copy(path(), left));
+    m_disk->failing = QStringList(QStringLiteral("write"));
+    EXPECT_FALSE(store()->setSources(m_new));
+    EXPECT_FALSE(QFile::exists(left));
+}
+
+TEST_F(StoreOnAFaultyDisk, leavesAloneWhatOnlyLooksLikeAnUnfinishedFile)
+{
+    QStringList others{ QStringLiteral("defaults.json.new-"), QStringLiteral("defaults.json.new-0123456789abcd"),
+        QStringLiteral("defaults.json.new-A"), QStringLiteral("defaults.json.new-1.orig"),
+        QStringLiteral("defaults.json.news"), QStringLiteral("my-defaults.json.new-1"),
+        QStringLiteral("other.json.new-1") };
+    for (const QString& name : others)
+        ASSERT_TRUE(QFile::copy(path(), m_directory.filePath(name)));
+    const QString directory = path() + QStringLiteral(".new-1");
+    ASSERT_TRUE(QDir().mkpath(directory));
+    const QString link = path() + QStringLiteral(".new-2");
+    ASSERT_TRUE(QFile::link(m_directory.filePath(QStringLiteral("other.json.new-1")), link));
+    ASSERT_TRUE(store()->setSources(m_new));
+    for (const QString& name : others)
+        EXPECT_TRUE(QFile::exists(m_directory.filePath(name))) << name.toStdString();
+    EXPECT_TRUE(QFileInfo(directory).isDir());
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+}
+
+TEST_F(StoreOnAFaultyDisk, holdsTheNewFileUntilItHasItsName)
+{
+    bool wasHeld = false;
+    m_disk->atRenaming = [&](const char* from) {
+        const int other = ::open(from, O_RDWR | O_CLOEXEC);
+        wasHeld = ::flock(other, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        ::close(other);
+    };
+    ASSERT_TRUE(store()->setSources(m_new));
+    EXPECT_TRUE(wasHeld);
 }
 
 TEST_F(StoreOnAFaultyDisk, doesNotEmptyTheFileWhenASwitchIsTouchedWhileTheDiskIsFull)

@@ -2,7 +2,7 @@
 // and never older than what the program was told to be stored.
 #include "catalog/sources/JsonSourceStore.h"
 
-#include <QFileInfo>
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -42,6 +42,11 @@ protected:
         const QByteArray printed = m_program.readAllStandardOutput();
         const QList<QByteArray> lines = printed.left(printed.lastIndexOf('\n') + 1).split('\n');
         return lines.size() < 2 ? std::nullopt : std::optional(lines[lines.size() - 2].toInt());
+    }
+
+    QStringList unfinishedFiles() const
+    {
+        return QDir(m_directory.path()).entryList({ QStringLiteral("defaults.json.new-*") });
     }
 
     // The generation of the list that is stored; none when it is not whole.
@@ -120,6 +125,19 @@ TEST_P(StoredListCutShort, isTheOldOneOrTheNewOneWhereverItsWritingEnds)
     // Each edit opens, writes in two steps, brings to the disk, closes, renames, and does three things to the
     // directory.
     EXPECT_GE(step, 2 * 9);
+}
+
+TEST_P(StoredListCutShort, keepsWhatWasLeftUnfinishedUntilTheNextEditAndNoLonger)
+{
+    int leftSometime = 0;
+    for (int step = 1; endsAt(step); ++step) {
+        leftSometime += static_cast<int>(unfinishedFiles().size());
+        m_program.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+        start(4, 4);
+        ASSERT_TRUE(m_program.waitForFinished(longestWait));
+        ASSERT_EQ(unfinishedFiles(), QStringList()) << "step " << step;
+    }
+    EXPECT_GT(leftSometime, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(ByAKillOrByTheMachinesEnd, StoredListCutShort, testing::Values("killed", "power"));

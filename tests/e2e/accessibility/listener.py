@@ -117,7 +117,7 @@ class Listener:
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         self.heard = []
         self.listener = Atspi.EventListener.new(self.hear)
-        for kind in ("object:state-changed:focused", "object:property-change"):
+        for kind in ("object:state-changed", "object:property-change"):
             self.listener.register(kind)
         self.program = subprocess.Popen([os.environ["VESK"]])
         self.root = Node(self.wait_until(self.find_program, "the program on the bus"))
@@ -245,6 +245,11 @@ class Listener:
         """Hears all that the program has said by now: its answer to a question comes after it."""
         self.root.accessible.get_child_count()
         self.turn()
+
+    def states_heard(self, state, role, name):
+        """Each change of that state that was told of it: 1 where it was gained, 0 where it was lost."""
+        return [gained for kind, gained, *what in self.heard
+                if kind == f"object:state-changed:{state}" and what[:2] == [role, name]]
 
     def focus_heard(self):
         return [what for kind, gained, *what in self.heard if kind == "object:state-changed:focused" and gained]

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <array>
+#include <memory>
 #include <random>
 
 namespace {
@@ -48,8 +49,8 @@ protected:
     {
         const QPoint first = anyPoint().toPoint();
         const QPoint second = anyPoint().toPoint();
-        QTest::touchEvent(&touch->quickWindow(), m_otherHand).press(0, first).press(1, second);
-        QTest::touchEvent(&touch->quickWindow(), m_otherHand).release(0, first).release(1, second);
+        QTest::touchEvent(&touch->quickWindow(), m_otherHand.get()).press(0, first).press(1, second);
+        QTest::touchEvent(&touch->quickWindow(), m_otherHand.get()).release(0, first).release(1, second);
         turnLoop();
     }
     void pressAnyKey()
@@ -126,7 +127,7 @@ protected:
 
 private:
     std::mt19937 m_chance{ GetParam() };
-    QPointingDevice* m_otherHand = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> m_otherHand{ QTest::createTouchDevice() };
 };
 
 } // namespace

@@ -8,6 +8,8 @@
 #include <QPointingDevice>
 #include <QTest>
 
+#include <memory>
+
 namespace {
 
 const QPointF LowInTheList(195, 600);
@@ -405,11 +407,11 @@ TEST_F(Finger, opensOneScreenWhenTwoFingersTapTwoRowsAtOnce)
 {
     addPackages(10);
     open();
-    QPointingDevice* const hand = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> hand(QTest::createTouchDevice());
     const QPoint first = touch->centreOfRow({ 0, 1 }).toPoint();
     const QPoint second = touch->centreOfRow({ 0, 4 }).toPoint();
-    QTest::touchEvent(&touch->quickWindow(), hand).press(0, first).press(1, second);
-    QTest::touchEvent(&touch->quickWindow(), hand).release(0, first).release(1, second);
+    QTest::touchEvent(&touch->quickWindow(), hand.get()).press(0, first).press(1, second);
+    QTest::touchEvent(&touch->quickWindow(), hand.get()).release(0, first).release(1, second);
     ASSERT_TRUE(touch->settle());
     EXPECT_EQ(touch->stack().viewControllers().size(), 2U);
 }

@@ -38,6 +38,8 @@ MouseArea {
         isSecond = false;
         mouse.accepted = root.standsStill();
     }
+    // Something else has taken the finger.
+    onCanceled: isSecond = false
     onClicked: root.tapped()
     onDoubleClicked: {
         isSecond = !takesOneOfTwo;

@@ -9,6 +9,7 @@ PressItem {
     readonly property alias down: area.down
     readonly property alias hovered: area.hovered
     property alias takesOneOfTwo: area.takesOneOfTwo
+    property alias canBeDrawn: area.canBeDrawn
     property double ringMargin: 0
     property double ringRadius: Metrics.CornerRadius
     // How much further than the control a touch reaches, at its sides and above and below.

@@ -20,6 +20,7 @@ Pressable {
     ringRadius: height / 2 + 3
     reachAside: 6
     reachAbove: 6
+    canBeDrawn: true
     keepsFinger: draw.active
     spokenRole: Accessible.CheckBox
     spokenName: view.accessibilityLabel

@@ -91,6 +91,14 @@ TEST_F(SwipeBack, bringsBackThePageThatIsNot)
     EXPECT_EQ(stack.viewControllers().size(), 1U);
 }
 
+TEST_F(SwipeBack, bringsBackThePageThatRestsInTheVeryMiddle)
+{
+    stack.beginSwipeBack();
+    stack.moveSwipeBack(0.5);
+    stack.endSwipeBack(0);
+    EXPECT_EQ(stack.topViewController(), page);
+}
+
 TEST_F(SwipeBack, followsAFlickWhicheverWayItGoes)
 {
     stack.beginSwipeBack();

@@ -238,12 +238,17 @@ TEST(TheTabBar, hasTitlesBesideItsSymbolsInAWideWindow)
     EXPECT_EQ(layoutIn({ 390, 844 }), Layout::Stacked);
     EXPECT_EQ(layoutIn({ 768, 1024 }), Layout::Inline);
     EXPECT_EQ(layoutIn({ 1280, 720 }), Layout::Inline);
+    EXPECT_EQ(layoutIn({ 600, 480 }), Layout::Inline);
+    EXPECT_EQ(layoutIn({ 599, 480 }), Layout::Stacked);
 }
 
 TEST(TheTabBar, isCompactOnAPhoneOnItsSide)
 {
     EXPECT_EQ(layoutIn({ 568, 320 }), Layout::CompactInline);
     EXPECT_EQ(layoutIn({ 844, 390 }), Layout::CompactInline);
+    EXPECT_EQ(layoutIn({ 480, 479 }), Layout::CompactInline);
+    EXPECT_EQ(layoutIn({ 600, 479 }), Layout::CompactInline);
+    EXPECT_EQ(layoutIn({ 479, 479 }), Layout::Stacked);
     EXPECT_EQ(layoutIn({ 390, 290 }), Layout::Stacked) << "where titles have no room beside the symbols";
 }
 

@@ -41,6 +41,10 @@ TEST(RowFocus, scrollsTheRowIntoViewBelowThePinnedHeader)
     EXPECT_EQ(world.table.contentOffset(), 20 * 60);
     world.table.rowFocus()->moveTo(0, 21);
     EXPECT_EQ(world.table.contentOffset(), 20 * 60);
+    // Half of it shows, but behind the header.
+    world.table.setContentOffset(20 * 60 + 12);
+    world.table.rowFocus()->moveTo(0, 20);
+    EXPECT_EQ(world.table.contentOffset(), 20 * 60);
 }
 
 TEST(RowFocus, showsTheTableHeaderViewWithTheFirstRow)

@@ -79,6 +79,17 @@ TEST(RowSelection, followsItsRowWhenOneAboveIsDeleted)
     EXPECT_FALSE(world.table.cellForRow({ 0, 2 })->isSelected());
 }
 
+TEST(RowSelection, staysOnItsRowWhenOneOfAnotherSectionIsDeleted)
+{
+    TableWorld world({ 3, 5 });
+    world.show();
+    world.table.tapRow(1, 3);
+    world.source.rows = { 2, 5 };
+    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
+    world.table.deselectRow({ 1, 3 }, kit::TableView::Animation::None);
+    EXPECT_FALSE(world.table.cellForRow({ 1, 3 })->isSelected());
+}
+
 TEST(RowSelection, goesWithItsRow)
 {
     TableWorld world({ 5 });

@@ -119,6 +119,16 @@ TEST_F(TextScaleTest, holdsTheTextsOfBarsToWhatTheyHaveRoomFor)
     EXPECT_EQ(bar.standardTitleSize(), 18);
 }
 
+TEST_F(TextScaleTest, growsTheTextsOfBarsByAQuarterAtMost)
+{
+    kit::TextScale::set(1.2);
+    EXPECT_EQ(kit::TextScale::barFontSize(20), 24);
+    for (const double scale : { 1.25, 1.3, Largest }) {
+        kit::TextScale::set(scale);
+        EXPECT_EQ(kit::TextScale::barFontSize(20), 25);
+    }
+}
+
 TEST_F(TextScaleTest, growsHeadersAndRowsButNotTheRowsThatAScreenHasMeasured)
 {
     kit::TextScale::set(Largest);

@@ -87,6 +87,13 @@ TEST(WritingDirection, keepsANameTogetherWithWhatStandsInside)
             + QStringLiteral(" removed?"));
 }
 
+TEST(WritingDirection, keepsArabicDigitsTogetherToo)
+{
+    EXPECT_EQ(kit::WritingDirection::shownSentence(QStringLiteral("Was \u0663.\u0664 removed?")),
+        LeftToRightMark + QStringLiteral("Was ") + isolatedName(QStringLiteral("\u0663.\u0664"))
+            + QStringLiteral(" removed?"));
+}
+
 TEST(WritingDirection, keepsLettersBeyondTheFirstPlaneWhole)
 {
     const QString text = QStringLiteral("\U0001e900 \u05d0 \U0001f600") + QChar(0xd83a);

@@ -6,7 +6,7 @@
 void FingerTest::begin(const QPoint& point)
 {
     place = point;
-    QTest::touchEvent(quick(), device).press(0, place, quick());
+    QTest::touchEvent(quick(), device.get()).press(0, place, quick());
 }
 
 void FingerTest::moveTo(const QPoint& point, int steps)
@@ -14,7 +14,7 @@ void FingerTest::moveTo(const QPoint& point, int steps)
     const QPoint from = place;
     for (int step = 1; step <= steps; ++step) {
         place = from + (point - from) * step / steps;
-        QTest::touchEvent(quick(), device).move(0, place, quick());
+        QTest::touchEvent(quick(), device.get()).move(0, place, quick());
         drawFrame();
     }
 }
@@ -28,7 +28,7 @@ void FingerTest::drawFrame()
 
 void FingerTest::end()
 {
-    QTest::touchEvent(quick(), device).release(0, place, quick());
+    QTest::touchEvent(quick(), device.get()).release(0, place, quick());
 }
 
 void FingerTest::touch(const QPoint& point)

@@ -5,6 +5,8 @@
 #include <QPointingDevice>
 #include <QTest>
 
+#include <memory>
+
 // The window with one finger that touches it.
 class FingerTest : public KitWindowTest
 {
@@ -17,6 +19,6 @@ protected:
     void touch(const QPoint& point);
     void drawFrame();
 
-    QPointingDevice* device = QTest::createTouchDevice();
+    const std::unique_ptr<QPointingDevice> device{ QTest::createTouchDevice() };
     QPoint place;
 };

@@ -97,6 +97,7 @@ kit::View* ListScreen::viewForHeaderInSection(int section)
     header->setBackgroundColor(kit::Color{ 0.3, 0.4, 0.5, 1, {} });
     auto* label = new kit::Label({ 14, 0, tableView()->width() - 28, 25 });
     label->setText(QStringLiteral("Section %1").arg(section));
+    label->setAccessibilityElement(false);
     header->addSubview(label);
     header->setAccessibilityLabel(label->text());
     return header;

@@ -67,6 +67,23 @@ TEST_F(KitWindowTest, showsAlertsOneAfterTheOther)
     EXPECT_EQ(window->presentedAlert(), nullptr);
 }
 
+TEST_F(KitWindowTest, leavesTheAlertThatShowsWhenOneThatWaitsIsDismissed)
+{
+    kit::AlertController* const first = addAlert(kit::AlertController::Style::Alert);
+    first->addTextField();
+    first->addAction(QStringLiteral("OK"), Style::Default);
+    kit::AlertController* const second = addAlert(kit::AlertController::Style::Alert);
+    second->addAction(QStringLiteral("Cancel"), Style::Cancel);
+    one->present(first);
+    one->present(second);
+    grabbed();
+    const QQuickItem* const field = quick()->activeFocusItem();
+    second->cancel();
+    grabbed();
+    EXPECT_EQ(window->presentedAlert(), first);
+    EXPECT_EQ(quick()->activeFocusItem(), field) << "it is not drawn anew";
+}
+
 TEST_F(KitWindowTest, choosesFromASheetByKeysAlone)
 {
     bool uninstalled = false;

@@ -53,6 +53,15 @@ protected:
         end();
         QCoreApplication::processEvents();
     }
+    // So many points to the right on the switch of the first row.
+    void slip(int points)
+    {
+        const QPoint knob = accessoryOf({ 0, 0 });
+        begin(knob);
+        moveTo(knob + QPoint(points, 0), points);
+        end();
+        QCoreApplication::processEvents();
+    }
     // How far down the finger goes until the list refreshes once more, with the list at its rest before.
     int pullUntilRefreshed()
     {
@@ -170,21 +179,21 @@ TEST_F(Hand, deletesByTheButtonOfTheOpenRow)
 
 TEST_F(Hand, opensARowByHalfTheWidthOfItsButtonAndNotByLess)
 {
-    swipeLeft(3, 42);
+    swipeLeft(3, 44);
     EXPECT_EQ(table().openRow()->row(), -1);
-    swipeLeft(3, 46);
+    swipeLeft(3, 45);
     EXPECT_EQ(table().openRow()->row(), 3);
 }
 
 TEST_F(Hand, deletesARowByAWholeSwipe)
 {
     const int whole = static_cast<int>(table().width() * 0.6);
-    swipeLeft(3, whole - 2);
+    swipeLeft(3, whole);
     EXPECT_EQ(one->firstSectionRows, 5);
     EXPECT_EQ(table().openRow()->row(), 3);
     table().openRow()->close();
     grabbed();
-    swipeLeft(3, whole + 2);
+    swipeLeft(3, whole + 1);
     EXPECT_EQ(one->firstSectionRows, 4);
     EXPECT_EQ(table().openRow()->row(), -1);
 }
@@ -333,22 +342,56 @@ TEST_F(Hand, showsThatATabIsPressedAndGivesItUpWhenTheFingerLeaves)
 TEST_F(Hand, findsAButtonWithinFortyFourPointsOfHeight)
 {
     const QPoint button = accessoryOf({ 0, 1 });
-    touch(button - QPoint(0, 23));
-    EXPECT_EQ(one->buttonPresses, 0);
-    stack(0)->popToRootViewController(kit::NavigationController::Animation::None);
-    grabbed();
-    touch(button - QPoint(0, 21));
-    EXPECT_EQ(one->buttonPresses, 1);
+    for (const int beside : { -23, 22 }) {
+        touch(button + QPoint(0, beside));
+        EXPECT_EQ(one->buttonPresses, 0) << beside;
+        stack(0)->popToRootViewController(kit::NavigationController::Animation::None);
+        grabbed();
+    }
+    for (const int within : { -22, 21 })
+        touch(button + QPoint(0, within));
+    EXPECT_EQ(one->buttonPresses, 2);
 }
 
 TEST_F(Hand, findsASwitchWithinSixPointsAroundIt)
 {
-    const QPoint edge = accessoryOf({ 0, 0 }) - QPoint(static_cast<int>(switchOf(0).width() / 2) + 1, 0);
-    touch(edge - QPoint(4, 0));
+    const auto left = static_cast<int>(switchOf(0).frame().left());
+    const int middle = accessoryOf({ 0, 0 }).y();
+    touch({ left - 6, middle });
     EXPECT_TRUE(switchOf(0).isOn());
-    touch(edge - QPoint(8, 0));
+    touch({ left - 7, middle });
     EXPECT_TRUE(switchOf(0).isOn());
     EXPECT_TRUE(stack(0)->canGoBack()) << "that was the row";
+}
+
+TEST_F(Hand, takesAFingerThatSlippedNinePointsOnASwitchForATap)
+{
+    slip(9);
+    EXPECT_TRUE(switchOf(0).isOn());
+}
+
+TEST_F(Hand, takesAFingerThatSlippedTenPointsOnASwitchForADrawThatCameToNothing)
+{
+    slip(10);
+    EXPECT_FALSE(switchOf(0).isOn());
+}
+
+TEST_F(Hand, switchesTwiceByTwoQuickTouchesOrClicks)
+{
+    touch(accessoryOf({ 0, 0 }));
+    EXPECT_TRUE(switchOf(0).isOn());
+    touch(accessoryOf({ 0, 0 }));
+    EXPECT_FALSE(switchOf(0).isOn());
+    QTest::mouseDClick(quick(), Qt::LeftButton, Qt::NoModifier, accessoryOf({ 0, 0 }));
+    EXPECT_FALSE(switchOf(0).isOn());
+}
+
+TEST_F(Hand, switchesTwiceByTwoQuickTouchesThoughTheSecondSlips)
+{
+    touch(accessoryOf({ 0, 0 }));
+    EXPECT_TRUE(switchOf(0).isOn());
+    slip(9);
+    EXPECT_FALSE(switchOf(0).isOn());
 }
 
 // MARK: pulling
@@ -360,6 +403,21 @@ TEST_F(Hand, pullsAsFarForASecondRefreshAsForTheFirst)
     const int second = pullUntilRefreshed();
     EXPECT_NEAR(second, first, 8);
     EXPECT_GT(first, 84);
+}
+
+TEST_F(Hand, refreshesOnceTheListStandsFurtherDownThanEightyFourPoints)
+{
+    const int way = 400;
+    double before = 0;
+    begin({ 200, 160 });
+    for (int distance = 1; one->refreshes == 0 && distance < way; ++distance) {
+        before = table().contentOffset();
+        moveTo({ 200, 160 + distance }, 1);
+    }
+    EXPECT_GE(before, -84);
+    EXPECT_LT(table().contentOffset(), -84);
+    EXPECT_EQ(one->refreshes, 1);
+    end();
 }
 
 TEST_F(Hand, doesNotRefreshByAShorterPull)

@@ -28,6 +28,17 @@ protected:
             press(Qt::Key_Tab);
         return focusedItemName() == name;
     }
+    // How many controls have a ring.
+    int ringCount() const { return ringCountIn(*quick()->contentItem()); }
+    static int ringCountIn(const QQuickItem& item)
+    {
+        if (!item.isVisible())
+            return 0;
+        int count = qstrncmp(item.metaObject()->className(), "FocusRing", 9) == 0 ? 1 : 0;
+        for (const QQuickItem* child : item.childItems())
+            count += ringCountIn(*child);
+        return count;
+    }
 };
 
 } // namespace
@@ -164,6 +175,22 @@ TEST_F(Keys, showNoRingAfterATouch)
     grabbed();
     press(Qt::Key_Escape);
     EXPECT_EQ(grabbed(), untouched);
+}
+
+TEST_F(Keys, showTheRingOfAControlOnlyOnceAKeyMovedThem)
+{
+    accessible(QStringLiteral("Press"))->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    grabbed();
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Press"));
+    EXPECT_EQ(ringCount(), 0);
+    press(Qt::Key_Tab, Qt::ShiftModifier);
+    press(Qt::Key_Tab);
+    grabbed();
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Press"));
+    EXPECT_EQ(ringCount(), 1);
+    tap(middleOf({ 0, 2 }));
+    grabbed();
+    EXPECT_EQ(ringCount(), 0);
 }
 
 TEST_F(Keys, giveWayToTheMousesBackButton)

@@ -118,6 +118,17 @@ TEST_F(SheetTest, liesAtTheLowerEdgeOfAPhoneUprightAndOnItsSide)
     EXPECT_TRUE(hasArrow()) << "the same sheet in a window that became large";
 }
 
+TEST_F(SheetTest, pointsAtItsRowFromSixHundredByFourHundredAndEightyPointsOn)
+{
+    resize({ 600, 480 });
+    present({ 0, 0 });
+    EXPECT_TRUE(hasArrow());
+    for (const QSize size : { QSize(599, 480), QSize(600, 479) }) {
+        resize(size);
+        EXPECT_FALSE(hasArrow()) << size.width() << 'x' << size.height();
+    }
+}
+
 TEST_F(SheetTest, standsInTheMiddleWithoutASource)
 {
     resize({ 1'024, 768 });

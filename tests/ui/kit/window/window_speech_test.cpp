@@ -88,6 +88,14 @@ TEST_F(Speech, tellsTheCheckmarkOfARow)
         QStringLiteral("Detail, checked, 3 of 5"));
 }
 
+TEST_F(Speech, meetsTheTitleOfAHeaderOnce)
+{
+    QAccessibleInterface* const header = accessible(QStringLiteral("Section 0"));
+    ASSERT_NE(header, nullptr);
+    EXPECT_EQ(header->role(), QAccessible::Heading);
+    EXPECT_EQ(namesIn(header), QStringList());
+}
+
 TEST_F(Speech, tellsThePlacesAnewWhenARowIsGone)
 {
     --one->firstSectionRows;

@@ -152,8 +152,8 @@ TEST_F(SwipeTest, endsWhenTheTabChangesUnderTheFinger)
 
 TEST_F(SwipeTest, beginsWithinTwentyFourPointsOfTheEdgeAndNotBeyond)
 {
-    begin({ 25, 500 });
-    moveTo({ 225, 500 });
+    begin({ 24, 500 });
+    moveTo({ 224, 500 });
     EXPECT_FALSE(stack(0)->isSwipingBack());
     end();
     begin({ 23, 500 });

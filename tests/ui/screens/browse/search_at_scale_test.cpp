@@ -39,6 +39,13 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
+// As the one above by itself does, but for a sanitizer's.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept
+{
+    ++pieces;
+    return std::malloc(size);
+}
+
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
