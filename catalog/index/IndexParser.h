@@ -25,6 +25,8 @@ public:
     std::size_t byteSize() const { return m_records.byteSize(); }
     // The end of the text; the parser is used up.
     PackageVector finish();
+    // Once finished: what the packages have in common, block by block, in their order.
+    std::vector<std::shared_ptr<const PackageOrigin>> takeOrigins() { return m_records.takeOrigins(); }
 
 private:
     enum Field : std::size_t {

@@ -28,9 +28,9 @@ IndexTextReader::State IndexTextReader::finish()
         return m_state;
     m_index.packages = m_parser.finish();
     indexNewPackages(m_index.packages);
+    m_index.searchText = SearchText(m_parser.takeOrigins());
     if (isBeyondLimits(m_index.packages.size()))
         return m_state = State::Refused;
-    m_index.searchText.shrink();
     m_index.nameKeys.sort();
     m_index.sections.sort(*m_job.nameOrder);
     if (isBeyondLimits(m_index.packages.size()))
@@ -55,7 +55,6 @@ void IndexTextReader::indexNewPackages(const PackageVector& packages)
 {
     for (std::size_t place = m_index.nameKeys.size(); place < packages.size(); ++place) {
         m_index.identifiers.add(packages);
-        m_index.searchText.add(*packages[place]);
         m_index.nameKeys.add(packages[place]->utf8(VeskPackage::Text::Name), *m_job.nameOrder);
         m_index.sections.add(packages[place]->utf8(VeskPackage::Text::Section));
     }

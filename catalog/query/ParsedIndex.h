@@ -16,10 +16,11 @@ struct ParsedIndex
     NameKeys nameKeys;
     SectionCounts sections;
 
-    // All but the records, which their writer counts: the pointers to them and what stands beside them.
+    // All but the records and what is searched of them, which their writer counts: the pointers to them and what stands
+    // beside them.
     std::size_t byteSize() const
     {
-        return nameKeys.size() * sizeof(VeskPackagePtr) + identifiers.byteSize() + searchText.byteSize()
-            + nameKeys.byteSize() + sections.byteSize();
+        return nameKeys.size() * sizeof(VeskPackagePtr) + identifiers.byteSize() + nameKeys.byteSize()
+            + sections.byteSize();
     }
 };
