@@ -4,10 +4,11 @@
 #include "catalog/query/NameKeys.h"
 #include "catalog/query/SearchText.h"
 #include "catalog/query/SectionCounts.h"
-#include "catalog/records/PackageList.h"
+#include "catalog/records/PackageSelection.h"
 
-// All that comes of reading an index: its packages, for each of them, at the same place, what searching and sorting
-// need, and their sections. Made on a worker and handed to the main thread whole.
+// All that comes of reading an index: the packages with an identifier that none before them has, for each of them, at
+// the same place, what searching and sorting need, and their sections. Made on a worker and handed to the main thread
+// whole.
 struct ParsedIndex
 {
     PackageVector packages;
