@@ -87,6 +87,7 @@ BytePattern::Candidates BytePattern::nextCandidates(std::string_view text, std::
     const Bytes rarestCapital = capitalBitFor(m_pattern[m_rarest]);
     const Bytes nextRarestCapital = capitalBitFor(m_pattern[m_nextRarest]);
     for (; from + placesAtOnce + size() - 1 <= text.size(); from += placesAtOnce) {
+        prefetch(text.data() + from + prefetchedAhead);
         std::array<Bytes, placesAtOnce / sizeof(Bytes)> hits{};
         Bytes any{};
         for (std::size_t part = 0; part < hits.size(); ++part) {
