@@ -63,7 +63,7 @@ public:
     // Waits for what the workers still let go of.
     void settle() { m_workers = std::make_unique<Workers>(); }
     void merge(ParsedIndex index) { m_index.merge(std::move(index)); }
-    const PackageVector& byName() { return m_index.packagesByName(); }
+    PackageSelection byName() { return m_index.packagesByName(); }
     qsizetype hitsOf(const QString& query) { return static_cast<qsizetype>(m_index.packagesMatching(query).size()); }
     void clear()
     {
@@ -218,9 +218,9 @@ void measureSorting(const Figures& figures, const Setting& setting, const QByteA
         const NameOrder order(QString::fromLatin1(locale));
         Comparison sorting;
         for (int round = 0; round < rounds; ++round) {
-            PackageVector shuffled(packages.rbegin(), packages.rend());
+            const PackageSelection shuffled(PackageVector(packages.rbegin(), packages.rend()));
             const double floor = millisecondsOf([&] { inflateAlone(gzip); });
-            sorting.addRound(floor, millisecondsOf([&] { sortPackagesByName(shuffled, order); }));
+            sorting.addRound(floor, millisecondsOf([&] { packagesByName(shuffled, order); }));
         }
         worst = std::max(worst, sorting.ratio());
     }

@@ -210,22 +210,33 @@ QString RepoManager::installedVersionForPackage(const QString& packageID) const
     return version ? textOf(*version) : QString();
 }
 
-const PackageVector& RepoManager::filteredPackagesWithQuery(const QString& query)
+PackageSelection RepoManager::filteredPackagesWithQuery(const QString& query)
 {
     return m_index.packagesMatching(query);
 }
 
-PackageVector RepoManager::packagesForCategory(const QString& name) const
+PackageSelection RepoManager::packagesForCategory(const QString& name) const
 {
-    PackageVector found;
     if (name.isNull())
-        return found;
+        return {};
     const QByteArray section = name.toUtf8();
-    for (const VeskPackagePtr& package : m_packages) {
-        if (package->utf8(VeskPackage::Text::Section) == viewOf(section))
-            found.push_back(package);
+    return packagesThat(
+        [&](const VeskPackage& package) { return package.utf8(VeskPackage::Text::Section) == viewOf(section); });
+}
+
+PackageSelection RepoManager::installedPackages() const
+{
+    return packagesThat([](const VeskPackage& package) { return package.installed(); });
+}
+
+template <class IsWanted> PackageSelection RepoManager::packagesThat(const IsWanted& isWanted) const
+{
+    PackageSelection::Places places;
+    for (std::uint32_t place = 0; place < m_packages.size(); ++place) {
+        if (isWanted(*m_packages[place]))
+            places.push_back(place);
     }
-    return found;
+    return { m_packages.shared(), std::make_shared<const PackageSelection::Places>(std::move(places)) };
 }
 
 std::vector<VeskCategoryPtr> RepoManager::categories()
@@ -249,12 +260,12 @@ VeskCategoryPtr RepoManager::categoryAt(std::size_t row)
     return VeskCategory::categoryWithName(textOf(sections[row].name), sections[row].count);
 }
 
-const PackageVector& RepoManager::packagesSortedByName()
+PackageSelection RepoManager::packagesSortedByName()
 {
     return m_index.packagesByName();
 }
 
-void RepoManager::sortByName(PackageVector& packages)
+void RepoManager::sortByName(PackageSelection& packages)
 {
     m_index.sortByName(packages);
 }

@@ -67,10 +67,11 @@ public:
     // Null when the package is not installed.
     QString installedVersionForPackage(const QString& packageID) const;
 
-    // In catalog order; an empty or null query gives the catalog's own list. The reference is good until the next query
-    // or change of the catalog.
-    const PackageVector& filteredPackagesWithQuery(const QString& query);
-    PackageVector packagesForCategory(const QString& name) const;
+    // In catalog order; an empty or null query gives all packages.
+    PackageSelection filteredPackagesWithQuery(const QString& query);
+    PackageSelection packagesForCategory(const QString& name) const;
+    // Those that were installed when their index was parsed.
+    PackageSelection installedPackages() const;
     // New records each time, by name.
     std::vector<VeskCategoryPtr> categories();
     // The same, for who shows a few of many: counted once per state of the catalog, and a record made for one row
@@ -78,12 +79,13 @@ public:
     std::size_t categoryCount();
     VeskCategoryPtr categoryAt(std::size_t row);
     // All packages by name, in the order of the user's language, case ignored, equal names in catalog order. Worked out
-    // once per state of the catalog. The reference is good until the next change of the catalog.
-    const PackageVector& packagesSortedByName();
-    // Puts any packages into that order.
-    void sortByName(PackageVector& packages);
+    // once per state of the catalog.
+    PackageSelection packagesSortedByName();
+    // Puts any packages into that order, those of equal names staying as they stood.
+    void sortByName(PackageSelection& packages);
 
 private:
+    template <class IsWanted> PackageSelection packagesThat(const IsWanted& isWanted) const;
     void emptyCatalog();
     void dropRefreshes();
 

@@ -16,7 +16,7 @@ struct IndexLimits
     // Bytes of text after decompression: twenty times the largest index in use.
     std::size_t textSize = std::size_t(1) << 30;
     std::size_t packageCount = 10'000'000;
-    // Bytes of all that is made of it: records with their texts, search text, sort keys and sections. What is made can
+    // Bytes of all that is made of it: records with their texts, sort keys and sections. What is made can
     // be several times the text: ten million stanzas of nothing but a short identifier are 200 MB and make 1.6 GB, and
     // Latin-1 and some letters in lower case grow. An ordinary index makes half of its text.
     std::size_t madeSize = std::size_t(2) << 30;

@@ -37,9 +37,10 @@ std::string_view valueOf(std::string_view line, std::size_t prefixSize)
 
 } // namespace
 
-IndexParser::IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status)
+IndexParser::IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status, IsWanted isWanted)
     : m_status(status)
     , m_records(std::move(repository))
+    , m_isWanted(std::move(isWanted))
 {
 }
 
@@ -110,6 +111,9 @@ void IndexParser::endStanza()
 
 void IndexParser::addPackage()
 {
+    ++m_packageCount;
+    if (m_isWanted && !m_isWanted(firstOf({ Package })))
+        return;
     const PackageTexts<std::string_view> texts([this](PackageText which) { return textOfStanza(which); });
     m_packages.push_back(m_records.add(texts));
 }

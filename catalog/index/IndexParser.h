@@ -5,6 +5,7 @@
 #include "catalog/records/RecordWriter.h"
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,17 +15,24 @@
 class IndexParser
 {
 public:
-    // The status must outlive the parser.
-    IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status);
+    // Whether the package of this identifier, the next one of those read so far, is wanted.
+    using IsWanted = std::function<bool(std::string_view packageID)>;
+
+    // The status must outlive the parser. Every package is wanted where nobody is asked.
+    IndexParser(VeskRepositoryPtr repository, const DpkgStatus& status, IsWanted isWanted = {});
     ~IndexParser();
 
     void feed(std::string_view utf8);
     // The packages of the stanzas that have ended so far.
     const PackageVector& packages() const { return m_packages; }
+    // Those that were not wanted among them.
+    std::size_t packageCount() const { return m_packageCount; }
     // Of all records made so far, with their texts.
     std::size_t byteSize() const { return m_records.byteSize(); }
     // The end of the text; the parser is used up.
     PackageVector finish();
+    // Once finished: what the packages have in common, block by block, in their order.
+    std::vector<std::shared_ptr<const PackageOrigin>> takeOrigins() { return m_records.takeOrigins(); }
 
 private:
     enum Field : std::size_t {
@@ -62,7 +70,9 @@ private:
 
     const DpkgStatus& m_status;
     RecordWriter m_records;
+    IsWanted m_isWanted;
     PackageVector m_packages;
+    std::size_t m_packageCount = 0;
     // The stanza being read; the buffers are kept from stanza to stanza.
     std::array<Value, FieldCount> m_stanza;
     bool m_stanzaIsEmpty = true;

@@ -3,7 +3,10 @@
 IndexTextReader::IndexTextReader(const IndexJob& job, const DpkgStatus& status, Encoding encoding)
     : m_job(job)
     , m_encoding(encoding)
-    , m_parser(job.repository, status)
+    , m_parser(job.repository, status, [this](std::string_view packageID) {
+        const auto place = static_cast<std::uint32_t>(m_parser.packages().size());
+        return m_index.identifiers.add(packageID, place, m_parser.packages());
+    })
 {
 }
 
@@ -28,12 +31,12 @@ IndexTextReader::State IndexTextReader::finish()
         return m_state;
     m_index.packages = m_parser.finish();
     indexNewPackages(m_index.packages);
-    if (isBeyondLimits(m_index.packages.size()))
+    m_index.searchText = SearchText(m_parser.takeOrigins());
+    if (isBeyondLimits())
         return m_state = State::Refused;
-    m_index.searchText.shrink();
     m_index.nameKeys.sort();
     m_index.sections.sort(*m_job.nameOrder);
-    if (isBeyondLimits(m_index.packages.size()))
+    if (isBeyondLimits())
         m_state = State::Refused;
     return m_state;
 }
@@ -42,20 +45,19 @@ void IndexTextReader::parse(std::string_view utf8)
 {
     m_parser.feed(utf8);
     indexNewPackages(m_parser.packages());
-    if (isBeyondLimits(m_parser.packages().size()))
+    if (isBeyondLimits())
         m_state = State::Refused;
 }
 
-bool IndexTextReader::isBeyondLimits(std::size_t packageCount) const
+bool IndexTextReader::isBeyondLimits() const
 {
-    return packageCount > m_job.limits.packageCount || m_parser.byteSize() + m_index.byteSize() > m_job.limits.madeSize;
+    return m_parser.packageCount() > m_job.limits.packageCount
+        || m_parser.byteSize() + m_index.byteSize() > m_job.limits.madeSize;
 }
 
 void IndexTextReader::indexNewPackages(const PackageVector& packages)
 {
     for (std::size_t place = m_index.nameKeys.size(); place < packages.size(); ++place) {
-        m_index.identifiers.add(packages);
-        m_index.searchText.add(*packages[place]);
         m_index.nameKeys.add(packages[place]->utf8(VeskPackage::Text::Name), *m_job.nameOrder);
         m_index.sections.add(packages[place]->utf8(VeskPackage::Text::Section));
     }

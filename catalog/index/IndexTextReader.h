@@ -6,7 +6,7 @@
 #include "catalog/text/TextDecoding.h"
 
 // The bytes of an index in a known encoding, fed in pieces, turned into packages with all that searching and sorting
-// need. Lives on one thread at a time.
+// need. Of packages with one identifier only the first is made. Lives on one thread at a time, at one place.
 class IndexTextReader
 {
 public:
@@ -21,6 +21,8 @@ public:
 
     // The job and the status must outlive this.
     IndexTextReader(const IndexJob& job, const DpkgStatus& status, Encoding encoding);
+    IndexTextReader(const IndexTextReader&) = delete;
+    IndexTextReader& operator=(const IndexTextReader&) = delete;
 
     // The first piece holds all of a byte order mark, if there is one. False once no more is wanted.
     bool feed(std::string_view bytes);
@@ -31,7 +33,7 @@ public:
 
 private:
     void parse(std::string_view utf8);
-    bool isBeyondLimits(std::size_t packageCount) const;
+    bool isBeyondLimits() const;
     void indexNewPackages(const PackageVector& packages);
 
     const IndexJob& m_job;

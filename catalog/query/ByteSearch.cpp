@@ -1,6 +1,5 @@
 #include "catalog/query/ByteSearch.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -23,6 +22,12 @@ Bytes bytesAt(const char* place)
     return bytes;
 }
 
+// The bit that a capital letter lacks to be this one; none if this is no letter.
+Bytes capitalBitFor(char c)
+{
+    return bytesOf(c >= 'a' && c <= 'z' ? 'a' - 'A' : 0);
+}
+
 // One bit for each of eight bytes that have all bits set or none, that of the first byte lowest.
 std::uint64_t bitsOf(std::uint64_t bytes)
 {
@@ -35,6 +40,14 @@ std::uint64_t bitsOf(Bytes bytes)
 {
     const auto halves = std::bit_cast<std::array<std::uint64_t, 2>>(bytes);
     return bitsOf(halves[0]) | bitsOf(halves[1]) << 8;
+}
+
+std::uint64_t bitsOf(const std::array<Bytes, 4>& parts)
+{
+    std::uint64_t bits = 0;
+    for (std::size_t part = 0; part < parts.size(); ++part)
+        bits |= bitsOf(parts[part]) << (part * sizeof(Bytes));
+    return bits;
 }
 
 bool isAnySet(Bytes bytes)
@@ -67,26 +80,24 @@ BytePattern::BytePattern(std::string_view pattern)
     }
 }
 
-std::uint64_t BytePattern::candidatesFrom(const char* place) const
+BytePattern::Candidates BytePattern::nextCandidates(std::string_view text, std::size_t from) const
 {
     const Bytes rarest = bytesOf(m_pattern[m_rarest]);
     const Bytes nextRarest = bytesOf(m_pattern[m_nextRarest]);
-    std::array<Bytes, placesAtOnce / sizeof(Bytes)> hits{};
-    Bytes any{};
-    for (std::size_t part = 0; part < hits.size(); ++part) {
-        const char* const at = place + part * sizeof(Bytes);
-        hits[part] = (bytesAt(at + m_rarest) == rarest) & (bytesAt(at + m_nextRarest) == nextRarest);
-        any |= hits[part];
+    const Bytes rarestCapital = capitalBitFor(m_pattern[m_rarest]);
+    const Bytes nextRarestCapital = capitalBitFor(m_pattern[m_nextRarest]);
+    for (; from + placesAtOnce + size() - 1 <= text.size(); from += placesAtOnce) {
+        prefetch(text.data() + from + prefetchedAhead);
+        std::array<Bytes, placesAtOnce / sizeof(Bytes)> hits{};
+        Bytes any{};
+        for (std::size_t part = 0; part < hits.size(); ++part) {
+            const char* const at = text.data() + from + part * sizeof(Bytes);
+            hits[part] = ((bytesAt(at + m_rarest) | rarestCapital) == rarest)
+                & ((bytesAt(at + m_nextRarest) | nextRarestCapital) == nextRarest);
+            any |= hits[part];
+        }
+        if (isAnySet(any))
+            return { from, bitsOf(hits) };
     }
-    if (!isAnySet(any))
-        return 0;
-    std::uint64_t candidates = 0;
-    for (std::size_t part = 0; part < hits.size(); ++part)
-        candidates |= bitsOf(hits[part]) << (part * sizeof(Bytes));
-    return candidates;
-}
-
-bool BytePattern::standsAt(const char* place) const
-{
-    return std::memcmp(place, m_pattern.data(), m_pattern.size()) == 0;
+    return { from, 0 };
 }

@@ -4,6 +4,8 @@
 #include "catalog/text/TextDecoding.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -42,10 +44,10 @@ std::shared_ptr<const void> CatalogIndex::clear()
 {
     struct Held
     {
-        PackageVector packages;
+        std::shared_ptr<const PackageVector> packages;
         std::vector<Segment> segments;
-        PackageVector found;
-        PackageVector sorted;
+        std::optional<PackageSelection> found;
+        std::optional<PackageSelection> sorted;
     };
     Held held{ m_packages.takeAll(), std::exchange(m_segments, {}), std::exchange(m_found, {}),
         std::exchange(m_sorted, {}) };
@@ -57,26 +59,47 @@ void CatalogIndex::merge(ParsedIndex index)
 {
     bringUpToDate();
     Segment segment{ std::move(index.identifiers), std::move(index.searchText), std::move(index.nameKeys),
-        std::move(index.sections), {} };
-    segment.places.reserve(index.packages.size());
-    const std::size_t firstPlace = m_packages.size();
-    std::size_t newCount = 0;
-    for (std::uint32_t place = 0; place < index.packages.size(); ++place) {
-        VeskPackagePtr& package = index.packages[place];
-        if (segment.identifiers.isRepeated(place) || isThere(*package, segment.identifiers.hash(place))) {
-            segment.places.push_back(dropped);
-            segment.sections.drop(package->utf8(VeskPackage::Text::Section));
-            continue;
-        }
-        segment.places.push_back(static_cast<std::uint32_t>(firstPlace + newCount));
-        std::swap(index.packages[newCount++], package);
-    }
-    index.packages.resize(newCount);
+        std::move(index.sections), static_cast<std::uint32_t>(m_packages.size()), {} };
+    const Places toDrop = placesToDrop(index.packages, segment.identifiers);
+    if (!toDrop.empty())
+        dropPackages(toDrop, index.packages, segment);
+    const bool hasNew = !index.packages.empty();
     m_packages.append(std::move(index.packages));
     segment.identifiers.forgetHashes();
-    if (newCount > 0)
+    if (hasNew)
         m_segments.push_back(std::move(segment));
     noteAsCurrent();
+}
+
+// In order, those of the packages whose identifiers are not new.
+CatalogIndex::Places CatalogIndex::placesToDrop(const PackageVector& packages, const IdentifierSet& identifiers) const
+{
+    Places places;
+    if (m_segments.empty())
+        return places;
+    for (std::uint32_t place = 0; place < packages.size(); ++place) {
+        if (isThere(*packages[place], identifiers.hash(place)))
+            places.push_back(place);
+    }
+    return places;
+}
+
+void CatalogIndex::dropPackages(const Places& toDrop, PackageVector& packages, Segment& segment)
+{
+    segment.places.reserve(packages.size());
+    std::uint32_t newCount = 0;
+    auto nextToDrop = toDrop.begin();
+    for (std::uint32_t place = 0; place < packages.size(); ++place) {
+        if (nextToDrop != toDrop.end() && *nextToDrop == place) {
+            ++nextToDrop;
+            segment.places.push_back(dropped);
+            segment.sections.drop(packages[place]->utf8(VeskPackage::Text::Section));
+            continue;
+        }
+        segment.places.push_back(segment.firstPlace + newCount);
+        std::swap(packages[newCount++], packages[place]);
+    }
+    packages.resize(newCount);
 }
 
 // A package that was dropped is of an identifier that an earlier segment has.
@@ -85,60 +108,69 @@ bool CatalogIndex::isThere(const VeskPackage& package, std::uint32_t hash) const
     const auto identifierOf = [](const VeskPackage& each) { return each.utf8(VeskPackage::Text::PackageID); };
     return std::any_of(m_segments.begin(), m_segments.end(), [&](const Segment& segment) {
         return segment.identifiers.has(hash, [&](std::uint32_t place) {
-            return segment.places[place] != dropped
-                && identifierOf(*m_packages[segment.places[place]]) == identifierOf(package);
+            const std::uint32_t inList = segment.placeInList(place);
+            return inList != dropped && identifierOf(*m_packages[inList]) == identifierOf(package);
         });
     });
 }
 
-const PackageVector& CatalogIndex::packagesMatching(const QString& query)
+PackageSelection CatalogIndex::packagesMatching(const QString& query)
 {
     if (query.isEmpty())
-        return m_packages.all();
+        return m_packages;
     bringUpToDate();
-    if (m_hasFound && m_query == query)
-        return m_found;
-    m_found.clear();
-    m_query = query;
-    m_hasFound = true;
-    const QByteArray folded = SearchText::folded(query);
-    if (folded.isEmpty())
-        return m_found;
-    for (const Segment& segment : m_segments) {
-        const std::vector<std::uint32_t> found = segment.searchText.find(viewOf(folded));
-        m_found.reserve(m_found.size() + found.size());
-        for (const std::uint32_t place : found) {
-            if (segment.places[place] != dropped)
-                m_found.push_back(m_packages[segment.places[place]]);
-        }
+    if (!m_found || m_query != query) {
+        const QByteArray folded = SearchText::folded(query);
+        m_found.emplace(m_packages.shared(), std::make_shared<const Places>(placesMatching(viewOf(folded))));
+        m_query = query;
     }
-    return m_found;
+    return *m_found;
 }
 
-const PackageVector& CatalogIndex::packagesByName()
+CatalogIndex::Places CatalogIndex::placesMatching(std::string_view folded) const
+{
+    Places found;
+    if (folded.empty())
+        return found;
+    for (const Segment& segment : m_segments) {
+        Places places = segment.searchText.find(folded);
+        std::transform(places.begin(), places.end(), places.begin(),
+            [&](std::uint32_t place) { return segment.placeInList(place); });
+        std::erase(places, dropped);
+        if (found.empty())
+            found = std::move(places);
+        else
+            found.insert(found.end(), places.begin(), places.end());
+    }
+    return found;
+}
+
+PackageSelection CatalogIndex::packagesByName()
 {
     bringUpToDate();
-    if (m_hasSorted)
-        return m_sorted;
+    if (!m_sorted)
+        m_sorted.emplace(m_packages.shared(), mergedOrder());
+    return *m_sorted;
+}
+
+std::shared_ptr<const CatalogIndex::Places> CatalogIndex::mergedOrder() const
+{
+    if (m_segments.size() == 1 && m_segments.front().places.empty())
+        return m_segments.front().nameKeys.sharedSortedPlaces();
     std::vector<NamedPlace> named;
     std::vector<std::ptrdiff_t> ends;
     named.reserve(m_packages.size());
     for (const Segment& segment : m_segments) {
         for (const std::uint32_t place : segment.nameKeys.sortedPlaces()) {
-            if (segment.places[place] != dropped)
-                named.push_back({ segment.nameKeys.key(place), segment.places[place] });
+            if (segment.placeInList(place) != dropped)
+                named.push_back({ segment.nameKeys.key(place), segment.placeInList(place) });
         }
         ends.push_back(static_cast<std::ptrdiff_t>(named.size()));
     }
     mergeRuns(named, std::move(ends), isBefore);
-    m_sorted.clear();
-    m_sorted.reserve(named.size());
-    for (const NamedPlace& item : named) {
-        m_packages[item.place]->setNameRank(static_cast<quint32>(m_sorted.size()));
-        m_sorted.push_back(m_packages[item.place]);
-    }
-    m_hasSorted = true;
-    return m_sorted;
+    Places order(named.size());
+    std::transform(named.begin(), named.end(), order.begin(), [](const NamedPlace& item) { return item.place; });
+    return std::make_shared<const Places>(std::move(order));
 }
 
 const std::vector<SectionSize>& CatalogIndex::sections()
@@ -173,15 +205,25 @@ std::vector<SectionSize> CatalogIndex::mergedSections() const
     return sections;
 }
 
-void CatalogIndex::sortByName(PackageVector& packages)
+// What stands in catalog order needs no comparison of names: it is picked from the order of all.
+void CatalogIndex::sortByName(PackageSelection& packages)
 {
-    packagesByName();
-    if (!haveRanks(packages)) {
-        sortPackagesByName(packages, *m_order);
+    const PackageSelection sorted = packagesByName();
+    const auto& places = packages.places();
+    const auto isInOrder
+        = [&] { return std::adjacent_find(places->begin(), places->end(), std::greater_equal()) == places->end(); };
+    if (!packages.isOf(m_packages) || !places || !isInOrder()) {
+        packages = ::packagesByName(packages, *m_order);
         return;
     }
-    std::sort(packages.begin(), packages.end(),
-        [](const VeskPackagePtr& a, const VeskPackagePtr& b) { return a->nameRank() < b->nameRank(); });
+    std::vector<bool> isPicked(m_packages.size());
+    for (const std::uint32_t place : *places)
+        isPicked[place] = true;
+    Places picked;
+    picked.reserve(places->size());
+    std::copy_if(sorted.places()->begin(), sorted.places()->end(), std::back_inserter(picked),
+        [&](std::uint32_t place) { return isPicked[place]; });
+    packages = { m_packages.shared(), std::make_shared<const Places>(std::move(picked)) };
 }
 
 bool CatalogIndex::isCurrent() const
@@ -204,34 +246,23 @@ void CatalogIndex::bringUpToDate()
     m_segments.clear();
     Segment whole;
     for (const VeskPackagePtr& package : m_packages) {
-        const auto place = static_cast<std::uint32_t>(whole.places.size());
-        whole.identifiers.add(m_packages.all());
+        const auto place = static_cast<std::uint32_t>(whole.nameKeys.size());
+        whole.identifiers.add(package->utf8(VeskPackage::Text::PackageID), place, m_packages.all());
         whole.searchText.add(*package);
         whole.nameKeys.add(package->utf8(VeskPackage::Text::Name), *m_order);
         whole.sections.add(package->utf8(VeskPackage::Text::Section));
-        whole.places.push_back(place);
     }
     whole.identifiers.forgetHashes();
     whole.nameKeys.sort();
     whole.sections.sort(*m_order);
-    if (!whole.places.empty())
+    if (!m_packages.empty())
         m_segments.push_back(std::move(whole));
     noteAsCurrent();
 }
 
 void CatalogIndex::forgetResults()
 {
-    m_hasFound = false;
-    m_found.clear();
-    m_hasSorted = false;
-    m_sorted.clear();
+    m_found.reset();
+    m_sorted.reset();
     m_sections.reset();
-}
-
-// A rank is a hint left by some order of some time; it counts when this order has the record at that rank.
-bool CatalogIndex::haveRanks(const PackageVector& packages) const
-{
-    return std::all_of(packages.begin(), packages.end(), [this](const VeskPackagePtr& package) {
-        return package->nameRank() < m_sorted.size() && m_sorted[package->nameRank()] == package;
-    });
 }

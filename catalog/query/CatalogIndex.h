@@ -27,18 +27,19 @@ public:
     // Appends the packages whose identifiers are new to the list, in their order.
     void merge(ParsedIndex index);
 
-    // These are good until the next call or the next change of the list.
-    const PackageVector& packagesMatching(const QString& query);
-    const PackageVector& packagesByName();
-    // By name.
+    PackageSelection packagesMatching(const QString& query);
+    PackageSelection packagesByName();
+    // By name; good until the next change of the list.
     const std::vector<SectionSize>& sections();
-    // Packages of equal names stand in catalog order, or, when any is not of the catalog, as they stood.
-    void sortByName(PackageVector& packages);
+    // Packages of equal names stay as they stood.
+    void sortByName(PackageSelection& packages);
 
 private:
+    using Places = PackageSelection::Places;
+
     static constexpr std::uint32_t dropped = 0xffffffff;
 
-    // What one merged index brought, with the place in the list of each of its packages.
+    // What one merged index brought.
     struct Segment
     {
         IdentifierSet identifiers;
@@ -46,16 +47,27 @@ private:
         NameKeys nameKeys;
         // Without the packages that were dropped.
         SectionCounts sections;
-        std::vector<std::uint32_t> places;
+        // Of its first package in the list.
+        std::uint32_t firstPlace = 0;
+        // The place in the list of each of its packages; none when all stand there one behind the other.
+        Places places;
+
+        std::uint32_t placeInList(std::uint32_t place) const
+        {
+            return places.empty() ? firstPlace + place : places[place];
+        }
     };
 
     bool isThere(const VeskPackage& package, std::uint32_t hash) const;
+    Places placesToDrop(const PackageVector& packages, const IdentifierSet& identifiers) const;
+    static void dropPackages(const Places& toDrop, PackageVector& packages, Segment& segment);
+    Places placesMatching(std::string_view folded) const;
+    std::shared_ptr<const Places> mergedOrder() const;
     bool isCurrent() const;
     void noteAsCurrent();
     void bringUpToDate();
     void forgetResults();
     std::vector<SectionSize> mergedSections() const;
-    bool haveRanks(const PackageVector& packages) const;
 
     PackageList& m_packages;
     std::shared_ptr<const NameOrder> m_order;
@@ -64,9 +76,7 @@ private:
     std::vector<Segment> m_segments;
 
     QString m_query;
-    bool m_hasFound = false;
-    PackageVector m_found;
-    bool m_hasSorted = false;
-    PackageVector m_sorted;
+    std::optional<PackageSelection> m_found;
+    std::optional<PackageSelection> m_sorted;
     std::optional<std::vector<SectionSize>> m_sections;
 };

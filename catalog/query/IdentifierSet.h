@@ -13,13 +13,12 @@
 class IdentifierSet
 {
 public:
-    // That of the next package of the run, which holds it and all before it.
-    void add(const PackageVector& run);
+    // That of the package at the place, which comes next; the run has all that were added before. False, and nothing is
+    // added, if it was there already.
+    bool add(std::string_view identifier, std::uint32_t place, const PackageVector& run);
 
-    std::size_t size() const { return m_hashes.size(); }
+    // Of the package at the place. Once every package of the run is added.
     std::uint32_t hash(std::uint32_t place) const { return m_hashes[place]; }
-    // Whether a package before this one has the same identifier.
-    bool isRepeated(std::uint32_t place) const;
     // Whether isSought(place) holds for one of the places with this hash.
     template <class IsSought> bool has(std::uint32_t hash, const IsSought& isSought) const
     {
@@ -27,12 +26,10 @@ public:
     }
     // What is needed only to compare the whole run with others.
     void forgetHashes() { m_hashes = {}; }
-    std::size_t byteSize() const;
+    std::size_t byteSize() const { return m_places.byteSize() + m_hashes.size() * sizeof m_hashes[0]; }
 
 private:
     // Each place plus one.
     HashSlots m_places;
     std::vector<std::uint32_t> m_hashes;
-    // In order.
-    std::vector<std::uint32_t> m_repeated;
 };

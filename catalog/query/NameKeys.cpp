@@ -13,10 +13,11 @@ void NameKeys::sort()
 {
     m_keys.shrink_to_fit();
     m_ends.shrink_to_fit();
-    m_sortedPlaces.resize(size());
-    std::iota(m_sortedPlaces.begin(), m_sortedPlaces.end(), 0U);
-    std::stable_sort(m_sortedPlaces.begin(), m_sortedPlaces.end(),
-        [this](std::uint32_t a, std::uint32_t b) { return key(a) < key(b); });
+    PackageSelection::Places places(size());
+    std::iota(places.begin(), places.end(), 0U);
+    std::stable_sort(
+        places.begin(), places.end(), [this](std::uint32_t a, std::uint32_t b) { return key(a) < key(b); });
+    m_sortedPlaces = std::make_shared<const PackageSelection::Places>(std::move(places));
 }
 
 std::string_view NameKeys::key(std::uint32_t place) const
@@ -27,18 +28,14 @@ std::string_view NameKeys::key(std::uint32_t place) const
 
 std::size_t NameKeys::byteSize() const
 {
-    return m_keys.size() + size() * (sizeof m_ends[0] + sizeof m_sortedPlaces[0]);
+    return m_keys.size() + size() * (sizeof m_ends[0] + sizeof(std::uint32_t));
 }
 
-void sortPackagesByName(PackageVector& packages, const NameOrder& order)
+PackageSelection packagesByName(const PackageSelection& packages, const NameOrder& order)
 {
     NameKeys keys;
     for (const VeskPackagePtr& package : packages)
         keys.add(package->utf8(VeskPackage::Text::Name), order);
     keys.sort();
-    PackageVector sorted;
-    sorted.reserve(packages.size());
-    for (const std::uint32_t place : keys.sortedPlaces())
-        sorted.push_back(std::move(packages[place]));
-    packages = std::move(sorted);
+    return packages.ofRows(keys.sortedPlaces());
 }

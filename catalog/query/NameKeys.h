@@ -1,9 +1,10 @@
 #pragma once
 
 #include "catalog/query/NameOrder.h"
-#include "catalog/records/PackageList.h"
+#include "catalog/records/PackageSelection.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,14 +20,16 @@ public:
     std::size_t size() const { return m_ends.size(); }
     std::string_view key(std::uint32_t place) const;
     // Places by name; equal names in the order in which they were added.
-    const std::vector<std::uint32_t>& sortedPlaces() const { return m_sortedPlaces; }
+    const PackageSelection::Places& sortedPlaces() const { return *m_sortedPlaces; }
+    // The same, to be held on to.
+    std::shared_ptr<const PackageSelection::Places> sharedSortedPlaces() const { return m_sortedPlaces; }
     std::size_t byteSize() const;
 
 private:
     std::string m_keys;
     std::vector<std::uint32_t> m_ends;
-    std::vector<std::uint32_t> m_sortedPlaces;
+    std::shared_ptr<const PackageSelection::Places> m_sortedPlaces = std::make_shared<const PackageSelection::Places>();
 };
 
-// Puts packages in the order of their names, those of equal names staying as they stood.
-void sortPackagesByName(PackageVector& packages, const NameOrder& order);
+// The packages in the order of their names, those of equal names as they stood.
+PackageSelection packagesByName(const PackageSelection& packages, const NameOrder& order);

@@ -4,10 +4,11 @@
 #include "catalog/query/NameKeys.h"
 #include "catalog/query/SearchText.h"
 #include "catalog/query/SectionCounts.h"
-#include "catalog/records/PackageList.h"
+#include "catalog/records/PackageSelection.h"
 
-// All that comes of reading an index: its packages, for each of them, at the same place, what searching and sorting
-// need, and their sections. Made on a worker and handed to the main thread whole.
+// All that comes of reading an index: the packages with an identifier that none before them has, for each of them, at
+// the same place, what searching and sorting need, and their sections. Made on a worker and handed to the main thread
+// whole.
 struct ParsedIndex
 {
     PackageVector packages;
@@ -16,10 +17,11 @@ struct ParsedIndex
     NameKeys nameKeys;
     SectionCounts sections;
 
-    // All but the records, which their writer counts: the pointers to them and what stands beside them.
+    // All but the records and what is searched of them, which their writer counts: the pointers to them and what stands
+    // beside them.
     std::size_t byteSize() const
     {
-        return nameKeys.size() * sizeof(VeskPackagePtr) + identifiers.byteSize() + searchText.byteSize()
-            + nameKeys.byteSize() + sections.byteSize();
+        return nameKeys.size() * sizeof(VeskPackagePtr) + identifiers.byteSize() + nameKeys.byteSize()
+            + sections.byteSize();
     }
 };

@@ -1,61 +1,58 @@
 #include "catalog/query/SearchText.h"
 
 #include "catalog/query/ByteSearch.h"
-#include "catalog/text/TextDecoding.h"
+#include "catalog/text/LowerCase.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr char endOfField = '\xff';
+constexpr std::size_t largestCopies = std::size_t(1) << 20;
 
-bool isAscii(std::string_view text)
+void prefetchBeginning(std::string_view text)
 {
-    unsigned char bits = 0;
-    for (const char c : text)
-        bits |= static_cast<unsigned char>(c);
-    return bits < 0x80;
+    constexpr std::size_t cacheLine = 64;
+    for (std::size_t at = 0; at < std::min(text.size(), prefetchedAhead); at += cacheLine)
+        prefetch(text.data() + at);
 }
 
-char lowerAscii(char c)
+// Adds the places of what is found in a block, whose first package has the given one.
+void findInBlock(const SearchedTexts& block, const BytePattern& pattern, std::uint32_t firstPlace,
+    std::vector<std::uint32_t>& places)
 {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-// Lower-casing a text moves the rest of it for each letter that grows: in a long text of such letters that would take
-// time in proportion to the square of the length. No letter's lower case depends on its neighbours, so pieces do.
-QByteArray lowered(QStringView text)
-{
-    constexpr qsizetype pieceSize = 256;
-    QByteArray utf8;
-    while (!text.empty()) {
-        qsizetype size = std::min(text.size(), pieceSize);
-        if (size < text.size() && text[size].isLowSurrogate() && text[size - 1].isHighSurrogate())
-            --size;
-        utf8 += text.first(size).toString().toLower().toUtf8();
-        text = text.sliced(size);
-    }
-    return utf8;
+    std::uint32_t record = 0;
+    std::uint32_t notFoundYet = 0;
+    findEach(block.bytes(), pattern, [&](std::size_t at) -> std::size_t {
+        const SearchedTexts::Found found = block.recordsAt(at, record);
+        record = found.first;
+        for (notFoundYet = std::max(notFoundYet, found.first); notFoundYet <= found.last; ++notFoundYet)
+            places.push_back(firstPlace + notFoundYet);
+        return found.end;
+    });
 }
 
 } // namespace
 
-void SearchText::add(const VeskPackage& package)
+SearchText::SearchText(std::vector<std::shared_ptr<const PackageOrigin>> origins)
 {
-    const std::string_view name = package.utf8(VeskPackage::Text::Name);
-    const std::string_view packageID = package.utf8(VeskPackage::Text::PackageID);
-    addField(name);
-    if (packageID != name)
-        addField(packageID);
-    addField(package.utf8(VeskPackage::Text::Desc));
-    addField(package.utf8(VeskPackage::Text::Author));
-    m_ends.push_back(static_cast<std::uint32_t>(m_text.size()));
+    m_blocks.reserve(origins.size());
+    for (std::shared_ptr<const PackageOrigin>& origin : origins) {
+        const SearchedTexts* const searched = &origin->searched;
+        m_blocks.emplace_back(std::move(origin), searched);
+    }
 }
 
-void SearchText::shrink()
+void SearchText::add(const VeskPackage& package)
 {
-    m_text.squeeze();
-    m_ends.shrink_to_fit();
+    if (!m_copies || m_copies->byteSize() > largestCopies) {
+        m_copies = std::make_shared<SearchedTexts>();
+        m_blocks.push_back(m_copies);
+    }
+    for (const VeskPackage::Text which :
+        { VeskPackage::Text::Author, VeskPackage::Text::Desc, VeskPackage::Text::PackageID, VeskPackage::Text::Name })
+        m_copies->add(package.utf8(which));
+    m_copies->endRecord(SearchedTexts::Source::Own, SearchedTexts::Source::Own);
 }
 
 QByteArray SearchText::folded(const QString& query)
@@ -65,28 +62,14 @@ QByteArray SearchText::folded(const QString& query)
 
 std::vector<std::uint32_t> SearchText::find(std::string_view foldedQuery) const
 {
-    std::vector<std::uint32_t> found;
-    std::uint32_t package = 0;
-    // One match in a package is enough: the next one is looked for behind its end.
-    findEach(viewOf(m_text), BytePattern(foldedQuery), [&](std::size_t at) -> std::size_t {
-        while (m_ends[package] <= at)
-            ++package;
-        found.push_back(package);
-        return m_ends[package];
-    });
-    return found;
-}
-
-void SearchText::addField(std::string_view utf8)
-{
-    if (utf8.empty())
-        return;
-    if (isAscii(utf8)) {
-        const qsizetype at = m_text.size();
-        m_text.resize(at + static_cast<qsizetype>(utf8.size()));
-        std::transform(utf8.begin(), utf8.end(), m_text.data() + at, lowerAscii);
-    } else {
-        m_text.append(lowered(textOf(utf8)));
+    const BytePattern pattern(foldedQuery);
+    std::vector<std::uint32_t> places;
+    std::uint32_t firstPlace = 0;
+    for (auto block = m_blocks.begin(); block != m_blocks.end(); ++block) {
+        if (block + 1 != m_blocks.end())
+            prefetchBeginning((*(block + 1))->bytes());
+        findInBlock(**block, pattern, firstPlace, places);
+        firstPlace += (*block)->recordCount();
     }
-    m_text.append(endOfField);
+    return places;
 }

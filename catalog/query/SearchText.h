@@ -3,17 +3,21 @@
 #include "catalog/records/VeskPackage.h"
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
-// The searched texts of a run of packages, lower-cased once and laid out in one buffer of UTF-8.
+// What is searched of a run of packages: the very texts of their records, block by block.
 // Filled on any one thread, then only read.
 class SearchText
 {
 public:
+    SearchText() = default;
+    // Of all packages of these blocks.
+    explicit SearchText(std::vector<std::shared_ptr<const PackageOrigin>> origins);
+
+    // One package more, wherever its texts stand: they are copied.
     void add(const VeskPackage& package);
-    void shrink();
-    std::size_t byteSize() const { return static_cast<std::size_t>(m_text.size()) + m_ends.size() * sizeof m_ends[0]; }
 
     // What is searched for a query; a query that is no well-formed text, and so is in no text, gives an empty one.
     // Takes time in proportion to the query's length.
@@ -23,11 +27,7 @@ public:
     std::vector<std::uint32_t> find(std::string_view foldedQuery) const;
 
 private:
-    void addField(std::string_view utf8);
-
-    // Each field is followed by a byte that is in no text, so that nothing is found across two fields.
-    // In a QByteArray, which grows to megabytes without being copied.
-    QByteArray m_text;
-    // Where each package's fields end.
-    std::vector<std::uint32_t> m_ends;
+    std::vector<std::shared_ptr<const SearchedTexts>> m_blocks;
+    // The last block, when it is of copies.
+    std::shared_ptr<SearchedTexts> m_copies;
 };

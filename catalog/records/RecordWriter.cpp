@@ -4,11 +4,13 @@
 
 namespace {
 
-// The record itself and all its texts, as if it shared none of them.
+// The record itself and all its texts, as if it shared none of them and all were searched in lower case.
 std::size_t largestSizeOf(const PackageTexts<std::string_view>& texts)
 {
-    return std::accumulate(texts.begin(), texts.end(), sizeof(VeskPackage),
-        [](std::size_t size, std::string_view text) { return size + TextPool::largestSizeOf(text); });
+    return std::accumulate(
+        texts.begin(), texts.end(), sizeof(VeskPackage), [](std::size_t size, std::string_view text) {
+            return size + TextPool::largestSizeOf(text) + SearchedTexts::largestSizeOf(text);
+        });
 }
 
 } // namespace
@@ -34,22 +36,41 @@ VeskPackagePtr RecordWriter::add(const PackageTexts<std::string_view>& texts)
 // another name, is kept once.
 VeskPackage::TextHandles RecordWriter::addTexts(const PackageTexts<std::string_view>& texts)
 {
-    TextPool& pool = m_origin->texts;
-    VeskPackage::TextHandles handles;
-    const auto isIn = [&](TextPool::Handle handle, std::string_view text) {
-        return handle > TextPool::empty && pool.text(handle) == text;
-    };
+    VeskPackage::TextHandles handles = addSearchedTexts(texts);
     const auto handleOf = [&](PackageText which) {
-        const std::string_view text = texts[which];
-        if (which == PackageText::Name && isIn(handles[PackageText::PackageID], text))
-            return handles[PackageText::PackageID];
-        if (which == PackageText::Maintainer && isIn(handles[PackageText::Author], text))
+        if (which == PackageText::Maintainer && isIn(handles[PackageText::Author], texts[which]))
             return handles[PackageText::Author];
-        return isIn(m_lastTexts[which], text) ? m_lastTexts[which] : pool.add(text);
+        return isIn(m_lastTexts[which], texts[which]) ? m_lastTexts[which] : m_origin->texts.add(texts[which]);
     };
-    for (std::size_t index = 0; index < std::size_t(PackageText::Count); ++index)
-        handles[PackageText(index)] = handleOf(PackageText(index));
+    for (const PackageText which :
+        { PackageText::Version, PackageText::Maintainer, PackageText::Section, PackageText::IconURLString,
+            PackageText::DepictionURLString, PackageText::HomepageURLString, PackageText::InstalledVersion })
+        handles[which] = handleOf(which);
     return handles;
+}
+
+VeskPackage::TextHandles RecordWriter::addSearchedTexts(const PackageTexts<std::string_view>& texts)
+{
+    using Source = SearchedTexts::Source;
+    VeskPackage::TextHandles handles;
+    const auto addShared = [&](PackageText which) {
+        const bool isShared = isIn(m_lastTexts[which], texts[which]);
+        handles[which] = isShared ? m_lastTexts[which] : m_origin->addSearched(texts[which]);
+        return isShared ? Source::OfRecordBefore : Source::Own;
+    };
+    const Source author = addShared(PackageText::Author);
+    const Source description = addShared(PackageText::Desc);
+    handles[PackageText::PackageID] = m_origin->addSearched(texts[PackageText::PackageID]);
+    const bool isNamed = !isIn(handles[PackageText::PackageID], texts[PackageText::Name]);
+    handles[PackageText::Name]
+        = isNamed ? m_origin->addSearched(texts[PackageText::Name]) : handles[PackageText::PackageID];
+    m_origin->searched.endRecord(author, description);
+    return handles;
+}
+
+bool RecordWriter::isIn(TextPool::Handle handle, std::string_view text) const
+{
+    return !text.empty() && m_origin->text(handle) == text;
 }
 
 void RecordWriter::finish()
@@ -74,11 +95,12 @@ void RecordWriter::beginBlock()
 
 void RecordWriter::endBlock()
 {
-    m_origin->texts.shrink();
+    m_origin->shrink();
+    m_origins.push_back(m_origin);
     m_sizeOfEndedBlocks += sizeOfBlock();
 }
 
 std::size_t RecordWriter::sizeOfBlock() const
 {
-    return m_origin->texts.size() + m_records->size() * sizeof(VeskPackage);
+    return m_origin->byteSize() + m_records->size() * sizeof(VeskPackage);
 }

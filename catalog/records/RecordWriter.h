@@ -3,6 +3,7 @@
 #include "catalog/records/VeskPackage.h"
 
 #include <deque>
+#include <vector>
 
 // Makes the package records of one source. They stand in blocks, each with the texts of its own records, and a pointer
 // to a record keeps its block alone: whoever holds on to one package of a large index holds at most blockSize bytes, or
@@ -20,17 +21,22 @@ public:
     VeskPackagePtr add(const PackageTexts<std::string_view>& texts);
     // To be called once all are added: gives back what was held in reserve.
     void finish();
+    // Once finished: what the records have in common, block by block, in their order.
+    std::vector<std::shared_ptr<const PackageOrigin>> takeOrigins() { return std::move(m_origins); }
     // Of all records made so far, with their texts.
     std::size_t byteSize() const;
 
 private:
     VeskPackage::TextHandles addTexts(const PackageTexts<std::string_view>& texts);
+    VeskPackage::TextHandles addSearchedTexts(const PackageTexts<std::string_view>& texts);
+    bool isIn(TextPool::Handle handle, std::string_view text) const;
     void beginBlock();
     void endBlock();
     std::size_t sizeOfBlock() const;
 
     VeskRepositoryPtr m_repository;
     std::size_t m_sizeOfEndedBlocks = 0;
+    std::vector<std::shared_ptr<const PackageOrigin>> m_origins;
     std::shared_ptr<PackageOrigin> m_origin;
     // Each pointer to a record keeps all of its block.
     std::shared_ptr<std::deque<VeskPackage>> m_records;

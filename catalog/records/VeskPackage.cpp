@@ -25,7 +25,7 @@ void VeskPackage::setRepository(const VeskRepositoryPtr& repository)
 
 std::string_view VeskPackage::utf8(Text which) const
 {
-    return m_origin ? m_origin->texts.text(m_texts[which]) : std::string_view();
+    return m_origin ? m_origin->text(m_texts[which]) : std::string_view();
 }
 
 quint64 VeskPackage::editCount()

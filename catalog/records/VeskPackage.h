@@ -61,10 +61,6 @@ public:
     // still.
     static quint64 editCount();
 
-    // Where the record stood in the last order by name; a hint that its reader checks. Main thread.
-    quint32 nameRank() const { return m_nameRank; }
-    void setNameRank(quint32 rank) { m_nameRank = rank; }
-
 private:
     QString text(Text which) const;
     void setText(Text which, const QString& value);
@@ -72,5 +68,4 @@ private:
 
     std::shared_ptr<const PackageOrigin> m_origin;
     TextHandles m_texts;
-    quint32 m_nameRank = 0;
 };

@@ -1,16 +1,20 @@
 #include "catalog/text/TextPool.h"
 
 #include <array>
-#include <limits>
 
 namespace {
 
-constexpr unsigned char moreFollows = 0x80;
+// Each text stands behind its length, written five bits a byte, a bit of each telling that more follow. All bits
+// together make it a byte that goes on with a character, which is where none is to go on.
+constexpr unsigned char goesOn = 0x80;
+constexpr unsigned char moreFollows = 0x20;
+constexpr unsigned char lengthBits = 0x1f;
+constexpr unsigned lengthBitCount = 5;
 
 } // namespace
 
 TextPool::TextPool()
-    : m_buffer(2, '\0')
+    : m_buffer(firstHandle, static_cast<char>(goesOn))
 {
 }
 
@@ -18,17 +22,20 @@ TextPool::Handle TextPool::add(std::string_view text)
 {
     if (text.data() == nullptr)
         return null;
-    if (text.empty())
-        return empty;
-    if (text.size() > std::numeric_limits<Handle>::max() - longestLengthPrefix - size())
+    return text.empty() ? empty : append(text);
+}
+
+TextPool::Handle TextPool::append(std::string_view text)
+{
+    if (text.size() > largestHandle - longestLengthPrefix - size())
         return null;
     const auto handle = static_cast<Handle>(size());
     std::array<char, longestLengthPrefix> prefix{};
     std::size_t prefixSize = 0;
     std::size_t length = text.size();
-    for (; length >= moreFollows; length >>= 7)
-        prefix[prefixSize++] = static_cast<char>(static_cast<unsigned char>(length) | moreFollows);
-    prefix[prefixSize++] = static_cast<char>(length);
+    for (; length > lengthBits; length >>= lengthBitCount)
+        prefix[prefixSize++] = static_cast<char>(goesOn | moreFollows | (length & lengthBits));
+    prefix[prefixSize++] = static_cast<char>(goesOn | length);
     m_buffer.append(prefix.data(), prefixSize);
     m_buffer.append(text);
     return handle;
@@ -40,10 +47,10 @@ std::string_view TextPool::text(Handle handle) const
         return {};
     std::size_t position = handle;
     std::size_t length = 0;
-    for (unsigned shift = 0;; shift += 7) {
+    for (unsigned shift = 0;; shift += lengthBitCount) {
         const auto byte = static_cast<unsigned char>(m_buffer[position++]);
-        length |= std::size_t(byte & 0x7fU) << shift;
-        if (byte < moreFollows)
+        length |= std::size_t(byte & lengthBits) << shift;
+        if ((byte & moreFollows) == 0)
             return { m_buffer.data() + position, length };
     }
 }

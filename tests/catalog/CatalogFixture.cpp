@@ -74,7 +74,7 @@ QByteArray stanza(const QByteArray& packageID)
     return "Package: " + packageID + "\n\n";
 }
 
-QStringList idsOf(const PackageVector& packages)
+QStringList idsOf(const PackageSelection& packages)
 {
     QStringList ids;
     for (const VeskPackagePtr& package : packages)
@@ -82,7 +82,7 @@ QStringList idsOf(const PackageVector& packages)
     return ids;
 }
 
-QStringList namesOf(const PackageVector& packages)
+QStringList namesOf(const PackageSelection& packages)
 {
     QStringList names;
     for (const VeskPackagePtr& package : packages)

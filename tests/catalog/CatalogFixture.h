@@ -44,6 +44,6 @@ QByteArray gzipped(const QByteArray& text);
 QByteArray bzipped(const QByteArray& text);
 // A stanza of nothing but an identifier, and its blank line.
 QByteArray stanza(const QByteArray& packageID);
-QStringList idsOf(const PackageVector& packages);
-QStringList namesOf(const PackageVector& packages);
+QStringList idsOf(const PackageSelection& packages);
+QStringList namesOf(const PackageSelection& packages);
 VeskPackagePtr makePackage(const QString& packageID, const QString& name = QString());

@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <iterator>
 
 GoldenPictures* Gallery::s_pictures = nullptr;
 
@@ -184,7 +185,7 @@ void Gallery::showIcons()
         const auto found = std::find_if(packages.begin(), packages.end(),
             [&](const VeskPackagePtr& package) { return package->name() == cell->textLabel()->text(); });
         constexpr int EveryOneWithoutIcon = 6;
-        const auto number = static_cast<int>(found - packages.begin());
+        const auto number = static_cast<int>(std::distance(packages.begin(), found));
         if (isPackage && found != packages.end() && number % EveryOneWithoutIcon != EveryOneWithoutIcon - 1)
             cell->imageView()->setImage(drawnIcon(number));
     }

@@ -3,6 +3,7 @@
 #include "tests/catalog/decode/PlainReference.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringDecoder>
 
 namespace {
@@ -22,11 +23,13 @@ QString decodedText(const QByteArray& bytes)
 
 using Stanza = QHash<QString, QString>;
 
-void addFields(const Stanza& stanza, QStringList& fields)
+// Those of the first stanza with each identifier.
+void addFields(const Stanza& stanza, QSet<QString>& packageIDs, QStringList& fields)
 {
     const QString package = stanza.value(QStringLiteral("Package"));
-    if (package.isEmpty())
+    if (package.isEmpty() || packageIDs.contains(package))
         return;
+    packageIDs.insert(package);
     const QString sileoDepiction = stanza.value(
         QStringLiteral("SileoDepiction"), stanza.value(QStringLiteral("ModernDepiction"), QStringLiteral("")));
     fields << package << stanza.value(QStringLiteral("Name"), package)
@@ -44,17 +47,18 @@ void addFields(const Stanza& stanza, QStringList& fields)
 QStringList plainlyParsed(const QString& text)
 {
     QStringList fields;
+    QSet<QString> packageIDs;
     Stanza stanza;
     for (const QString& line : text.split(u'\n')) {
         const qsizetype colon = line.indexOf(u':');
         if (line.isEmpty()) {
-            addFields(stanza, fields);
+            addFields(stanza, packageIDs, fields);
             stanza.clear();
         } else if (colon >= 0) {
             stanza.insert(line.left(colon), line.mid(colon + 1).trimmed());
         }
     }
-    addFields(stanza, fields);
+    addFields(stanza, packageIDs, fields);
     return fields;
 }
 

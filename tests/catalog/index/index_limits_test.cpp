@@ -47,6 +47,8 @@ TEST(IndexLimitsOfReading, refuseAnIndexOfTooManyPackages)
     EXPECT_EQ(read(manyStanzas(20000), Compression::None, limits).packages.size(), 20000U);
     EXPECT_TRUE(read(manyStanzas(20001), Compression::None, limits).packages.empty());
     EXPECT_TRUE(read(gzipped(manyStanzas(20001)), Compression::Gzip, limits).packages.empty());
+    EXPECT_EQ(read(stanza("a").repeated(20000), Compression::None, limits).packages.size(), 1U);
+    EXPECT_TRUE(read(stanza("a").repeated(20001), Compression::None, limits).packages.empty());
 }
 
 TEST(IndexLimitsOfReading, letHugeLinesAndStanzasPassInLinearTime)

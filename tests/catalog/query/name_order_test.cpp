@@ -9,8 +9,7 @@ QStringList sorted(const QString& locale, const QStringList& names)
     PackageVector packages;
     for (const QString& name : names)
         packages.push_back(makePackage(QString::number(packages.size()), name));
-    sortPackagesByName(packages, NameOrder(locale));
-    return namesOf(packages);
+    return namesOf(packagesByName(packages, NameOrder(locale)));
 }
 
 } // namespace
@@ -55,8 +54,7 @@ TEST(NameOrder, takesEmptyNullAndLongNames)
     EXPECT_EQ(sorted(QStringLiteral("en"), { QStringLiteral("z"), longName, QStringLiteral(""), QStringLiteral("a") }),
         QStringList({ QStringLiteral(""), QStringLiteral("a"), longName, QStringLiteral("z") }));
     PackageVector packages{ makePackage(QStringLiteral("a"), QStringLiteral("a")), std::make_shared<VeskPackage>() };
-    sortPackagesByName(packages, NameOrder(QStringLiteral("en")));
-    EXPECT_TRUE(packages[0]->name().isNull());
+    EXPECT_TRUE(packagesByName(packages, NameOrder(QStringLiteral("en")))[0]->name().isNull());
 }
 
 TEST(NameOrder, leavesManyEqualNamesAsTheyStood)
@@ -114,8 +112,8 @@ TEST_F(NameOrderOfTheCatalog, isWorkedOutOnceForEachStateOfIt)
 {
     manager().setPackages({ makePackage(QStringLiteral("1"), QStringLiteral("b")),
         makePackage(QStringLiteral("2"), QStringLiteral("a")) });
-    const VeskPackagePtr* data = manager().packagesSortedByName().data();
-    EXPECT_EQ(manager().packagesSortedByName().data(), data);
+    const auto places = manager().packagesSortedByName().places();
+    EXPECT_EQ(manager().packagesSortedByName().places(), places);
     manager().packages()[0]->setName(QStringLiteral("0"));
     EXPECT_EQ(idsOf(manager().packagesSortedByName()), QStringList({ QStringLiteral("1"), QStringLiteral("2") }));
     manager().packages().clear();
@@ -128,13 +126,15 @@ TEST_F(NameOrderOfTheCatalog, holdsForAnyPartOfItAndForPackagesOutsideIt)
         makePackage(QStringLiteral("2"), QStringLiteral("B")), makePackage(QStringLiteral("3"), QStringLiteral("c")),
         makePackage(QStringLiteral("4"), QStringLiteral("a")) });
     PackageVector part{ manager().packages()[0], manager().packages()[3], manager().packages()[1] };
-    manager().sortByName(part);
-    EXPECT_EQ(idsOf(part), QStringList({ QStringLiteral("4"), QStringLiteral("2"), QStringLiteral("1") }));
+    PackageSelection sorted = part;
+    manager().sortByName(sorted);
+    EXPECT_EQ(idsOf(sorted), QStringList({ QStringLiteral("4"), QStringLiteral("2"), QStringLiteral("1") }));
     part.push_back(makePackage(QStringLiteral("5"), QStringLiteral("Aa")));
-    manager().sortByName(part);
-    EXPECT_EQ(idsOf(part),
+    sorted = part;
+    manager().sortByName(sorted);
+    EXPECT_EQ(idsOf(sorted),
         QStringList({ QStringLiteral("4"), QStringLiteral("5"), QStringLiteral("2"), QStringLiteral("1") }));
-    PackageVector none;
+    PackageSelection none;
     manager().sortByName(none);
     EXPECT_TRUE(none.empty());
 }

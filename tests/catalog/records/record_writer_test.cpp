@@ -4,6 +4,8 @@
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/HeapInUse.h"
 
+#include <optional>
+
 namespace {
 
 constexpr std::size_t mostHeld = std::size_t(64) * 1024;
@@ -55,12 +57,13 @@ TEST(RecordWriter, doesNotKeepAWholeIndexAliveForOneOfItsRecords)
 
 TEST(RecordWriter, keepsAHugePackageApartFromItsNeighbours)
 {
-    RecordWriter writer(nullptr);
+    std::optional<RecordWriter> writer(std::in_place, nullptr);
     const std::string huge(std::size_t(3) << 20, 'x');
-    VeskPackagePtr before = writer.add(textsOf("before", "small"));
-    VeskPackagePtr between = writer.add(textsOf("between", huge));
-    VeskPackagePtr after = writer.add(textsOf("after", "small"));
-    writer.finish();
+    VeskPackagePtr before = writer->add(textsOf("before", "small"));
+    VeskPackagePtr between = writer->add(textsOf("between", huge));
+    VeskPackagePtr after = writer->add(textsOf("after", "small"));
+    writer->finish();
+    writer.reset();
     EXPECT_EQ(between->desc().size(), qsizetype(3) << 20);
     EXPECT_LE(heldBy(before), mostHeld);
     EXPECT_LE(heldBy(after), mostHeld);

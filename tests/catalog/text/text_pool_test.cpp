@@ -8,10 +8,24 @@ TEST(TextPool, givesBackTextsOfEveryLength)
 {
     TextPool pool;
     std::map<std::size_t, TextPool::Handle> handles;
-    for (const std::size_t length : { 1U, 127U, 128U, 16383U, 16384U, 3000000U })
+    for (const std::size_t length : { 1U, 31U, 32U, 1023U, 1024U, 32767U, 32768U, 3000000U, 40000000U })
         handles[length] = pool.add(std::string(length, 'x'));
     for (const auto& [length, handle] : handles)
         EXPECT_EQ(pool.text(handle), std::string(length, 'x'));
+}
+
+TEST(TextPool, hasNothingBetweenItsTextsThatACharacterCouldBeginWith)
+{
+    TextPool pool;
+    std::string texts;
+    for (std::size_t length = 0; length < 3000; ++length) {
+        pool.append(std::string(length, 'x'));
+        texts += std::string(length, 'x');
+    }
+    std::string rest(pool.bytes());
+    std::erase_if(
+        rest, [](char c) { return static_cast<unsigned char>(c) >= 0x80 && static_cast<unsigned char>(c) < 0xc0; });
+    EXPECT_EQ(rest, texts);
 }
 
 TEST(TextPool, tellsNullFromEmpty)

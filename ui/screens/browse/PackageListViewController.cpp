@@ -18,9 +18,9 @@ void PackageListViewController::viewDidLoad()
     navigationItem()->setRightBarButtonItem(reloadButton([this] { reloadData(); }));
 }
 
-PackageVector PackageListViewController::readPackages()
+PackageSelection PackageListViewController::readPackages()
 {
-    PackageVector packages = m_manager.packagesForCategory(m_category);
+    PackageSelection packages = m_manager.packagesForCategory(m_category);
     m_manager.sortByName(packages);
     return packages;
 }

@@ -16,7 +16,7 @@ public:
     void viewDidLoad() override;
 
 protected:
-    PackageVector readPackages() override;
+    PackageSelection readPackages() override;
     QString headerTitle() const override;
     QString emptyText() const override { return QStringLiteral("No packages in this category"); }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "actions/PackageInstaller.h"
-#include "catalog/records/PackageList.h"
+#include "catalog/records/PackageSelection.h"
 #include "ui/kit/table/TableViewController.h"
 
 // A screen that is one section of packages: a row for each, or a single row that tells that there are none. A tap shows
@@ -12,7 +12,7 @@ class PackageTableViewController : public kit::TableViewController
 
 public:
     // The packages last read, none before the first appearance.
-    const PackageVector& packages() const { return m_packages; }
+    const PackageSelection& packages() const { return m_packages; }
     // Reads the packages and shows them.
     void reloadData();
 
@@ -29,7 +29,7 @@ protected:
     explicit PackageTableViewController(PackageInstaller& installer);
 
     // The packages to show, in their order.
-    virtual PackageVector readPackages() = 0;
+    virtual PackageSelection readPackages() = 0;
     // Of the one section.
     virtual QString headerTitle() const = 0;
     // What the single row says when there are no packages.
@@ -37,5 +37,5 @@ protected:
 
 private:
     PackageInstaller& m_installer;
-    PackageVector m_packages;
+    PackageSelection m_packages;
 };

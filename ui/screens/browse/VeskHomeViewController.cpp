@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -122,9 +123,9 @@ void VeskHomeViewController::viewDidAppear()
 void VeskHomeViewController::reloadData()
 {
     m_categories = m_manager.categories();
-    const PackageVector& sorted = m_manager.packagesSortedByName();
-    const auto count = static_cast<std::ptrdiff_t>(std::min(sorted.size(), featuredCount));
-    m_featured.assign(sorted.begin(), sorted.begin() + count);
+    const PackageSelection sorted = m_manager.packagesSortedByName();
+    m_featured.clear();
+    std::copy_n(sorted.begin(), std::min(sorted.size(), featuredCount), std::back_inserter(m_featured));
     tableView()->reloadData();
 }
 

@@ -18,7 +18,7 @@ public:
     void refreshPressed();
 
 protected:
-    PackageVector readPackages() override { return m_manager.packagesSortedByName(); }
+    PackageSelection readPackages() override { return m_manager.packagesSortedByName(); }
     QString headerTitle() const override { return QStringLiteral("Recent Updates"); }
     QString emptyText() const override { return QStringLiteral("No changes available. Tap Reload."); }
 

@@ -15,10 +15,10 @@ public:
 
     void viewDidLoad() override;
 
-    const PackageVector& installed() const { return packages(); }
+    const PackageSelection& installed() const { return packages(); }
 
 protected:
-    PackageVector readPackages() override { return installedPackagesSortedByName(m_manager); }
+    PackageSelection readPackages() override { return installedPackagesSortedByName(m_manager); }
     QString headerTitle() const override { return QStringLiteral("Installed Packages"); }
     QString emptyText() const override { return QStringLiteral("No installed packages found"); }
 

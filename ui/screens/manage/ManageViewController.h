@@ -17,7 +17,7 @@ public:
     void viewWillAppear() override;
 
     void showSettings();
-    const PackageVector& installed() const { return m_installed; }
+    const PackageSelection& installed() const { return m_installed; }
 
     int numberOfSections() const override;
     int numberOfRowsInSection(int section) const override;
@@ -35,5 +35,5 @@ private:
 
     RepoManager& m_manager;
     PackageInstaller& m_installer;
-    PackageVector m_installed;
+    PackageSelection m_installed;
 };

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
-#include <vector>
 
 // A section of records has a row for each of them; one without records may have a single row that says so.
 
@@ -14,8 +12,7 @@ inline int rowsOrEmptyRow(std::size_t records)
 }
 
 // The record of a row, null beyond the last one.
-template <typename Record>
-std::shared_ptr<Record> recordOfRow(const std::vector<std::shared_ptr<Record>>& records, int row)
+template <typename Records> typename Records::value_type recordOfRow(const Records& records, int row)
 {
     const auto index = static_cast<std::size_t>(row);
     return row >= 0 && index < records.size() ? records[index] : nullptr;
