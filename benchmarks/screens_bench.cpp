@@ -1,8 +1,10 @@
 // Measures the real window with its screens over a source on loopback, drawn by the software renderer without a
 // display: what a key in Search costs until the list is painted, how long screens take to appear, the longest turn of
 // the main thread's loop while sources are refreshed and removed, and what scrolling costs a frame. All of it is
-// processor time of the main thread, which draws too. One figure a line: name, value, unit.
+// processor time of the main thread, which draws too. Besides, how many icons that thread decodes. One figure a line:
+// name, value, unit.
 #include "actions/PackageInstaller.h"
+#include "benchmarks/CountedImages.h"
 #include "benchmarks/Figures.h"
 #include "benchmarks/GeneratedIndex.h"
 #include "benchmarks/IndexData.h"
@@ -268,6 +270,31 @@ void measureScrolling(const Figures& figures, const QByteArray& large)
     figures.print("frames_over_16ms" + scale, slow, "frames");
 }
 
+// As many icons as there are rows in sight have to be decoded by somebody, or nothing was measured.
+void measureIcons(const Figures& figures)
+{
+    if (!figures.areWanted("icon_decodes_on_main"))
+        return;
+    constexpr int packages = 100;
+    constexpr int rowsInSight = 8;
+    std::map<QByteArray, QByteArray> icons;
+    for (int number = 0; number < packages; ++number)
+        icons["/" + QByteArray::number(number)] = CountedImages::encoded(number);
+    const PacedServer server(std::move(icons), 0);
+    QByteArray index;
+    for (int number = 0; number < packages; ++number)
+        index += QStringLiteral("Package: icon%1\nVersion: 1\nIcon: http://127.0.0.1:%2/%1\n\n")
+                     .arg(number)
+                     .arg(server.port())
+                     .toLatin1();
+    World world({ index });
+    timeToAppear(world, Changes);
+    if (!TouchDriver::waitUntil(
+            [] { return CountedImages::decodedOnMainThread() + CountedImages::decodedElsewhere() >= rowsInSight; }))
+        qFatal("No icons were decoded");
+    figures.print("icon_decodes_on_main", CountedImages::decodedOnMainThread(), "decodes");
+}
+
 // The same packages under other identifiers.
 std::vector<QByteArray> eightSources(const QByteArray& text)
 {
@@ -280,11 +307,22 @@ std::vector<QByteArray> eightSources(const QByteArray& text)
     return indexes;
 }
 
+// With room for the window at every scale: a screen of the platform's own size would take it for a phone's.
+QByteArray platformWithLargeScreen(const QTemporaryDir& directory)
+{
+    QFile configuration(directory.filePath(QStringLiteral("screen.json")));
+    if (!configuration.open(QIODevice::WriteOnly))
+        return {};
+    configuration.write(R"({"screens": [{"name": "bench", "x": 0, "y": 0, "width": 3840, "height": 3072}]})");
+    return "offscreen:configfile=" + configuration.fileName().toLocal8Bit();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir directory;
+    qputenv("QT_QPA_PLATFORM", platformWithLargeScreen(directory));
     qputenv("QT_QUICK_BACKEND", "software");
     const QGuiApplication application(argc, argv);
     initialiseResources();
@@ -299,5 +337,6 @@ int main(int argc, char** argv)
     const QByteArray large = tenTimes(text);
     measureTurns(figures, "634k_in_one_source", { large });
     measureScrolling(figures, large);
+    measureIcons(figures);
     return 0;
 }
