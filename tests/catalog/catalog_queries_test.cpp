@@ -248,6 +248,17 @@ TEST_F(CatalogQueries, countASectionOfSeveralSourcesOnceAndNoPackageThatWasDropp
     EXPECT_EQ(manager().categoryCount(), 4U);
 }
 
+TEST_F(CatalogQueries, countSectionsThatDifferOnlyInCaseOnceEachThoughSeveralSourcesHaveThem)
+{
+    for (const QString& path : { QStringLiteral("/1"), QStringLiteral("/2") }) {
+        m_server.serve(path.toUtf8() + "/Packages.bz2",
+            "Package: a" + path.mid(1).toUtf8() + "\nSection: Games\n\nPackage: b" + path.mid(1).toUtf8()
+                + "\nSection: games\n");
+        ASSERT_TRUE(refresh(addServedSource(path)));
+    }
+    EXPECT_EQ(categoryLines(), QStringList({ QStringLiteral("Games 2"), QStringLiteral("games 2") }));
+}
+
 TEST_F(CatalogQueries, takeHundredsOfThousandsOfSections)
 {
     constexpr int count = 200000;

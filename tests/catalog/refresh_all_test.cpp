@@ -2,6 +2,29 @@
 
 #include <QSemaphore>
 
+namespace {
+
+// Answers nothing, and notes who may stop what was asked.
+class SilentNetwork : public http::Network
+{
+public:
+    explicit SilentNetwork(std::vector<std::stop_token>& stops)
+        : m_stops(stops)
+    {
+    }
+
+    void start(const http::Request& /*request*/, std::shared_ptr<http::Receiver> /*receiver*/, Done /*done*/,
+        std::stop_token stop) override
+    {
+        m_stops.push_back(std::move(stop));
+    }
+
+private:
+    std::vector<std::stop_token>& m_stops;
+};
+
+} // namespace
+
 class RefreshAll : public CatalogFixture
 {
 protected:
@@ -52,6 +75,20 @@ TEST_F(RefreshAll, isDroppedWhenTheApplicationQuitsInTheMiddleOfIt)
     QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit, Qt::QueuedConnection);
     QCoreApplication::exec();
     EXPECT_EQ(manager().findChild<QObject*>(), nullptr);
+}
+
+TEST_F(RefreshAll, stopsWhatItAskedTheNetworkForWhenItIsDropped)
+{
+    std::vector<std::stop_token> stops;
+    CatalogWorld silent = world();
+    silent.network = std::make_unique<SilentNetwork>(stops);
+    m_store->stored = std::vector<StoredSource>({ { m_server.url(QStringLiteral("/1")), QStringLiteral("A"), true } });
+    m_manager = std::make_unique<RepoManager>(std::move(silent));
+    manager().refreshAllWithCompletion([] { FAIL() << "nobody is told of a refresh that was dropped"; });
+    ASSERT_TRUE(waitFor([&] { return stops.size() == 1; }));
+    EXPECT_FALSE(stops.front().stop_requested());
+    m_manager.reset();
+    EXPECT_TRUE(stops.front().stop_requested());
 }
 
 TEST_F(RefreshAll, isLoadingFromItsStartToItsCompletionInALaterTurn)

@@ -179,6 +179,18 @@ TEST_F(Editing, closesWhenAPersonTypes)
     EXPECT_FALSE(offersAnything());
 }
 
+TEST_F(Editing, closesWhenTheWindowBecomesWiderOrLower)
+{
+    openSearch(QStringLiteral("lantern"));
+    for (const QSize size : { QSize(420, 844), QSize(420, 700) }) {
+        hold(inField(4));
+        ASSERT_TRUE(offersAnything());
+        quick()->resize(size);
+        EXPECT_TRUE(waitUntil([this] { return !offersAnything(); })) << size.width() << 'x' << size.height();
+        grabbed();
+    }
+}
+
 TEST_F(Editing, staysInsideANarrowWindow)
 {
     copy(QStringLiteral("vesk"));

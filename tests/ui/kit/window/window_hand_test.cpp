@@ -37,12 +37,12 @@ protected:
                 return child;
         return nullptr;
     }
-    // Leaves the list moving.
+    // Leaves the list moving. Not by a finger, whose speed would depend on that of the machine.
     void flick()
     {
-        begin({ 200, 500 });
-        moveTo({ 200, 260 }, 4);
-        end();
+        constexpr qreal upwards = -3000;
+        QMetaObject::invokeMethod(flickable(), "flick", Q_ARG(qreal, 0), Q_ARG(qreal, upwards));
+        drawFrame();
         ASSERT_TRUE(isMoving());
     }
     void swipeLeft(int row, int points)
@@ -183,6 +183,36 @@ TEST_F(Hand, opensARowByHalfTheWidthOfItsButtonAndNotByLess)
     EXPECT_EQ(table().openRow()->row(), -1);
     swipeLeft(3, 45);
     EXPECT_EQ(table().openRow()->row(), 3);
+}
+
+TEST_F(Hand, drawsAnOpenRowOnFromWhereItStands)
+{
+    table().openRow()->open(0, 3);
+    grabbed();
+    const QPoint content(200, pointOf({ 0, 3 }).y());
+    begin(content);
+    moveTo(content - QPoint(30, 0), 15);
+    end();
+    EXPECT_EQ(table().openRow()->row(), 3);
+    begin(content);
+    moveTo(content + QPoint(43, 0), 20);
+    end();
+    EXPECT_EQ(table().openRow()->row(), 3);
+    begin(content);
+    moveTo(content + QPoint(44, 0), 20);
+    end();
+    EXPECT_EQ(table().openRow()->row(), -1);
+}
+
+TEST_F(Hand, showsAScreenReaderTheDeleteButtonOnlyOnceTheRowStandsOpen)
+{
+    const QPoint content(300, pointOf({ 0, 3 }).y());
+    begin(content);
+    moveTo(content - QPoint(60, 0), 20);
+    EXPECT_EQ(accessible(QStringLiteral("Delete")), nullptr) << "it could still go back";
+    end();
+    grabbed();
+    EXPECT_NE(accessible(QStringLiteral("Delete")), nullptr);
 }
 
 TEST_F(Hand, deletesARowByAWholeSwipe)
@@ -418,6 +448,17 @@ TEST_F(Hand, refreshesOnceTheListStandsFurtherDownThanEightyFourPoints)
     EXPECT_LT(table().contentOffset(), -84);
     EXPECT_EQ(one->refreshes, 1);
     end();
+}
+
+TEST_F(Hand, leavesNoRoomForTheSpinnerAfterARefresh)
+{
+    const auto room = [this] { return flickable()->property("topMargin").toDouble(); };
+    table().refreshControl()->beginRefreshing();
+    EXPECT_TRUE(waitUntil([&] { return table().contentOffset() == -60; }));
+    EXPECT_EQ(room(), 60);
+    table().refreshControl()->endRefreshing();
+    EXPECT_TRUE(waitUntil([&] { return room() == 0; }));
+    EXPECT_EQ(table().contentOffset(), 0);
 }
 
 TEST_F(Hand, doesNotRefreshByAShorterPull)

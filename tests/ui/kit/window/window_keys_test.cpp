@@ -193,6 +193,30 @@ TEST_F(Keys, showTheRingOfAControlOnlyOnceAKeyMovedThem)
     EXPECT_EQ(ringCount(), 0);
 }
 
+TEST_F(Keys, leaveTheSearchFieldForWhatItFoundByEitherReturn)
+{
+    for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter }) {
+        press(Qt::Key_F, Qt::ControlModifier);
+        grabbed();
+        ASSERT_EQ(focusedItemName(), QStringLiteral("Find"));
+        press(key);
+        EXPECT_EQ(focusedItemName(), QStringLiteral("Two")) << key;
+        EXPECT_EQ(two->tableView()->rowFocus()->row(), 0) << key;
+    }
+}
+
+TEST_F(Keys, doNothingInAListWithAModifierThatMakesThemAnothersShortcut)
+{
+    press(Qt::Key_Down);
+    for (const Qt::KeyboardModifier modifier : { Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier }) {
+        press(Qt::Key_Return, modifier);
+        press(Qt::Key_Space, modifier);
+        EXPECT_FALSE(stack(0)->canGoBack()) << modifier;
+        press(Qt::Key_Delete, modifier);
+        EXPECT_EQ(table().openRow()->row(), -1) << modifier;
+    }
+}
+
 TEST_F(Keys, giveWayToTheMousesBackButton)
 {
     tap(middleOf({ 0, 2 }));
