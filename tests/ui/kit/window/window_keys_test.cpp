@@ -165,16 +165,21 @@ TEST_F(Keys, findTheListUnderTheNameOfItsScreen)
 
 TEST_F(Keys, showNoRingAfterATouch)
 {
+    // What is under the pointer shows it from the frame after on.
+    const auto picture = [this] {
+        grabbed();
+        return grabbed();
+    };
     tap(middleOf({ 0, 2 }));
     grabbed();
     press(Qt::Key_Escape);
-    const QImage untouched = grabbed();
+    const QImage untouched = picture();
     press(Qt::Key_Down);
-    EXPECT_NE(grabbed(), untouched) << "now there is one";
+    EXPECT_NE(picture(), untouched) << "now there is one";
     tap(middleOf({ 0, 2 }));
     grabbed();
     press(Qt::Key_Escape);
-    EXPECT_EQ(grabbed(), untouched);
+    EXPECT_EQ(picture(), untouched);
 }
 
 TEST_F(Keys, showTheRingOfAControlOnlyOnceAKeyMovedThem)
