@@ -28,7 +28,7 @@ bool isPhone(const QSizeF& screen)
 
 QUrl urlOf(const char* name)
 {
-    return QUrl(QStringLiteral("qrc:/qt/qml/ui/kit/%1.qml").arg(QLatin1String(name)));
+    return { QStringLiteral("qrc:/qt/qml/ui/kit/%1.qml").arg(QLatin1String(name)) };
 }
 
 } // namespace
