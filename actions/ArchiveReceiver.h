@@ -1,8 +1,8 @@
 #pragma once
 
 #include "actions/PrivateDirectory.h"
-#include "http/Outcome.h"
-#include "http/Receiver.h"
+#include "http/request/Outcome.h"
+#include "http/request/Receiver.h"
 
 #include <QByteArray>
 #include <QCryptographicHash>

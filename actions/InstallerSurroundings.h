@@ -2,7 +2,7 @@
 
 #include "actions/AdministratorInstall.h"
 #include "actions/URLOpener.h"
-#include "http/Request.h"
+#include "http/request/Request.h"
 
 #include <QString>
 #include <QStringList>

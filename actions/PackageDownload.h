@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/records/VeskPackage.h"
-#include "http/Request.h"
+#include "http/request/Request.h"
 
 #include <QByteArray>
 #include <QString>

@@ -3,7 +3,7 @@
 #include "catalog/index/IndexLimits.h"
 #include "catalog/sources/SourceStore.h"
 #include "catalog/work/Workers.h"
-#include "http/Network.h"
+#include "http/request/Network.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "http/Network.h"
+#include "http/request/Network.h"
 
 #include <condition_variable>
 #include <memory>

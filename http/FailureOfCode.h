@@ -1,6 +1,6 @@
 #pragma once
 
-#include "http/Outcome.h"
+#include "http/request/Outcome.h"
 
 #include <curl/curl.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "http/Outcome.h"
-#include "http/Receiver.h"
-#include "http/Request.h"
+#include "http/request/Outcome.h"
+#include "http/request/Receiver.h"
+#include "http/request/Request.h"
 
 #include <stop_token>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "http/Limits.h"
-#include "http/Outcome.h"
+#include "http/request/Limits.h"
+#include "http/request/Outcome.h"
 
 #include <chrono>
 #include <cstdint>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "http/AnswerHead.h"
-#include "http/Outcome.h"
 #include "http/Pace.h"
-#include "http/Receiver.h"
-#include "http/Request.h"
 #include "http/TransferOptions.h"
+#include "http/request/Outcome.h"
+#include "http/request/Receiver.h"
+#include "http/request/Request.h"
 
 #include <curl/curl.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "http/CurlLibrary.h"
-#include "http/Request.h"
+#include "http/request/Request.h"
 
 #include <memory>
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "catalog/index/IndexReading.h"
-#include "http/Outcome.h"
-#include "http/Receiver.h"
+#include "http/request/Outcome.h"
+#include "http/request/Receiver.h"
 
 #include <memory>
 

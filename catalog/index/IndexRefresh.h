@@ -2,7 +2,7 @@
 
 #include "catalog/index/IndexReceiver.h"
 #include "catalog/records/RepositoryURL.h"
-#include "http/Network.h"
+#include "http/request/Network.h"
 
 #include <QObject>
 

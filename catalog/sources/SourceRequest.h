@@ -1,6 +1,6 @@
 #pragma once
 
-#include "http/Request.h"
+#include "http/request/Request.h"
 
 #include <QUrl>
 

@@ -1,5 +1,5 @@
-// Any edits of a body of one block and of a body of many: what comes of blocks that are decompressed one by one must be
-// what the library makes of the whole.
+// Any edits of a body of one block and of a body of many: what comes of blocks that are decompressed
+// one by one must be what the library makes of the whole.
 #include "catalog/decode/Bzip2Blocks.h"
 #include "catalog/text/TextDecoding.h"
 #include "tests/catalog/decode/DrivenDecoder.h"
@@ -36,15 +36,19 @@ void checkDecoder(const QByteArray& body, qsizetype pieceSize)
 
 } // namespace
 
+// Blocks of the usual length are decompressed one by one and take long; short ones lead from one end to the other.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const QByteArray oneBlock = packedInSmallBlocks(noise(100));
-    static const QByteArray manyBlocks = packedInSmallBlocks(noise(210000));
-    if (size == 0)
+    static const QByteArray longBlocks = packedInSmallBlocks(noise(210000));
+    static const QByteArray shortBlocks = packedInSmallBlocks(noise(400), 100);
+    if (size < 2)
         return 0;
-    if (data[0] % 16 == 0)
-        checkDecoder(edited(manyBlocks, data + 1, size - 1, 3), 1000 + data[0] * qsizetype(500));
+    if (data[0] == 0)
+        checkDecoder(edited(longBlocks, data + 2, size - 2, 3), 1000 + data[1] * qsizetype(500));
+    else if (data[0] < 16)
+        checkDecoder(edited(shortBlocks, data + 2, size - 2, 2), 50 + data[1] * qsizetype(8));
     else
-        checkBlocks(edited(oneBlock, data + 1, size - 1, 3));
+        checkBlocks(edited(oneBlock, data + 2, size - 2, 3));
     return 0;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "http/Client.h"
-#include "http/Outcome.h"
-#include "http/Receiver.h"
-#include "http/Request.h"
+#include "http/request/Outcome.h"
+#include "http/request/Receiver.h"
+#include "http/request/Request.h"
 
 #include <array>
 #include <ostream>

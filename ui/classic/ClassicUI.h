@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/records/VeskPackage.h"
-#include "http/Network.h"
+#include "http/request/Network.h"
 #include "ui/kit/navigation/NavigationController.h"
 #include "ui/kit/navigation/TabBarController.h"
 #include "ui/kit/paint/Color.h"

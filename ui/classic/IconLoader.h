@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/work/Workers.h"
-#include "http/Network.h"
+#include "http/request/Network.h"
 #include "ui/classic/IconCache.h"
 #include "ui/kit/view/ImageView.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/touch/SpokenScope.h"
+#include "ui/kit/spoken/SpokenScope.h"
 
 namespace kit {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/kit/touch/SpokenItem.h"
+#include "ui/kit/spoken/SpokenItem.h"
 
 namespace kit {
 

@@ -1,4 +1,4 @@
-#include "ui/kit/touch/SpokenPlace.h"
+#include "ui/kit/spoken/SpokenPlace.h"
 
 #include <QQuickWindow>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "http/Limits.h"
+#include "http/request/Limits.h"
 
 #include <optional>
 #include <string>

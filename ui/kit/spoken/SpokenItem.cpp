@@ -1,7 +1,7 @@
-#include "ui/kit/touch/SpokenItem.h"
+#include "ui/kit/spoken/SpokenItem.h"
 
-#include "ui/kit/touch/FieldInterface.h"
-#include "ui/kit/touch/SpokenPlace.h"
+#include "ui/kit/spoken/FieldInterface.h"
+#include "ui/kit/spoken/SpokenPlace.h"
 
 #include <QAccessibleObject>
 #include <QQuickWindow>

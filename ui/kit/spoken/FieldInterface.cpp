@@ -1,6 +1,6 @@
-#include "ui/kit/touch/FieldInterface.h"
+#include "ui/kit/spoken/FieldInterface.h"
 
-#include "ui/kit/touch/SpokenPlace.h"
+#include "ui/kit/spoken/SpokenPlace.h"
 
 #include <QQuickWindow>
 
