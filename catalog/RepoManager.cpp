@@ -134,13 +134,11 @@ void RepoManager::addRepositoryWithURLString(const QString& urlString, const Add
     const auto url = RepositoryURL::fromString(text);
     if (!url || url->scheme().isEmpty())
         return report(false, RepositoryError::invalidURL());
-    const bool isKnown = std::any_of(m_repositories.begin(), m_repositories.end(), [&](const VeskRepositoryPtr& known) {
-        const auto knownURL = known->url();
-        return known->urlString() == text || (knownURL && knownURL->absoluteString() == url->absoluteString());
-    });
+    const bool isKnown = std::any_of(m_repositories.begin(), m_repositories.end(),
+        [&text](const VeskRepositoryPtr& known) { return known->urlString() == text; });
     if (isKnown)
         return report(true);
-    const auto repository = VeskRepository::repositoryWithURLString(url->absoluteString(), url->host());
+    const auto repository = VeskRepository::repositoryWithURLString(text, url->host());
     m_repositories.push_back(repository);
     persistState();
     refreshRepository(repository, [report] { report(true); });

@@ -13,7 +13,8 @@ struct IndexLimits
     // Bytes of a line that are read; the name of the field and blanks in front of its value are among them.
     static constexpr std::size_t lineSize = 2 * fieldSize;
 
-    // Bytes of text after decompression: twenty times the largest index in use.
+    // Bytes of text after decompression (how many are received is bounded by the request, in catalog/CatalogWorld.cpp):
+    // twenty times the largest index in use.
     std::size_t textSize = std::size_t(1) << 30;
     std::size_t packageCount = 10'000'000;
     // Bytes of all that is made of it: records with their texts, sort keys and sections. What is made can

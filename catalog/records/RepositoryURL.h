@@ -9,6 +9,8 @@
 // The rule is lenient, that of RFC 3986 with letters of all scripts allowed; there need be no scheme and no host. A
 // null or an empty text, a blank or control character, one of "<>\^`{|}, a percent sign without two hexadecimal digits
 // behind it, half a character pair, and a host or port that cannot be one give none.
+// What may be added as a source is decided by RepoManager::addRepositoryWithURLString(), what may be fetched by
+// http/WebAddress.h.
 class RepositoryURL
 {
 public:

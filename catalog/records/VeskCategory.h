@@ -7,7 +7,8 @@
 class VeskCategory;
 using VeskCategoryPtr = std::shared_ptr<VeskCategory>;
 
-// One section name with the number of catalog packages in it; made afresh by every category query.
+// One section name with the number of catalog packages in it; made afresh by every category query. What screens call a
+// category is a section in an index and in catalog/query/SectionCounts.h, which puts them in order.
 class VeskCategory
 {
 public:

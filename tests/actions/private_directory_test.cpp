@@ -6,8 +6,12 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
+#include <sched.h>
 #include <set>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -50,6 +54,19 @@ protected:
             if (fcntl(descriptor, F_GETFD) != -1)
                 descriptors.insert(descriptor);
         return descriptors;
+    }
+
+    // For this process alone, which gets file systems of its own.
+    static bool makeReadOnly(const QString& directory)
+    {
+        const std::string user = std::to_string(getuid());
+        const QByteArray name = QFile::encodeName(directory);
+        if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+            return false;
+        std::ofstream("/proc/self/setgroups") << "deny";
+        std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
+        return mount(name.constData(), name.constData(), nullptr, MS_BIND, nullptr) == 0
+            && mount(nullptr, name.constData(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
     }
 
     bool store(const QString& name, const QByteArray& bytes) const
@@ -148,6 +165,17 @@ TEST_F(PrivateDirectoryTest, isTheFirstThatCanBeOpened)
     EXPECT_FALSE(QFile::exists(path(QStringLiteral("spare"))));
     EXPECT_FALSE(PrivateDirectory::openFirst({ path(QStringLiteral("taken")) }).has_value());
     EXPECT_FALSE(PrivateDirectory::openFirst({}).has_value());
+}
+
+TEST_F(PrivateDirectoryTest, isNotWhereItsFileSystemCanOnlyBeRead)
+{
+    const QString spare = path(QStringLiteral("spare"));
+    ASSERT_TRUE(PrivateDirectory::open(path()).has_value());
+    const auto opensSpare = [this, &spare] {
+        const auto directory = PrivateDirectory::openFirst({ path(), spare });
+        return directory && directory->pathOf(QStringLiteral("a")) == spare + QStringLiteral("/a");
+    };
+    EXPECT_EXIT(std::_Exit(makeReadOnly(path()) ? (opensSpare() ? 0 : 1) : 2), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(PrivateDirectoryTest, isMadeWithItsParentsForItsUserAlone)

@@ -104,6 +104,11 @@ kit::Color ClassicUI::veskOrangeColor()
     return colorWithRed(236, 129, 17, 1);
 }
 
+kit::Color ClassicUI::veskRedColor()
+{
+    return colorWithRed(175, 40, 35, 1);
+}
+
 kit::Image ClassicUI::assetNamed(const QString& name)
 {
     return kit::Image::named(name);

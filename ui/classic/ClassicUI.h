@@ -9,9 +9,10 @@
 #include "ui/kit/table/TableView.h"
 #include "ui/kit/view/Button.h"
 
-// The classic look: its palette, its image assets and the styling of bars, tables, rows, section headers and buttons.
-// Class operations without state, but for the background colour and the icon loader, each made once. A missing asset is
-// never an error: what it would fill shows its colour alone. Main thread.
+// The classic look: its palette (that of alerts, fields and switches is ui/kit/paint/KitLook.h), its image assets and
+// the styling of bars, tables, rows, section headers and buttons. Class operations without state, but for the
+// background colour and the icon loader, each made once. A missing asset is never an error: what it would fill shows
+// its colour alone. Main thread.
 class ClassicUI
 {
 public:
@@ -29,6 +30,8 @@ public:
     static kit::Color veskSecondaryTextColor();
     static kit::Color veskBlueColor();
     static kit::Color veskOrangeColor();
+    // What cannot be undone, and what has failed.
+    static kit::Color veskRedColor();
 
     // None when there is no such asset.
     static kit::Image assetNamed(const QString& name);

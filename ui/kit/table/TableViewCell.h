@@ -6,7 +6,8 @@
 namespace kit {
 
 // One row of a table. Tables keep a small number of cells and use each again for other rows that ask for its reuse
-// identifier: what a screen does not set anew stays from the cell's last row. The table owns its cells.
+// identifier: what a screen does not set anew stays from the cell's last row. The table owns its cells. CellView.qml
+// draws one, takes its touches and says what a screen reader hears of it.
 class TableViewCell : public View
 {
     Q_OBJECT

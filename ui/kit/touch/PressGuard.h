@@ -5,7 +5,8 @@
 namespace kit {
 
 // While it is active, a press outside one item reaches nothing in the window, from its beginning to its release: it is
-// only told of. Touches and mouse alike; wheels and keys go their way.
+// only told of. Touches and mouse alike; wheels and keys go their way. How a control is pressed, and what two quick
+// presses do, is decided by PressArea.qml.
 class PressGuard : public WindowWatcher
 {
     Q_OBJECT

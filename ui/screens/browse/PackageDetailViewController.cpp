@@ -191,8 +191,7 @@ PackageDetailViewController::Action PackageDetailViewController::actionOfRow(int
     using Kind = ClassicUI::ButtonKind;
     const bool installed = m_package->installed();
     if (row == 1 && installed)
-        return { QStringLiteral("Uninstall"), ClassicUI::colorWithRed(175, 40, 35, 1), Kind::Destructive,
-            QueueActionUninstall };
+        return { QStringLiteral("Uninstall"), ClassicUI::veskRedColor(), Kind::Destructive, QueueActionUninstall };
     if (row == 1)
         return { QStringLiteral("Add to Queue"), ClassicUI::veskBlueColor(), Kind::Normal, QueueActionInstall };
     const kit::Color orange = ClassicUI::veskOrangeColor();

@@ -59,7 +59,7 @@ void QueueViewController::applyStatusColor(kit::Label* label, qint64 status)
     case QueueStatusComplete:
         return label->setTextColor(ClassicUI::veskBlueColor());
     case QueueStatusFailed:
-        return label->setTextColor(ClassicUI::colorWithRed(175, 40, 35, 1));
+        return label->setTextColor(ClassicUI::veskRedColor());
     default:
         return label->setTextColor(ClassicUI::veskSecondaryTextColor());
     }
