@@ -2,8 +2,6 @@
 
 #include <QMutexLocker>
 
-#include <limits>
-
 IconCache::IconCache(qsizetype bytes)
     : m_images(bytes)
 {
@@ -18,11 +16,10 @@ kit::Image IconCache::image(const QString& urlString)
 
 void IconCache::insert(const QString& urlString, const kit::Image& image)
 {
-    constexpr double largestScale = std::numeric_limits<double>::max();
     // What an entry holds besides: the picture's own data and the nodes of the cache.
     constexpr qsizetype entryBytes = 512;
     const qsizetype textBytes = urlString.size() * static_cast<qsizetype>(sizeof(QChar));
-    const qsizetype cost = image.pixels(largestScale).sizeInBytes() + textBytes + entryBytes;
+    const qsizetype cost = image.pixels(1).sizeInBytes() + textBytes + entryBytes;
     const QMutexLocker locker(&m_mutex);
     m_images.insert(urlString, new kit::Image(image), cost);
 }

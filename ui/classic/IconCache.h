@@ -6,9 +6,8 @@
 #include <QMutex>
 #include <QString>
 
-// Decoded icons by their URL text. Holds as many as fit a number of bytes, with their texts and some more for
-// each, and drops the least recently used. Any
-// thread.
+// Decoded icons, each of one scale alone, by their URL text. Holds as many as fit a number of bytes, with their texts
+// and some more for each, and drops the least recently used. Any thread.
 class IconCache
 {
 public:
