@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <limits>
+#include <map>
 
 namespace {
 
@@ -38,6 +39,18 @@ TEST(IndexLimitsOfReading, failTheDecompressionOfWhatGrowsBeyondThem)
     EXPECT_TRUE(read(gzipped(bomb), Compression::Gzip, limits).packages.empty());
     EXPECT_TRUE(read(bzipped(bomb), Compression::Bzip2, limits).packages.empty());
     EXPECT_EQ(read(gzipped(stanza("a")), Compression::Gzip, limits).packages.size(), 1U);
+}
+
+TEST(IndexLimitsOfReading, letTextOfJustTheirSizePass)
+{
+    const QByteArray text = manyStanzas(500);
+    IndexLimits limits;
+    limits.textSize = static_cast<std::size_t>(text.size());
+    EXPECT_EQ(read(gzipped(text), Compression::Gzip, limits).packages.size(), 500U);
+    EXPECT_EQ(read(bzipped(text), Compression::Bzip2, limits).packages.size(), 500U);
+    --limits.textSize;
+    EXPECT_TRUE(read(gzipped(text), Compression::Gzip, limits).packages.empty());
+    EXPECT_TRUE(read(bzipped(text), Compression::Bzip2, limits).packages.empty());
 }
 
 TEST(IndexLimitsOfReading, refuseAnIndexOfTooManyPackages)
@@ -113,16 +126,21 @@ TEST(IndexLimitsOfReading, cutALineAtTheSameByteHoweverItArrives)
 {
     const DpkgStatus status;
     constexpr qsizetype size = IndexLimits::lineSize;
-    const QByteArray blanks(size - qsizetype(strlen("Description:")) - 4, ' ');
-    const QByteArray text = "Package: a\nDescription:" + blanks + "xx\xc3\xa9yyyyyyyyyyyy\nName: b";
-    for (qsizetype cut = size; cut < text.size(); ++cut) {
-        IndexParser parser(nullptr, status);
-        for (const QByteArray& piece : { text.left(cut - size / 2), text.mid(cut - size / 2, size / 2), text.mid(cut) })
-            parser.feed({ piece.constData(), static_cast<std::size_t>(piece.size()) });
-        const PackageVector packages = parser.finish();
-        ASSERT_EQ(packages.size(), 1U);
-        ASSERT_EQ(packages[0]->desc(), QStringLiteral("xx\u00e9")) << cut;
-        ASSERT_EQ(packages[0]->name(), QStringLiteral("b")) << cut;
+    // The last character ends with the line's last byte that is read, or is cut by it.
+    const std::map<qsizetype, QString> kept = { { 4, QStringLiteral("xx\u00e9") }, { 3, QStringLiteral("xx") } };
+    for (const auto& [room, desc] : kept) {
+        const QByteArray blanks(size - qsizetype(strlen("Description:")) - room, ' ');
+        const QByteArray text = "Package: a\nDescription:" + blanks + "xx\xc3\xa9yyyyyyyyyyyy\nName: b";
+        for (qsizetype cut = size; cut < text.size(); ++cut) {
+            IndexParser parser(nullptr, status);
+            for (const QByteArray& piece :
+                { text.left(cut - size / 2), text.mid(cut - size / 2, size / 2), text.mid(cut) })
+                parser.feed({ piece.constData(), static_cast<std::size_t>(piece.size()) });
+            const PackageVector packages = parser.finish();
+            ASSERT_EQ(packages.size(), 1U);
+            ASSERT_EQ(packages[0]->desc(), desc) << cut;
+            ASSERT_EQ(packages[0]->name(), QStringLiteral("b")) << cut;
+        }
     }
 }
 

@@ -75,7 +75,8 @@ TEST_F(TheEndOfReading, isNotToldOnceItIsDropped)
     reading->finish();
     reading.reset();
     mayGoOn.set_value();
-    m_workers.reset();
+    for (int turn = 0; turn < 100; ++turn)
+        finishWorkers();
     EXPECT_EQ(m_doneCount, 0);
 }
 

@@ -1,9 +1,11 @@
 #include "tests/ui/kit/window/KitWindowTest.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMutex>
 #include <QQuickItem>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <vector>
 
@@ -214,6 +216,13 @@ QAccessibleInterface* KitWindowTest::accessible(const QString& name) const
             open.push_back(found->child(child));
     }
     return nullptr;
+}
+
+void KitWindowTest::turnWheel(const QPointF& place, int points)
+{
+    QWheelEvent turn(place, quick()->mapToGlobal(place), QPoint(0, points), QPoint(0, points * 8), Qt::NoButton,
+        Qt::NoModifier, Qt::ScrollUpdate, false);
+    QGuiApplication::sendEvent(quick(), &turn);
 }
 
 QString KitWindowTest::focusedItemName() const

@@ -63,6 +63,8 @@ protected:
     void tap(const QPointF& point);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
+    // By so many points of content; upwards, when that is less than none.
+    void turnWheel(const QPointF& place, int points);
     // Where in the window the middle of a row of the first tab's list is.
     QPointF middleOf(const kit::IndexPath& indexPath) const;
     QString focusedItemName() const;

@@ -472,6 +472,18 @@ TEST_F(Hand, doesNotRefreshByAShorterPull)
     EXPECT_EQ(one->refreshes, 1);
 }
 
+TEST_F(Hand, stopsTheListByTakingHoldOfTheScrollIndicator)
+{
+    flick();
+    begin(itemDrawnBy(QLatin1String("ScrollIndicator"))->mapToScene({ 2, 10 }).toPoint());
+    const double offset = table().contentOffset();
+    drawFrame();
+    drawFrame();
+    EXPECT_FALSE(isMoving());
+    EXPECT_EQ(table().contentOffset(), offset);
+    end();
+}
+
 TEST_F(Hand, takesHoldOfTheScrollIndicator)
 {
     flick();

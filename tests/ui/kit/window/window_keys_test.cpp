@@ -154,6 +154,18 @@ TEST_F(Keys, showAScreenReaderTheRowTheyMoveTo)
     EXPECT_FALSE(isFocused(QStringLiteral("Row 0.0")));
 }
 
+TEST_F(Keys, bringAControlIntoViewInItsOwnListAlone)
+{
+    press(Qt::Key_2, Qt::ControlModifier);
+    press(Qt::Key_End);
+    grabbed();
+    const double offset = two->tableView()->contentOffset();
+    ASSERT_GT(offset, 0);
+    press(Qt::Key_1, Qt::ControlModifier);
+    ASSERT_TRUE(tabTo(QStringLiteral("Press")));
+    EXPECT_EQ(two->tableView()->contentOffset(), offset);
+}
+
 TEST_F(Keys, findTheListUnderTheNameOfItsScreen)
 {
     QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(itemDrawnBy(QLatin1String("TableBody")));

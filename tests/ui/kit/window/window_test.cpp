@@ -203,12 +203,8 @@ TEST_F(KitWindowTest, closesAnOpenRowWhenATrackpadScrolls)
 {
     grabbed();
     one->tableView()->openRow()->open(0, 1);
-    const QPointF place(200, 300);
-    for (const int step : { -30, -50 }) {
-        QWheelEvent scroll(place, quick()->mapToGlobal(place), QPoint(0, step), QPoint(0, step * 8), Qt::NoButton,
-            Qt::NoModifier, Qt::ScrollUpdate, false);
-        QGuiApplication::sendEvent(quick(), &scroll);
-    }
+    for (const int step : { -30, -50 })
+        turnWheel({ 200, 300 }, step);
     EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() > 0; }));
     EXPECT_EQ(one->tableView()->openRow()->row(), -1);
 }
@@ -295,6 +291,18 @@ TEST_F(KitWindowTest, takesTheKeyboardOffTheSearchFieldThatAScreenCancels)
     type(QStringLiteral("esk"));
     EXPECT_TRUE(bar->text().isEmpty()) << bar->text().toStdString();
     EXPECT_FALSE(bar->isActive());
+}
+
+TEST_F(KitWindowTest, leavesTheKeyboardWhereItIsWhenAScreenCancelsASearchElsewhere)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    press(Qt::Key_1, Qt::ControlModifier);
+    press(Qt::Key_Down);
+    ASSERT_EQ(one->tableView()->rowFocus()->row(), 0);
+    two->navigationItem()->searchController()->searchBar()->cancel();
+    press(Qt::Key_Down);
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), 1);
 }
 
 TEST_F(KitWindowTest, tintsTheCursorAndTheEdgeOfTheSearchFieldInUse)
