@@ -80,6 +80,23 @@ TEST_F(TheEndOfReading, isNotToldOnceItIsDropped)
     EXPECT_EQ(m_doneCount, 0);
 }
 
+TEST_F(TheEndOfReading, isNotToldOnceItIsDroppedThoughAllHadBeenRead)
+{
+    auto reading = makeReading(Compression::Gzip);
+    const QByteArray packed = gzipped(stanza("a"));
+    reading->receive({ packed.constData(), static_cast<std::size_t>(packed.size()) });
+    for (int turn = 0; turn < 100; ++turn)
+        finishWorkers();
+    std::promise<void> mayGoOn;
+    m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
+    reading->finish();
+    reading.reset();
+    mayGoOn.set_value();
+    for (int turn = 0; turn < 100; ++turn)
+        finishWorkers();
+    EXPECT_EQ(m_doneCount, 0);
+}
+
 TEST_F(TheEndOfReading, isNotToldOnceAStopIsAskedFor)
 {
     const auto reading = makeReading(Compression::Gzip);

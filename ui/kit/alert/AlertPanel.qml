@@ -41,7 +41,6 @@ SpokenScope {
         hoverEnabled: true
         onClicked: if (root.alert.sheet)
             root.alert.cancel()
-        onWheel: wheel => wheel.accepted = true
     }
     Item {
         id: panel

@@ -48,9 +48,10 @@ TEST_F(Wheel, leavesTheScreenThatComesAndTheOneThatGoes)
     auto* const next = new ListScreen(QStringLiteral("Next"));
     kit::Animations::setEnabled(true);
     stack(0)->pushViewController(next, kit::NavigationController::Animation::Animated);
-    drawFrame();
-    turnWheel({ 200, 300 }, -40);
-    turnWheel({ 200, 300 }, -40);
+    ASSERT_TRUE(waitUntil([this] { return stack(0)->progress() > 0.2; }));
+    const QPointF onNext(quick()->width() - 5, 300);
+    for (int turn = 0; turn < 3; ++turn)
+        turnWheel(onNext, -40);
     ASSERT_TRUE(stack(0)->isTransitioning());
     ASSERT_TRUE(waitUntil([this] { return !stack(0)->isTransitioning(); }));
     EXPECT_EQ(one->tableView()->contentOffset(), 0);
