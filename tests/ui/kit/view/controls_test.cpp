@@ -86,6 +86,9 @@ TEST(Button, isAsLargeAsItsTitleAndInsets)
     EXPECT_LT(button.width(), title + 30);
     EXPECT_EQ(button.titleLabel()->frame().left(), 14);
     EXPECT_EQ(button.accessibilityLabel(), QStringLiteral("Install"));
+    button.setContentEdgeInsets({ 6, 20, 6, 8 });
+    EXPECT_EQ(button.titleLabel()->frame().left(), 20);
+    EXPECT_EQ(button.titleLabel()->frame().right(), button.width() - 8);
 }
 
 TEST(Label, tellsNullFromEmpty)

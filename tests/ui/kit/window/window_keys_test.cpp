@@ -54,6 +54,15 @@ TEST_F(Keys, goRoundByTabInTheOrderInWhichTheControlsAreSeen)
     EXPECT_EQ(tabbed(7, Qt::ShiftModifier), back);
 }
 
+TEST_F(Keys, leaveTabToTheDesktopWithControlOrAlt)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    for (const Qt::KeyboardModifier modifier : { Qt::AltModifier, Qt::ControlModifier }) {
+        press(Qt::Key_Tab, modifier);
+        EXPECT_EQ(focusedItemName(), QStringLiteral("Reload")) << modifier;
+    }
+}
+
 TEST_F(Keys, goRoundInThatOrderAlsoAfterTheRowsWereUsedForOthers)
 {
     press(Qt::Key_End);

@@ -40,6 +40,19 @@ protected:
 
 } // namespace
 
+TEST_F(Speech, meetsNothingThatIsHidden)
+{
+    kit::View* const header = table().tableHeaderView();
+    QAccessibleInterface* const list = accessible(QStringLiteral("Row 0.0"))->parent();
+    ASSERT_TRUE(namesIn(list).contains(QStringLiteral("Welcome")));
+    header->setHidden(true);
+    grabbed();
+    EXPECT_FALSE(namesIn(list).contains(QStringLiteral("Welcome")));
+    header->setHidden(false);
+    grabbed();
+    EXPECT_TRUE(namesIn(list).contains(QStringLiteral("Welcome")));
+}
+
 TEST_F(Speech, meetsTheListsPartsFromTopToBottom)
 {
     QAccessibleInterface* const list = accessible(QStringLiteral("Row 0.0"))->parent();
