@@ -12,7 +12,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
+#include <future>
 
 using http::Failure;
 
@@ -163,6 +165,21 @@ TEST(ConnectionTest, shouldNotTrustThatAPlainConnectionStaysOpen)
     for (int count = 0; count < 50; ++count)
         EXPECT_EQ(ask(client, requestOf(Way::Index, server.url())).body, "body");
     EXPECT_EQ(server.connectionCount(), 50);
+}
+
+TEST(ConnectionTest, shouldCloseAPlainConnectionAfterItsAnswer)
+{
+    std::promise<std::string> more;
+    const ScriptedServer server([&more](ServerConnection& connection) {
+        connection.readHead();
+        connection.send(answerOf("body"));
+        more.set_value(connection.readHead());
+    });
+    http::Client client;
+    EXPECT_EQ(ask(client, requestOf(Way::Index, server.url())).body, "body");
+    auto future = more.get_future();
+    ASSERT_EQ(future.wait_for(std::chrono::seconds(30)), std::future_status::ready);
+    EXPECT_EQ(future.get(), "");
 }
 
 TEST(ConnectionTest, shouldFailWhenNobodyListens)
