@@ -4,25 +4,35 @@
 #include "actions/process/ChildProcess.h"
 #include "actions/process/SignalDispositions.h"
 
+#include "tests/support/TestImage.h"
+
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <csignal>
+#include <functional>
 #include <sys/resource.h>
 
 namespace {
 
 constexpr int chosenStatus = 7;
 
+// What the program is run for.
+std::function<bool()> s_hasSeenAll = [] { return true; };
+
 // Again and again, for nothing ends before the main loop runs.
 void endApplication()
 {
-    QCoreApplication::exit(chosenStatus);
+    if (s_hasSeenAll())
+        QCoreApplication::exit(chosenStatus);
     QMetaObject::invokeMethod(QCoreApplication::instance(), endApplication, Qt::QueuedConnection);
 }
 
@@ -35,6 +45,19 @@ void enterHome(const QString& home)
     QFile sources(home + QStringLiteral("/vesk/defaults.json"));
     sources.open(QIODevice::WriteOnly);
     sources.write("{\"VeskDefaultRepos_v1\":[{\"url\":\"http://127.0.0.1:9/\",\"name\":\"Off\",\"enabled\":false}]}");
+}
+
+// An icon theme with nothing but the program's icon.
+void addIconTheme(const QString& directory)
+{
+    const QString theme = directory + QStringLiteral("/hicolor");
+    QDir().mkpath(theme + QStringLiteral("/48x48/apps"));
+    QFile index(theme + QStringLiteral("/index.theme"));
+    index.open(QIODevice::WriteOnly);
+    index.write("[Icon Theme]\nName=Hicolor\nDirectories=48x48/apps\n[48x48/apps]\nSize=48\n");
+    QFile icon(theme + QStringLiteral("/48x48/apps/org.vesk.Vesk.png"));
+    icon.open(QIODevice::WriteOnly);
+    icon.write(pngOf(Qt::red, { 48, 48 }));
 }
 
 int run()
@@ -73,6 +96,25 @@ TEST(Application, endsWithTheStatusOfItsMainLoopAndKnowsHowItsChildrenAreToStart
     signal(SIGPIPE, SIG_IGN);
     SignalDispositions::restoreForChildren();
     EXPECT_NE(signal(SIGPIPE, SIG_DFL), SIG_IGN);
+}
+
+TEST(Application, hasItsIconOnceItsWindowIsSeen)
+{
+    const QTemporaryDir home;
+    enterHome(home.path());
+    addIconTheme(home.path());
+    bool hasIcon = false;
+    const QDeadlineTimer patience(20000);
+    s_hasSeenAll = [&] {
+        // As a desktop would: offscreen there is none.
+        QIcon::setThemeName(QStringLiteral("hicolor"));
+        QIcon::setThemeSearchPaths({ home.path() });
+        hasIcon = !QGuiApplication::windowIcon().isNull();
+        return hasIcon || patience.hasExpired();
+    };
+    run();
+    s_hasSeenAll = [] { return true; };
+    EXPECT_TRUE(hasIcon);
 }
 
 TEST(Application, loadsNoTransportWhileItAsksForNothing)
