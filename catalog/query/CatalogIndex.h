@@ -37,7 +37,8 @@ public:
 private:
     using Places = PackageSelection::Places;
 
-    static constexpr std::uint32_t dropped = 0xffffffff;
+    // The place of a package that is not in the list.
+    static constexpr std::uint32_t nowhere = 0xffffffff;
 
     // What one merged index brought.
     struct Segment
@@ -58,8 +59,9 @@ private:
         }
     };
 
-    bool isThere(const VeskPackage& package, std::uint32_t hash) const;
+    bool isThere(std::string_view identifier) const;
     Places placesToDrop(const PackageVector& packages, const IdentifierSet& identifiers) const;
+    Places placesOfSameHashes(std::size_t count, const IdentifierSet& identifiers) const;
     static void dropPackages(const Places& toDrop, PackageVector& packages, Segment& segment);
     Places placesMatching(std::string_view folded) const;
     std::shared_ptr<const Places> mergedOrder() const;
