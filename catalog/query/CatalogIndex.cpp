@@ -14,7 +14,7 @@ namespace {
 struct NamedPlace
 {
     std::string_view key;
-    std::uint32_t place;
+    std::uint32_t place = 0;
 };
 
 std::string_view identifierOf(const VeskPackage& package)
@@ -178,24 +178,41 @@ PackageSelection CatalogIndex::packagesByName()
     return *m_sorted;
 }
 
+PackageSelection CatalogIndex::firstByName(std::size_t count)
+{
+    bringUpToDate();
+    return { m_packages.shared(), std::make_shared<const Places>(firstPlacesByName(count)) };
+}
+
 std::shared_ptr<const CatalogIndex::Places> CatalogIndex::mergedOrder() const
 {
     if (m_segments.size() == 1 && m_segments.front().places.empty())
         return m_segments.front().nameKeys.sharedSortedPlaces();
+    return std::make_shared<const Places>(firstPlacesByName(m_packages.size()));
+}
+
+// No more of a segment can be among them than there are.
+CatalogIndex::Places CatalogIndex::firstPlacesByName(std::size_t count) const
+{
     std::vector<NamedPlace> named;
     std::vector<std::ptrdiff_t> ends;
-    named.reserve(m_packages.size());
+    named.reserve(std::min(m_packages.size(), count * m_segments.size()));
     for (const Segment& segment : m_segments) {
-        for (const std::uint32_t place : segment.nameKeys.sortedPlaces()) {
-            if (segment.placeInList(place) != nowhere)
-                named.push_back({ segment.nameKeys.key(place), segment.placeInList(place) });
+        std::size_t left = count;
+        for (auto place = segment.nameKeys.sortedPlaces().begin();
+             place != segment.nameKeys.sortedPlaces().end() && left > 0; ++place) {
+            if (segment.placeInList(*place) == nowhere)
+                continue;
+            named.push_back({ segment.nameKeys.key(*place), segment.placeInList(*place) });
+            --left;
         }
         ends.push_back(static_cast<std::ptrdiff_t>(named.size()));
     }
     mergeRuns(named, std::move(ends), isBefore);
-    Places order(named.size());
-    std::transform(named.begin(), named.end(), order.begin(), [](const NamedPlace& item) { return item.place; });
-    return std::make_shared<const Places>(std::move(order));
+    named.resize(std::min(count, named.size()));
+    Places places(named.size());
+    std::transform(named.begin(), named.end(), places.begin(), [](const NamedPlace& item) { return item.place; });
+    return places;
 }
 
 const std::vector<SectionSize>& CatalogIndex::sections()

@@ -29,6 +29,8 @@ public:
 
     PackageSelection packagesMatching(const QString& query);
     PackageSelection packagesByName();
+    // The first of them alone, at most so many.
+    PackageSelection firstByName(std::size_t count);
     // By name; good until the next change of the list.
     const std::vector<SectionSize>& sections();
     // Packages of equal names stay as they stood.
@@ -65,6 +67,7 @@ private:
     static void dropPackages(const Places& toDrop, PackageVector& packages, Segment& segment);
     Places placesMatching(std::string_view folded) const;
     std::shared_ptr<const Places> mergedOrder() const;
+    Places firstPlacesByName(std::size_t count) const;
     bool isCurrent() const;
     void noteAsCurrent();
     void bringUpToDate();

@@ -97,7 +97,10 @@ protected:
     void expectThePlainCatalog()
     {
         ASSERT_EQ(idsOf(m_packages), idsOf(m_plain));
-        EXPECT_EQ(idsOf(m_index.packagesByName()), idsOf(packagesByName(m_plain, *m_order)));
+        const QStringList byName = idsOf(packagesByName(m_plain, *m_order));
+        for (const qsizetype count : { 0, 1, 7, 1000 })
+            EXPECT_EQ(idsOf(m_index.firstByName(static_cast<std::size_t>(count))), byName.mid(0, count)) << count;
+        EXPECT_EQ(idsOf(m_index.packagesByName()), byName);
         for (const char* query : { "li", "LIB", "zo", "zoë", "p1", "p79", "é", "a", "none" })
             EXPECT_EQ(
                 idsOf(m_index.packagesMatching(QString::fromUtf8(query))), plainlyMatching(QString::fromUtf8(query)))
