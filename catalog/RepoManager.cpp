@@ -263,6 +263,11 @@ PackageSelection RepoManager::packagesSortedByName()
     return m_index.packagesByName();
 }
 
+PackageSelection RepoManager::firstPackagesByName(std::size_t count)
+{
+    return m_index.firstByName(count);
+}
+
 void RepoManager::sortByName(PackageSelection& packages)
 {
     m_index.sortByName(packages);

@@ -81,6 +81,9 @@ public:
     // All packages by name, in the order of the user's language, case ignored, equal names in catalog order. Worked out
     // once per state of the catalog.
     PackageSelection packagesSortedByName();
+    // The first of them alone, at most so many, for who shows no more: of several large sources it takes longer than a
+    // frame to put all in order.
+    PackageSelection firstPackagesByName(std::size_t count);
     // Puts any packages into that order, those of equal names staying as they stood.
     void sortByName(PackageSelection& packages);
 

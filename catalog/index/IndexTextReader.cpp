@@ -45,6 +45,7 @@ void IndexTextReader::parse(std::string_view utf8)
 {
     m_parser.feed(utf8);
     indexNewPackages(m_parser.packages());
+    m_index.nameKeys.sortAdded();
     if (isBeyondLimits())
         m_state = State::Refused;
 }

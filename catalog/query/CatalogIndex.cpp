@@ -2,6 +2,7 @@
 
 #include "catalog/query/MergeRuns.h"
 #include "catalog/text/TextDecoding.h"
+#include "catalog/text/TextHash.h"
 
 #include <algorithm>
 #include <functional>
@@ -13,8 +14,13 @@ namespace {
 struct NamedPlace
 {
     std::string_view key;
-    std::uint32_t place;
+    std::uint32_t place = 0;
 };
+
+std::string_view identifierOf(const VeskPackage& package)
+{
+    return package.utf8(VeskPackage::Text::PackageID);
+}
 
 bool isBefore(const NamedPlace& a, const NamedPlace& b)
 {
@@ -65,7 +71,6 @@ void CatalogIndex::merge(ParsedIndex index)
         dropPackages(toDrop, index.packages, segment);
     const bool hasNew = !index.packages.empty();
     m_packages.append(std::move(index.packages));
-    segment.identifiers.forgetHashes();
     if (hasNew)
         m_segments.push_back(std::move(segment));
     noteAsCurrent();
@@ -74,14 +79,34 @@ void CatalogIndex::merge(ParsedIndex index)
 // In order, those of the packages whose identifiers are not new.
 CatalogIndex::Places CatalogIndex::placesToDrop(const PackageVector& packages, const IdentifierSet& identifiers) const
 {
-    Places places;
+    Places toDrop;
     if (m_segments.empty())
-        return places;
+        return toDrop;
+    const Places alike = placesOfSameHashes(packages.size(), identifiers);
     for (std::uint32_t place = 0; place < packages.size(); ++place) {
-        if (isThere(*packages[place], identifiers.hash(place)))
-            places.push_back(place);
+        if (alike[place] == nowhere)
+            continue;
+        const std::string_view identifier = identifierOf(*packages[place]);
+        if (identifierOf(*m_packages[alike[place]]) == identifier || isThere(identifier))
+            toDrop.push_back(place);
     }
-    return places;
+    return toDrop;
+}
+
+// For each of the packages, one in the list whose identifier has the same hash. The hashes are looked up in an order of
+// their own, and only then the few identifiers in theirs, so that both read memory from its beginning to its end.
+CatalogIndex::Places CatalogIndex::placesOfSameHashes(std::size_t count, const IdentifierSet& identifiers) const
+{
+    Places alike(count, nowhere);
+    identifiers.forEach([&](std::uint32_t hash, std::uint32_t place) {
+        for (const Segment& segment : m_segments) {
+            const auto take
+                = [&](std::uint32_t other) { return (alike[place] = segment.placeInList(other)) != nowhere; };
+            if (segment.identifiers.has(hash, take))
+                break;
+        }
+    });
+    return alike;
 }
 
 void CatalogIndex::dropPackages(const Places& toDrop, PackageVector& packages, Segment& segment)
@@ -92,7 +117,7 @@ void CatalogIndex::dropPackages(const Places& toDrop, PackageVector& packages, S
     for (std::uint32_t place = 0; place < packages.size(); ++place) {
         if (nextToDrop != toDrop.end() && *nextToDrop == place) {
             ++nextToDrop;
-            segment.places.push_back(dropped);
+            segment.places.push_back(nowhere);
             segment.sections.drop(packages[place]->utf8(VeskPackage::Text::Section));
             continue;
         }
@@ -103,13 +128,13 @@ void CatalogIndex::dropPackages(const Places& toDrop, PackageVector& packages, S
 }
 
 // A package that was dropped is of an identifier that an earlier segment has.
-bool CatalogIndex::isThere(const VeskPackage& package, std::uint32_t hash) const
+bool CatalogIndex::isThere(std::string_view identifier) const
 {
-    const auto identifierOf = [](const VeskPackage& each) { return each.utf8(VeskPackage::Text::PackageID); };
+    const std::uint32_t hash = hashOfText(identifier);
     return std::any_of(m_segments.begin(), m_segments.end(), [&](const Segment& segment) {
         return segment.identifiers.has(hash, [&](std::uint32_t place) {
             const std::uint32_t inList = segment.placeInList(place);
-            return inList != dropped && identifierOf(*m_packages[inList]) == identifierOf(package);
+            return inList != nowhere && identifierOf(*m_packages[inList]) == identifier;
         });
     });
 }
@@ -136,7 +161,7 @@ CatalogIndex::Places CatalogIndex::placesMatching(std::string_view folded) const
         Places places = segment.searchText.find(folded);
         std::transform(places.begin(), places.end(), places.begin(),
             [&](std::uint32_t place) { return segment.placeInList(place); });
-        std::erase(places, dropped);
+        std::erase(places, nowhere);
         if (found.empty())
             found = std::move(places);
         else
@@ -153,24 +178,41 @@ PackageSelection CatalogIndex::packagesByName()
     return *m_sorted;
 }
 
+PackageSelection CatalogIndex::firstByName(std::size_t count)
+{
+    bringUpToDate();
+    return { m_packages.shared(), std::make_shared<const Places>(firstPlacesByName(count)) };
+}
+
 std::shared_ptr<const CatalogIndex::Places> CatalogIndex::mergedOrder() const
 {
     if (m_segments.size() == 1 && m_segments.front().places.empty())
         return m_segments.front().nameKeys.sharedSortedPlaces();
+    return std::make_shared<const Places>(firstPlacesByName(m_packages.size()));
+}
+
+// No more of a segment can be among them than there are.
+CatalogIndex::Places CatalogIndex::firstPlacesByName(std::size_t count) const
+{
     std::vector<NamedPlace> named;
     std::vector<std::ptrdiff_t> ends;
-    named.reserve(m_packages.size());
+    named.reserve(std::min(m_packages.size(), count * m_segments.size()));
     for (const Segment& segment : m_segments) {
-        for (const std::uint32_t place : segment.nameKeys.sortedPlaces()) {
-            if (segment.placeInList(place) != dropped)
-                named.push_back({ segment.nameKeys.key(place), segment.placeInList(place) });
+        std::size_t left = count;
+        for (auto place = segment.nameKeys.sortedPlaces().begin();
+             place != segment.nameKeys.sortedPlaces().end() && left > 0; ++place) {
+            if (segment.placeInList(*place) == nowhere)
+                continue;
+            named.push_back({ segment.nameKeys.key(*place), segment.placeInList(*place) });
+            --left;
         }
         ends.push_back(static_cast<std::ptrdiff_t>(named.size()));
     }
     mergeRuns(named, std::move(ends), isBefore);
-    Places order(named.size());
-    std::transform(named.begin(), named.end(), order.begin(), [](const NamedPlace& item) { return item.place; });
-    return std::make_shared<const Places>(std::move(order));
+    named.resize(std::min(count, named.size()));
+    Places places(named.size());
+    std::transform(named.begin(), named.end(), places.begin(), [](const NamedPlace& item) { return item.place; });
+    return places;
 }
 
 const std::vector<SectionSize>& CatalogIndex::sections()
@@ -252,7 +294,6 @@ void CatalogIndex::bringUpToDate()
         whole.nameKeys.add(package->utf8(VeskPackage::Text::Name), *m_order);
         whole.sections.add(package->utf8(VeskPackage::Text::Section));
     }
-    whole.identifiers.forgetHashes();
     whole.nameKeys.sort();
     whole.sections.sort(*m_order);
     if (!m_packages.empty())

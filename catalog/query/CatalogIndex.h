@@ -29,6 +29,8 @@ public:
 
     PackageSelection packagesMatching(const QString& query);
     PackageSelection packagesByName();
+    // The first of them alone, at most so many.
+    PackageSelection firstByName(std::size_t count);
     // By name; good until the next change of the list.
     const std::vector<SectionSize>& sections();
     // Packages of equal names stay as they stood.
@@ -37,7 +39,8 @@ public:
 private:
     using Places = PackageSelection::Places;
 
-    static constexpr std::uint32_t dropped = 0xffffffff;
+    // The place of a package that is not in the list.
+    static constexpr std::uint32_t nowhere = 0xffffffff;
 
     // What one merged index brought.
     struct Segment
@@ -58,11 +61,13 @@ private:
         }
     };
 
-    bool isThere(const VeskPackage& package, std::uint32_t hash) const;
+    bool isThere(std::string_view identifier) const;
     Places placesToDrop(const PackageVector& packages, const IdentifierSet& identifiers) const;
+    Places placesOfSameHashes(std::size_t count, const IdentifierSet& identifiers) const;
     static void dropPackages(const Places& toDrop, PackageVector& packages, Segment& segment);
     Places placesMatching(std::string_view folded) const;
     std::shared_ptr<const Places> mergedOrder() const;
+    Places firstPlacesByName(std::size_t count) const;
     bool isCurrent() const;
     void noteAsCurrent();
     void bringUpToDate();

@@ -7,8 +7,5 @@ bool IdentifierSet::add(std::string_view identifier, std::uint32_t place, const 
     const std::uint32_t hash = hashOfText(identifier);
     const auto isSame
         = [&](std::uint32_t number) { return run[number - 1]->utf8(VeskPackage::Text::PackageID) == identifier; };
-    if (m_places.findOrAdd(hash, isSame, [place] { return place + 1; }) != place + 1)
-        return false;
-    m_hashes.push_back(hash);
-    return true;
+    return m_places.findOrAdd(hash, isSame, [place] { return place + 1; }) == place + 1;
 }

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 // Which identifiers a run of packages has, found by hash. It keeps places of the run, no texts of its own: mostly a
 // hash tells that an identifier is not there without a look at any package.
@@ -17,19 +16,20 @@ public:
     // added, if it was there already.
     bool add(std::string_view identifier, std::uint32_t place, const PackageVector& run);
 
-    // Of the package at the place. Once every package of the run is added.
-    std::uint32_t hash(std::uint32_t place) const { return m_hashes[place]; }
+    // Calls use(hash, place) with every package of the run, in the order in which looking their hashes up in any such
+    // set is fastest.
+    template <class Use> void forEach(const Use& use) const
+    {
+        m_places.forEach([&](std::uint32_t hash, std::uint32_t number) { use(hash, number - 1); });
+    }
     // Whether isSought(place) holds for one of the places with this hash.
     template <class IsSought> bool has(std::uint32_t hash, const IsSought& isSought) const
     {
         return m_places.find(hash, [&](std::uint32_t number) { return isSought(number - 1); }) != 0;
     }
-    // What is needed only to compare the whole run with others.
-    void forgetHashes() { m_hashes = {}; }
-    std::size_t byteSize() const { return m_places.byteSize() + m_hashes.size() * sizeof m_hashes[0]; }
+    std::size_t byteSize() const { return m_places.byteSize(); }
 
 private:
     // Each place plus one.
     HashSlots m_places;
-    std::vector<std::uint32_t> m_hashes;
 };

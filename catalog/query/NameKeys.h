@@ -14,6 +14,8 @@ class NameKeys
 {
 public:
     void add(std::string_view name, const NameOrder& order);
+    // May be called while more are to come: it leaves less to be done at the end.
+    void sortAdded();
     // To be called once all are added.
     void sort();
 
@@ -26,8 +28,14 @@ public:
     std::size_t byteSize() const;
 
 private:
+    void addSortedRun();
+    void mergeLastRuns();
+
     std::string m_keys;
     std::vector<std::uint32_t> m_ends;
+    // While they are added: runs of places, each by name, and where each run begins.
+    PackageSelection::Places m_places;
+    std::vector<std::size_t> m_runs;
     std::shared_ptr<const PackageSelection::Places> m_sortedPlaces = std::make_shared<const PackageSelection::Places>();
 };
 

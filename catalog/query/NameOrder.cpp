@@ -1,7 +1,9 @@
 #include "catalog/query/NameOrder.h"
 
+#include "catalog/text/LowerCase.h"
 #include "catalog/text/TextDecoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -39,6 +41,21 @@ std::unique_ptr<icu::Collator> collatorFor(const icu::Locale& locale)
     return U_SUCCESS(status) ? std::move(collator) : nullptr;
 }
 
+void appendKeyOf(std::u16string_view text, const icu::Collator& collator, std::string& keys)
+{
+    std::array<std::uint8_t, 256> buffer{};
+    const auto size = static_cast<int32_t>(text.size());
+    const int32_t length = collator.getSortKey(text.data(), size, buffer.data(), static_cast<int32_t>(buffer.size()));
+    const auto needed = static_cast<std::size_t>(length);
+    if (needed <= buffer.size()) {
+        keys.append(reinterpret_cast<const char*>(buffer.data()), needed);
+        return;
+    }
+    const std::size_t begin = keys.size();
+    keys.resize(begin + needed);
+    collator.getSortKey(text.data(), size, reinterpret_cast<std::uint8_t*>(keys.data() + begin), length);
+}
+
 } // namespace
 
 NameOrder::NameOrder(const QString& locale)
@@ -52,22 +69,16 @@ NameOrder::~NameOrder() = default;
 void NameOrder::appendKey(std::string_view utf8, std::string& keys) const
 {
     const std::string_view compared = firstCharacters(utf8, comparedCharacters);
+    if (m_collator->order && isAscii(compared)) {
+        std::array<char16_t, comparedCharacters> units{};
+        std::copy(compared.begin(), compared.end(), units.begin());
+        return appendKeyOf({ units.data(), compared.size() }, *m_collator->order, keys);
+    }
     const auto text = icu::UnicodeString::fromUTF8({ compared.data(), static_cast<int32_t>(compared.size()) });
-    if (!m_collator->order) {
-        // Without any collation data at all, texts without their case still stand in a sensible order.
-        icu::UnicodeString(text).foldCase().toUTF8String(keys);
-        return;
-    }
-    std::array<std::uint8_t, 256> buffer{};
-    const int32_t length = m_collator->order->getSortKey(text, buffer.data(), static_cast<int32_t>(buffer.size()));
-    const auto needed = static_cast<std::size_t>(length);
-    if (needed <= buffer.size()) {
-        keys.append(reinterpret_cast<const char*>(buffer.data()), needed);
-        return;
-    }
-    const std::size_t begin = keys.size();
-    keys.resize(begin + needed);
-    m_collator->order->getSortKey(text, reinterpret_cast<std::uint8_t*>(keys.data() + begin), length);
+    if (m_collator->order)
+        return appendKeyOf({ text.getBuffer(), static_cast<std::size_t>(text.length()) }, *m_collator->order, keys);
+    // Without any collation data at all, texts without their case still stand in a sensible order.
+    icu::UnicodeString(text).foldCase().toUTF8String(keys);
 }
 
 std::string NameOrder::keyOf(std::string_view utf8) const

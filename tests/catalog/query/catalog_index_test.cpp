@@ -3,9 +3,11 @@
 #include "catalog/index/IndexParser.h"
 #include "catalog/query/CatalogIndex.h"
 #include "catalog/text/TextDecoding.h"
+#include "catalog/text/TextHash.h"
 #include "tests/catalog/CatalogFixture.h"
 #include "tests/catalog/index/ReadIndex.h"
 
+#include <QHash>
 #include <QMap>
 
 #include <algorithm>
@@ -33,6 +35,27 @@ private:
 
     std::mt19937 m_random{ 20240229 };
 };
+
+QByteArray stanzasOf(const std::vector<QByteArray>& packageIDs)
+{
+    QByteArray text;
+    for (const QByteArray& packageID : packageIDs)
+        text += "Package: " + packageID + "\n\n";
+    return text;
+}
+
+// Two identifiers with one hash; of so many, some have one in all likelihood, and there are always more.
+std::pair<QByteArray, QByteArray> identifiersOfOneHash()
+{
+    QHash<std::uint32_t, QByteArray> identifiers;
+    for (int number = 0;; ++number) {
+        const QByteArray identifier = "p" + QByteArray::number(number);
+        QByteArray& sameHash = identifiers[hashOfText(viewOf(identifier))];
+        if (!sameHash.isEmpty())
+            return { sameHash, identifier };
+        sameHash = identifier;
+    }
+}
 
 class CatalogOfManyIndexes : public testing::Test
 {
@@ -74,7 +97,10 @@ protected:
     void expectThePlainCatalog()
     {
         ASSERT_EQ(idsOf(m_packages), idsOf(m_plain));
-        EXPECT_EQ(idsOf(m_index.packagesByName()), idsOf(packagesByName(m_plain, *m_order)));
+        const QStringList byName = idsOf(packagesByName(m_plain, *m_order));
+        for (const qsizetype count : { 0, 1, 7, 1000 })
+            EXPECT_EQ(idsOf(m_index.firstByName(static_cast<std::size_t>(count))), byName.mid(0, count)) << count;
+        EXPECT_EQ(idsOf(m_index.packagesByName()), byName);
         for (const char* query : { "li", "LIB", "zo", "zoë", "p1", "p79", "é", "a", "none" })
             EXPECT_EQ(
                 idsOf(m_index.packagesMatching(QString::fromUtf8(query))), plainlyMatching(QString::fromUtf8(query)))
@@ -115,6 +141,16 @@ TEST_F(CatalogOfManyIndexes, isThatOfThePlainDefinition)
         m_index.clear();
         m_plain.clear();
     }
+}
+
+TEST_F(CatalogOfManyIndexes, tellsIdentifiersOfOneHashApart)
+{
+    const auto [a, b] = identifiersOfOneHash();
+    for (const std::vector<QByteArray>& ids : { std::vector{ a }, { b, "c" }, { "d", b }, { a, "e", b }, { a, b } }) {
+        merge(stanzasOf(ids));
+        expectThePlainCatalog();
+    }
+    EXPECT_EQ(m_packages.size(), 5U);
 }
 
 TEST_F(CatalogOfManyIndexes, leavesWhatWasReadOfItAsItWas)

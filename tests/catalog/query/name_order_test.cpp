@@ -2,6 +2,10 @@
 #include "catalog/text/TextDecoding.h"
 #include "tests/catalog/CatalogFixture.h"
 
+#include <QCollator>
+
+#include <random>
+
 namespace {
 
 QStringList sorted(const QString& locale, const QStringList& names)
@@ -10,6 +14,25 @@ QStringList sorted(const QString& locale, const QStringList& names)
     for (const QString& name : names)
         packages.push_back(makePackage(QString::number(packages.size()), name));
     return namesOf(packagesByName(packages, NameOrder(locale)));
+}
+
+// Half of them are of ASCII alone, and most are short.
+QString randomName(std::mt19937& random)
+{
+    static const QStringList pieces{ QStringLiteral("c"), QStringLiteral("H"), QStringLiteral("a"), QStringLiteral("A"),
+        QStringLiteral("d"), QStringLiteral("z"), QStringLiteral("i"), QStringLiteral("I"), QStringLiteral("l"),
+        QStringLiteral("1"), QStringLiteral("-"), QStringLiteral("."), QStringLiteral("~"), QStringLiteral(" "),
+        QString(QChar(u'\0')), QStringLiteral("č"), QStringLiteral("Å") };
+    const auto kinds = static_cast<std::size_t>(pieces.size()) - (random() % 2 == 0 ? 2 : 0);
+    QString name;
+    for (std::size_t left = 1 + random() % (random() % 8 == 0 ? NameOrder::comparedCharacters : 6); left > 0; --left)
+        name += pieces[static_cast<qsizetype>(random() % kinds)];
+    return name;
+}
+
+int signOf(int compared)
+{
+    return (compared > 0 ? 1 : 0) - (compared < 0 ? 1 : 0);
 }
 
 } // namespace
@@ -93,6 +116,25 @@ TEST(NameOrder, tellsAccentsApartInWhicheverOrderTheNamesArrive)
     for (const QStringList& arrival : { QStringList{ QStringLiteral("Zoë"), QStringLiteral("zoe") },
              QStringList{ QStringLiteral("zoe"), QStringLiteral("Zoë") } })
         EXPECT_EQ(sorted(QStringLiteral("en"), arrival), QStringList({ QStringLiteral("zoe"), QStringLiteral("Zoë") }));
+}
+
+// In some languages two letters count as one: "ch", "dz", "ll" and "aa" among them.
+TEST(NameOrder, isThatOfTheSystemForNamesOfAsciiAndOthers)
+{
+    std::mt19937 random(20240229);
+    for (const QString& locale : { QStringLiteral("en"), QStringLiteral("cs"), QStringLiteral("da"),
+             QStringLiteral("hu"), QStringLiteral("tr"), QStringLiteral("cy") }) {
+        const NameOrder order(locale);
+        QCollator system{ QLocale(locale) };
+        system.setCaseSensitivity(Qt::CaseInsensitive);
+        for (int round = 0; round < 1000; ++round) {
+            const QString a = randomName(random);
+            const QString b = round % 2 == 0 ? randomName(random) : a.left(3) + randomName(random).left(50);
+            const int compared = order.keyOf(viewOf(a.toUtf8())).compare(order.keyOf(viewOf(b.toUtf8())));
+            ASSERT_EQ(signOf(compared), signOf(system.compare(a, b)))
+                << locale.toStdString() << ": " << a.toStdString() << " | " << b.toStdString();
+        }
+    }
 }
 
 class NameOrderOfTheCatalog : public CatalogFixture

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 namespace {
 
@@ -123,9 +122,8 @@ void VeskHomeViewController::viewDidAppear()
 void VeskHomeViewController::reloadData()
 {
     m_categories = m_manager.categories();
-    const PackageSelection sorted = m_manager.packagesSortedByName();
-    m_featured.clear();
-    std::copy_n(sorted.begin(), std::min(sorted.size(), featuredCount), std::back_inserter(m_featured));
+    const PackageSelection first = m_manager.firstPackagesByName(featuredCount);
+    m_featured.assign(first.begin(), first.end());
     tableView()->reloadData();
 }
 
