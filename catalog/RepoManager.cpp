@@ -220,20 +220,9 @@ PackageSelection RepoManager::packagesForCategory(const QString& name) const
     if (name.isNull())
         return {};
     const QByteArray section = name.toUtf8();
-    return packagesThat(
-        [&](const VeskPackage& package) { return package.utf8(VeskPackage::Text::Section) == viewOf(section); });
-}
-
-PackageSelection RepoManager::installedPackages() const
-{
-    return packagesThat([](const VeskPackage& package) { return package.installed(); });
-}
-
-template <class IsWanted> PackageSelection RepoManager::packagesThat(const IsWanted& isWanted) const
-{
     PackageSelection::Places places;
     for (std::uint32_t place = 0; place < m_packages.size(); ++place) {
-        if (isWanted(*m_packages[place]))
+        if (m_packages[place]->utf8(VeskPackage::Text::Section) == viewOf(section))
             places.push_back(place);
     }
     return { m_packages.shared(), std::make_shared<const PackageSelection::Places>(std::move(places)) };
@@ -263,6 +252,11 @@ VeskCategoryPtr RepoManager::categoryAt(std::size_t row)
 PackageSelection RepoManager::packagesSortedByName()
 {
     return m_index.packagesByName();
+}
+
+PackageSelection RepoManager::installedPackagesSortedByName()
+{
+    return m_index.installedByName();
 }
 
 void RepoManager::sortByName(PackageSelection& packages)

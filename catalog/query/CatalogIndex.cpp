@@ -48,9 +48,10 @@ std::shared_ptr<const void> CatalogIndex::clear()
         std::vector<Segment> segments;
         std::optional<PackageSelection> found;
         std::optional<PackageSelection> sorted;
+        std::optional<PackageSelection> installed;
     };
     Held held{ m_packages.takeAll(), std::exchange(m_segments, {}), std::exchange(m_found, {}),
-        std::exchange(m_sorted, {}) };
+        std::exchange(m_sorted, {}), std::exchange(m_installed, {}) };
     noteAsCurrent();
     return std::make_shared<Held>(std::move(held));
 }
@@ -151,6 +152,22 @@ PackageSelection CatalogIndex::packagesByName()
     if (!m_sorted)
         m_sorted.emplace(m_packages.shared(), mergedOrder());
     return *m_sorted;
+}
+
+PackageSelection CatalogIndex::installedByName()
+{
+    bringUpToDate();
+    if (m_installed)
+        return *m_installed;
+    Places places;
+    for (std::uint32_t place = 0; place < m_packages.size(); ++place) {
+        if (m_packages[place]->installed())
+            places.push_back(place);
+    }
+    PackageSelection installed(m_packages.shared(), std::make_shared<const Places>(std::move(places)));
+    sortByName(installed);
+    m_installed = std::move(installed);
+    return *m_installed;
 }
 
 std::shared_ptr<const CatalogIndex::Places> CatalogIndex::mergedOrder() const
@@ -264,5 +281,6 @@ void CatalogIndex::forgetResults()
 {
     m_found.reset();
     m_sorted.reset();
+    m_installed.reset();
     m_sections.reset();
 }

@@ -4,7 +4,6 @@
 #include "ui/classic/ClassicUI.h"
 #include "ui/kit/alert/AlertController.h"
 #include "ui/screens/manage/InstalledAppsViewController.h"
-#include "ui/screens/manage/InstalledPackages.h"
 #include "ui/screens/manage/QueueViewController.h"
 #include "ui/screens/manage/SourcesViewController.h"
 #include "ui/screens/shared/RowRecords.h"
@@ -65,7 +64,7 @@ void ManageViewController::viewDidLoad()
 void ManageViewController::viewWillAppear()
 {
     kit::TableViewController::viewWillAppear();
-    m_installed = installedPackagesSortedByName(m_manager);
+    m_installed = m_manager.installedPackagesSortedByName();
     tableView()->reloadData();
 }
 
