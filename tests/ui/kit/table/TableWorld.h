@@ -75,6 +75,7 @@ public:
         return headers.back();
     }
     double heightForHeaderInSection(int /*section*/) const override { return headerHeight; }
+    bool rowsDifferInHeight() const override { return rowHeight >= 0 || firstRowHeight >= 0 || heightEvery > 0; }
     double heightForRowAtIndexPath(const kit::IndexPath& indexPath) const override
     {
         if (heightEvery > 0 && indexPath.row % heightEvery != 0)
