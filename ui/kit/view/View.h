@@ -38,6 +38,8 @@ public:
     {
         Color top;
         Color bottom;
+
+        friend bool operator==(const Gradient&, const Gradient&) = default;
     };
 
     explicit View(const QRectF& frame = {}, QObject* parent = nullptr);
@@ -79,6 +81,10 @@ public:
     // A point of this view in another's coordinates; null stands for the topmost superview.
     QPointF convertPointToView(const QPointF& point, const View* view) const;
 
+    // Whether another view draws and says the same with all that it holds, wherever it stands: one that is like what
+    // shows already need not be shown. What a person works is like nothing else, for what it does cannot be compared.
+    virtual bool isLike(const View& other) const;
+
     // Places the subviews; called after the size changed and by setNeedsLayout().
     virtual void layoutSubviews() { }
     void setNeedsLayout() { layoutSubviews(); }
@@ -94,6 +100,10 @@ public:
     ObjectListModel* subviewModel() { return &m_subviewModel; }
     // The QML file that draws this kind of view, without its ending.
     virtual QString component() const { return QStringLiteral("PlainView"); }
+
+protected:
+    // Of the same class and equal in all that views have in common.
+    bool hasLikeFrameAndSubviews(const View& other) const;
 
 Q_SIGNALS:
     void frameChanged();

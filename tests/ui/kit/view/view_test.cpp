@@ -1,10 +1,14 @@
-#include "ui/kit/view/View.h"
+#include "ui/kit/view/Button.h"
+#include "ui/kit/view/ImageView.h"
+#include "ui/kit/view/Label.h"
+#include "ui/kit/view/Switch.h"
 
 #include <QPointer>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -109,6 +113,53 @@ TEST(View, convertsPointsDownAndAcross)
     top.addSubview(right);
     EXPECT_EQ(top.convertPointToView({ 15, 30 }, left), QPointF(5, 10));
     EXPECT_EQ(left->convertPointToView({ 0, 0 }, right), QPointF(-190, 0));
+}
+
+TEST(View, isLikeAnotherUnlessAnyPartOfItsLookOrSpeechDiffers)
+{
+    const auto expectUnlike = [](const std::function<void(kit::View&)>& change) {
+        kit::View view({ 0, 0, 10, 10 });
+        kit::View other({ 0, 0, 10, 10 });
+        EXPECT_TRUE(view.isLike(other));
+        change(other);
+        EXPECT_FALSE(view.isLike(other));
+        EXPECT_FALSE(other.isLike(view));
+    };
+    expectUnlike([](kit::View& view) { view.setFrame({ 0, 0, 10, 11 }); });
+    expectUnlike([](kit::View& view) { view.setHidden(true); });
+    expectUnlike([](kit::View& view) { view.setBackgroundColor(kit::Color::white()); });
+    expectUnlike([](kit::View& view) { view.setGradient({ kit::Color::white(), kit::Color::black() }); });
+    expectUnlike([](kit::View& view) { view.setCornerRadius(1); });
+    expectUnlike([](kit::View& view) { view.setClipsToBounds(true); });
+    expectUnlike([](kit::View& view) { view.setAccessibilityLabel(QStringLiteral("Label")); });
+    expectUnlike([](kit::View& view) { view.setAccessibilityElement(false); });
+    expectUnlike([](kit::View& view) { view.setTag(1); });
+    expectUnlike([](kit::View& view) { view.addSubview(new kit::View); });
+}
+
+TEST(View, isLikeAnotherThatStandsElsewhereWithLikeSubviewsAtTheSamePlaces)
+{
+    const auto made = [](const QRectF& subviewFrame, const QString& text) {
+        auto view = std::make_unique<kit::View>(QRectF(0, 0, 10, 10));
+        auto* label = new kit::Label(subviewFrame);
+        label->setText(text);
+        view->addSubview(label);
+        return view;
+    };
+    const auto view = made({ 1, 1, 5, 5 }, QStringLiteral("Text"));
+    view->setFrame({ 30, 40, 10, 10 });
+    EXPECT_TRUE(view->isLike(*made({ 1, 1, 5, 5 }, QStringLiteral("Text"))));
+    EXPECT_FALSE(view->isLike(*made({ 1, 2, 5, 5 }, QStringLiteral("Text"))));
+    EXPECT_FALSE(view->isLike(*made({ 1, 1, 5, 5 }, QStringLiteral("Other text"))));
+}
+
+TEST(View, isLikeNoneOfAnotherClassAndNothingThatAPersonWorks)
+{
+    EXPECT_FALSE(kit::View().isLike(kit::Label()));
+    EXPECT_FALSE(kit::Label().isLike(kit::View()));
+    EXPECT_FALSE(kit::View().isLike(LaidOutView()));
+    EXPECT_FALSE(kit::Button().isLike(kit::Button()));
+    EXPECT_FALSE(kit::Switch().isLike(kit::Switch()));
 }
 
 TEST(View, isFilledByAColorOrAPatternButNotByBoth)
