@@ -22,6 +22,7 @@ class View : public QObject
     QML_UNCREATABLE("views are made in C++")
     Q_PROPERTY(QRectF frame READ frame NOTIFY frameChanged)
     Q_PROPERTY(bool hidden READ isHidden NOTIFY appearanceChanged)
+    Q_PROPERTY(bool filled READ isFilled NOTIFY appearanceChanged)
     Q_PROPERTY(QColor fillColor READ fillColor NOTIFY appearanceChanged)
     Q_PROPERTY(kit::Image fillPattern READ fillPattern NOTIFY appearanceChanged)
     Q_PROPERTY(bool hasGradient READ hasGradient NOTIFY appearanceChanged)
@@ -89,6 +90,7 @@ public:
     virtual void layoutSubviews() { }
     void setNeedsLayout() { layoutSubviews(); }
 
+    bool isFilled() const { return hasGradient() || !fillPattern().isNull() || fillColor().alpha() > 0; }
     QColor fillColor() const
     {
         return m_backgroundColor.pattern.isNull() ? m_backgroundColor.toQColor() : QColor(Qt::transparent);

@@ -165,12 +165,19 @@ TEST(View, isLikeNoneOfAnotherClassAndNothingThatAPersonWorks)
 TEST(View, isFilledByAColorOrAPatternButNotByBoth)
 {
     kit::View view;
+    EXPECT_FALSE(view.isFilled());
     view.setBackgroundColor(kit::Color{ 1, 0, 0, 1, {} });
+    EXPECT_TRUE(view.isFilled());
     EXPECT_EQ(view.fillColor(), QColor(Qt::red));
     EXPECT_TRUE(view.fillPattern().isNull());
     view.setBackgroundColor(kit::Color::withPatternImage(kit::Image::named(QStringLiteral("AppViewBack"))));
     EXPECT_EQ(view.fillColor().alpha(), 0);
     EXPECT_FALSE(view.fillPattern().isNull());
+    EXPECT_TRUE(view.isFilled());
+    view.setBackgroundColor(kit::Color::clear());
+    EXPECT_FALSE(view.isFilled());
+    view.setGradient({ kit::Color::white(), kit::Color::black() });
+    EXPECT_TRUE(view.isFilled());
 }
 
 TEST(View, tellsOfEachChangeOfItsLookOnce)
