@@ -1,9 +1,27 @@
 #include "ui/kit/table/TableLayout.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace kit {
+
+namespace {
+
+// The first of so many numbers, counted from 0, that the question says yes to, as to all behind it; their count if
+// none.
+template <class Question> int firstThat(const Question& question, int count)
+{
+    int first = 0;
+    while (first < count) {
+        const int middle = first + (count - first) / 2;
+        if (question(middle))
+            count = middle;
+        else
+            first = middle + 1;
+    }
+    return first;
+}
+
+} // namespace
 
 TableLayout::TableLayout(const Heights& heights)
     : m_contentHeight(heights.tableHeader)
@@ -36,12 +54,12 @@ double TableLayout::Section::edge(int row) const
 
 int TableLayout::Section::firstEdgeAfter(double y) const
 {
-    return *std::ranges::partition_point(std::views::iota(0, rowCount + 1), [&](int row) { return edge(row) <= y; });
+    return firstThat([&](int row) { return edge(row) > y; }, rowCount + 1);
 }
 
 int TableLayout::Section::firstEdgeFrom(double y) const
 {
-    return *std::ranges::partition_point(std::views::iota(0, rowCount + 1), [&](int row) { return edge(row) < y; });
+    return firstThat([&](int row) { return edge(row) >= y; }, rowCount + 1);
 }
 
 int TableLayout::rowCount(int section) const
