@@ -9,7 +9,7 @@ SpokenItem {
     required property TableViewCell view
     readonly property KitTable table: view.superview as KitTable
     readonly property bool open: table.openRow.section === view.section && table.openRow.row === view.row && !view.hidden
-    readonly property bool focusedHere: table.rowFocus.keyboardHere && KeyboardFocus.shown && table.rowFocus.section === view.section && table.rowFocus.row === view.row && !view.hidden
+    readonly property bool focusedHere: KeyboardFocus.shown && table.rowFocus.keyboardHere && table.rowFocus.section === view.section && table.rowFocus.row === view.row && !view.hidden
     readonly property double deleteWidth: 88
     readonly property bool deletable: !view.hidden && table.openRow.canDelete(view.section, view.row)
     // A swipe that goes so far deletes at once.
