@@ -218,20 +218,9 @@ PackageSelection RepoManager::packagesForCategory(const QString& name) const
     if (name.isNull())
         return {};
     const QByteArray section = name.toUtf8();
-    return packagesThat(
-        [&](const VeskPackage& package) { return package.utf8(VeskPackage::Text::Section) == viewOf(section); });
-}
-
-PackageSelection RepoManager::installedPackages() const
-{
-    return packagesThat([](const VeskPackage& package) { return package.installed(); });
-}
-
-template <class IsWanted> PackageSelection RepoManager::packagesThat(const IsWanted& isWanted) const
-{
     PackageSelection::Places places;
     for (std::uint32_t place = 0; place < m_packages.size(); ++place) {
-        if (isWanted(*m_packages[place]))
+        if (m_packages[place]->utf8(VeskPackage::Text::Section) == viewOf(section))
             places.push_back(place);
     }
     return { m_packages.shared(), std::make_shared<const PackageSelection::Places>(std::move(places)) };
@@ -266,6 +255,11 @@ PackageSelection RepoManager::packagesSortedByName()
 PackageSelection RepoManager::firstPackagesByName(std::size_t count)
 {
     return m_index.firstByName(count);
+}
+
+PackageSelection RepoManager::installedPackagesSortedByName()
+{
+    return m_index.installedByName();
 }
 
 void RepoManager::sortByName(PackageSelection& packages)

@@ -70,8 +70,6 @@ public:
     // In catalog order; an empty or null query gives all packages.
     PackageSelection filteredPackagesWithQuery(const QString& query);
     PackageSelection packagesForCategory(const QString& name) const;
-    // Those that were installed when their index was parsed.
-    PackageSelection installedPackages() const;
     // New records each time, by name.
     std::vector<VeskCategoryPtr> categories();
     // The same, for who shows a few of many: counted once per state of the catalog, and a record made for one row
@@ -84,11 +82,13 @@ public:
     // The first of them alone, at most so many, for who shows no more: of several large sources it takes longer than a
     // frame to put all in order.
     PackageSelection firstPackagesByName(std::size_t count);
+    // Of these the ones that were installed when their index was parsed; worked out once, too. Packages installed on
+    // this machine but in no source's index are not among them.
+    PackageSelection installedPackagesSortedByName();
     // Puts any packages into that order, those of equal names staying as they stood.
     void sortByName(PackageSelection& packages);
 
 private:
-    template <class IsWanted> PackageSelection packagesThat(const IsWanted& isWanted) const;
     void emptyCatalog();
     void dropRefreshes();
 

@@ -54,9 +54,10 @@ std::shared_ptr<const void> CatalogIndex::clear()
         std::vector<Segment> segments;
         std::optional<PackageSelection> found;
         std::optional<PackageSelection> sorted;
+        std::optional<PackageSelection> installed;
     };
     Held held{ m_packages.takeAll(), std::exchange(m_segments, {}), std::exchange(m_found, {}),
-        std::exchange(m_sorted, {}) };
+        std::exchange(m_sorted, {}), std::exchange(m_installed, {}) };
     noteAsCurrent();
     return std::make_shared<Held>(std::move(held));
 }
@@ -184,6 +185,22 @@ PackageSelection CatalogIndex::firstByName(std::size_t count)
     return { m_packages.shared(), std::make_shared<const Places>(firstPlacesByName(count)) };
 }
 
+PackageSelection CatalogIndex::installedByName()
+{
+    bringUpToDate();
+    if (m_installed)
+        return *m_installed;
+    Places places;
+    for (std::uint32_t place = 0; place < m_packages.size(); ++place) {
+        if (m_packages[place]->installed())
+            places.push_back(place);
+    }
+    PackageSelection installed(m_packages.shared(), std::make_shared<const Places>(std::move(places)));
+    sortByName(installed);
+    m_installed = std::move(installed);
+    return *m_installed;
+}
+
 std::shared_ptr<const CatalogIndex::Places> CatalogIndex::mergedOrder() const
 {
     if (m_segments.size() == 1 && m_segments.front().places.empty())
@@ -305,5 +322,6 @@ void CatalogIndex::forgetResults()
 {
     m_found.reset();
     m_sorted.reset();
+    m_installed.reset();
     m_sections.reset();
 }

@@ -13,8 +13,8 @@ struct SectionSize
 };
 
 // What is worked out from the live list of packages, and kept for as long as the list and its records do not change:
-// which identifiers are there, the last search, the order by name, and the sections. A list changed by other hands is
-// looked through anew when it is next asked about. Used on the main thread.
+// which identifiers are there, the last search, the order by name, what is installed, and the sections. A list changed
+// by other hands is looked through anew when it is next asked about. Used on the main thread.
 class CatalogIndex
 {
 public:
@@ -31,6 +31,8 @@ public:
     PackageSelection packagesByName();
     // The first of them alone, at most so many.
     PackageSelection firstByName(std::size_t count);
+    // Those that were installed when their index was parsed.
+    PackageSelection installedByName();
     // By name; good until the next change of the list.
     const std::vector<SectionSize>& sections();
     // Packages of equal names stay as they stood.
@@ -83,5 +85,6 @@ private:
     QString m_query;
     std::optional<PackageSelection> m_found;
     std::optional<PackageSelection> m_sorted;
+    std::optional<PackageSelection> m_installed;
     std::optional<std::vector<SectionSize>> m_sections;
 };

@@ -170,6 +170,51 @@ TEST_F(CatalogQueries, seeWhatARefreshBringsAndDropsWhatItReplaces)
         QStringList({ QStringLiteral("Alphabet"), QStringLiteral("Dropped") }));
 }
 
+TEST_F(CatalogQueries, findWhatIsInstalledInTheOrderOfNames)
+{
+    for (const QString& name : { QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("A") })
+        manager().packages().push_back(makePackage(name, name));
+    EXPECT_TRUE(manager().installedPackagesSortedByName().empty());
+    manager().packages()[0]->setInstalledVersion(QStringLiteral("1"));
+    manager().packages()[2]->setInstalledVersion(QStringLiteral("1"));
+    EXPECT_EQ(
+        namesOf(manager().installedPackagesSortedByName()), QStringList({ QStringLiteral("A"), QStringLiteral("b") }));
+}
+
+TEST_F(CatalogQueries, lookForWhatIsInstalledOnceForEachStateOfTheCatalog)
+{
+    const auto first = makePackage(QStringLiteral("1"), QStringLiteral("b"));
+    first->setInstalledVersion(QStringLiteral("1"));
+    manager().packages().push_back(first);
+    const auto places = manager().installedPackagesSortedByName().places();
+    EXPECT_EQ(manager().installedPackagesSortedByName().places(), places);
+    const auto second = makePackage(QStringLiteral("2"), QStringLiteral("a"));
+    second->setInstalledVersion(QStringLiteral("1"));
+    manager().packages().push_back(second);
+    EXPECT_EQ(
+        idsOf(manager().installedPackagesSortedByName()), QStringList({ QStringLiteral("2"), QStringLiteral("1") }));
+    first->setName(QStringLiteral("0"));
+    EXPECT_EQ(
+        idsOf(manager().installedPackagesSortedByName()), QStringList({ QStringLiteral("1"), QStringLiteral("2") }));
+    manager().packages().remove(second);
+    EXPECT_EQ(idsOf(manager().installedPackagesSortedByName()), QStringList(QStringLiteral("1")));
+    manager().packages().clear();
+    EXPECT_TRUE(manager().installedPackagesSortedByName().empty());
+}
+
+TEST_F(CatalogQueries, findWhatIsInstalledAnewAfterARefresh)
+{
+    writeStatus("Package: one\nStatus: install ok installed\nVersion: 1\n");
+    m_server.serve("/1/Packages.bz2", "Package: one\nVersion: 1\n\nPackage: two\nVersion: 1\n");
+    addServedSource(QStringLiteral("/1"));
+    ASSERT_TRUE(refreshAll());
+    EXPECT_EQ(idsOf(manager().installedPackagesSortedByName()), QStringList(QStringLiteral("one")));
+    writeStatus("Package: two\nStatus: install ok installed\nVersion: 1\n");
+    EXPECT_EQ(idsOf(manager().installedPackagesSortedByName()), QStringList(QStringLiteral("one")));
+    ASSERT_TRUE(refreshAll());
+    EXPECT_EQ(idsOf(manager().installedPackagesSortedByName()), QStringList(QStringLiteral("two")));
+}
+
 TEST_F(CatalogQueries, keepAPackageOfExactlyThatSection)
 {
     add(QStringLiteral("a"), QStringLiteral("A"), QString(), QString(), QStringLiteral("Tools"));

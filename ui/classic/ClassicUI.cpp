@@ -172,7 +172,7 @@ void ClassicUI::styleTableView(kit::TableView& table)
     table.setDelaysContentTouches(false);
 }
 
-void ClassicUI::styleCell(kit::TableViewCell& cell, int variant)
+void ClassicUI::styleCell(kit::TableViewCell& cell, int variant, kit::TableViewCell::AccessoryType accessory)
 {
     styleBackgrounds(cell, variant % 2 == 0 ? QStringLiteral("cellback1") : QStringLiteral("cellback2"));
     cell.textLabel()->setTextColor(veskTextColor());
@@ -181,7 +181,7 @@ void ClassicUI::styleCell(kit::TableViewCell& cell, int variant)
         detail->setTextColor(veskSecondaryTextColor());
         detail->setFont(kit::Font::systemFont(12));
     }
-    cell.setAccessoryType(kit::TableViewCell::AccessoryType::DisclosureIndicator);
+    cell.setAccessoryType(accessory);
     cell.setTintColor(veskBlueColor());
     cell.setLayoutMargins({ 0, 10, 0, 10 });
     cell.setSeparatorInset({ 0, 10, 0, 10 });

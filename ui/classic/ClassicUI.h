@@ -40,8 +40,10 @@ public:
     static void styleNavigationController(kit::NavigationController& controller);
     static void styleTabBarController(kit::TabBarController& controller);
     static void styleTableView(kit::TableView& table);
-    // The variant is the row's index in its section, or 0; only its parity counts.
-    static void styleCell(kit::TableViewCell& cell, int variant);
+    // The variant is the row's index in its section, or 0; only its parity counts. A row without the usual arrow says
+    // so here: an accessory that goes again at once has been made and drawn.
+    static void styleCell(kit::TableViewCell& cell, int variant,
+        kit::TableViewCell::AccessoryType accessory = kit::TableViewCell::AccessoryType::DisclosureIndicator);
 
     // New views, which the caller owns.
     static kit::View* sectionHeaderViewWithTitle(const QString& title, double width);

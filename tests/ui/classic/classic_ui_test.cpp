@@ -1,5 +1,7 @@
 #include "ui/classic/ClassicUI.h"
 
+#include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -203,6 +205,20 @@ TEST(RowStyle, alternatesTheBackgroundsWithTheVariant)
     expectRowAssets(cell, QStringLiteral("cellback1"));
     ClassicUI::styleCell(cell, 63439);
     expectRowAssets(cell, QStringLiteral("cellback2"));
+}
+
+TEST(RowStyle, makesNoAccessoryForARowThatShallHaveNone)
+{
+    kit::TableViewCell cell(kit::TableViewCell::Style::Value1, QStringLiteral("Cell"));
+    ClassicUI::styleCell(cell, 0, kit::TableViewCell::AccessoryType::None);
+    EXPECT_EQ(cell.shownAccessory(), nullptr);
+    QSignalSpy changed(&cell, &kit::TableViewCell::cellChanged);
+    ClassicUI::styleCell(cell, 0, kit::TableViewCell::AccessoryType::None);
+    EXPECT_EQ(changed.count(), 0);
+    ClassicUI::styleCell(cell, 0);
+    EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
+    ClassicUI::styleCell(cell, 0, kit::TableViewCell::AccessoryType::None);
+    EXPECT_EQ(cell.shownAccessory(), nullptr);
 }
 
 TEST(RowStyle, setsTextsAccessoryAndMargins)

@@ -16,7 +16,8 @@ FocusScope {
     readonly property double barHeight: Metrics.NavigationBarHeight
     // The title keeps to the middle while there is room for it there, then to the space between the buttons.
     readonly property double leftEdge: leftItems.width + 8
-    readonly property double rightEdge: rightItem.visible ? rightItem.width + 8 : 8
+    // Not by what is visible at the moment: nothing is, each time another tab shows.
+    readonly property double rightEdge: item.rightItem !== null ? rightItem.width + 8 : 8
 
     signal back
 
@@ -39,7 +40,7 @@ FocusScope {
             visible: root.page.backTitle.length > 0
             glyph: GlyphImages.back
             title: KitLook.shown(root.page.backTitle.slice(0, 500))
-            maximumTitleWidth: Math.max(60, root.width - ownTitle.advanceWidth - root.rightEdge - (leftItem.visible ? leftItem.width : 0) - 64)
+            maximumTitleWidth: Math.max(60, root.width - ownTitle.advanceWidth - root.rightEdge - (root.item.leftItem !== null ? leftItem.width : 0) - 64)
             spokenName: KitLook.backTitle
             takesOneOfTwo: true
             onPressed: root.back()

@@ -1,16 +1,15 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import ui.kit
 
 // A row: backgrounds, content, accessory and separator, its touches, and the delete button that a swipe uncovers.
+// No bound component: Qt refuses to make one within an item that C++ made.
 SpokenItem {
     id: root
 
     required property TableViewCell view
     readonly property KitTable table: view.superview as KitTable
     readonly property bool open: table.openRow.section === view.section && table.openRow.row === view.row && !view.hidden
-    readonly property bool focusedHere: table.rowFocus.keyboardHere && KeyboardFocus.shown && table.rowFocus.section === view.section && table.rowFocus.row === view.row && !view.hidden
+    readonly property bool focusedHere: KeyboardFocus.shown && table.rowFocus.keyboardHere && table.rowFocus.section === view.section && table.rowFocus.row === view.row && !view.hidden
     readonly property double deleteWidth: 88
     readonly property bool deletable: !view.hidden && table.openRow.canDelete(view.section, view.row)
     // A swipe that goes so far deletes at once.
@@ -152,47 +151,48 @@ SpokenItem {
             radius: Metrics.CornerRadius
         }
     }
-    SpokenItem {
-        id: deleteButton
-
+    // Made when a swipe uncovers it.
+    Loader {
         x: root.width + content.x
         width: -content.x
         height: root.height
-        visible: width > 0
-        clip: true
-        spokenRole: Accessible.Button
-        spokenName: KitLook.deleteTitle
-        spokenActions: ["Press"]
-        onActed: root.table.openRow.deleteRow(root.view.section, root.view.row)
+        active: width > 0
+        sourceComponent: SpokenItem {
+            clip: true
+            spokenRole: Accessible.Button
+            spokenName: KitLook.deleteTitle
+            spokenActions: ["Press"]
+            onActed: root.table.openRow.deleteRow(root.view.section, root.view.row)
 
-        Accessible.role: spokenRole
-        Accessible.ignored: !root.open
+            Accessible.role: spokenRole
+            Accessible.ignored: !root.open
 
-        Rectangle {
-            anchors.fill: parent
-            gradient: Gradient {
-                GradientStop {
-                    position: 0
-                    color: KitLook.destructiveTop
-                }
-                GradientStop {
-                    position: 1
-                    color: KitLook.destructiveBottom
+            Rectangle {
+                anchors.fill: parent
+                gradient: Gradient {
+                    GradientStop {
+                        position: 0
+                        color: KitLook.destructiveTop
+                    }
+                    GradientStop {
+                        position: 1
+                        color: KitLook.destructiveBottom
+                    }
                 }
             }
-        }
-        KitText {
-            anchors.centerIn: parent
-            text: KitLook.deleteTitle
-            color: KitLook.panelText
-            font: KitLook.barFont(15, Font.Bold)
-            opacity: deleteArea.down ? 0.5 : deleteArea.hovered ? 0.8 : 1
-        }
-        PressArea {
-            id: deleteArea
+            KitText {
+                anchors.centerIn: parent
+                text: KitLook.deleteTitle
+                color: KitLook.panelText
+                font: KitLook.barFont(15, Font.Bold)
+                opacity: deleteArea.down ? 0.5 : deleteArea.hovered ? 0.8 : 1
+            }
+            PressArea {
+                id: deleteArea
 
-            anchors.fill: parent
-            onTapped: root.table.openRow.deleteRow(root.view.section, root.view.row)
+                anchors.fill: parent
+                onTapped: root.table.openRow.deleteRow(root.view.section, root.view.row)
+            }
         }
     }
 

@@ -4,6 +4,9 @@
 #include "ui/kit/table/TableLayout.h"
 #include "ui/kit/table/TableViewDelegate.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kit {
 
 View* SectionHeaders::headerOf(int section) const
@@ -14,13 +17,32 @@ View* SectionHeaders::headerOf(int section) const
 
 void SectionHeaders::remake()
 {
-    dropAll();
+    Headers asked = askForAll();
+    const bool areLike = std::equal(m_headers.begin(), m_headers.end(), asked.begin(), asked.end(),
+        [](const auto& a, const auto& b) { return a.first == b.first && a.second->isLike(*b.second); });
+    if (!areLike) {
+        dropAll();
+        return showAll(std::move(asked));
+    }
+    for (const auto& [section, header] : asked)
+        delete header;
+}
+
+SectionHeaders::Headers SectionHeaders::askForAll() const
+{
+    Headers asked;
     for (int section = 0; section < m_table.layout().sectionCount(); ++section) {
-        View* const header = m_table.delegate().viewForHeaderInSection(section);
-        if (!header)
-            continue;
+        if (View* const header = m_table.delegate().viewForHeaderInSection(section))
+            asked[section] = header;
+    }
+    return asked;
+}
+
+void SectionHeaders::showAll(Headers headers)
+{
+    m_headers = std::move(headers);
+    for (const auto& [section, header] : m_headers) {
         m_table.addSubview(header);
-        m_headers[section] = header;
         m_model.append(header);
     }
 }

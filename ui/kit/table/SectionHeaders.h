@@ -23,16 +23,21 @@ public:
     ObjectListModel* model() { return &m_model; }
     // Null for a section without one.
     View* headerOf(int section) const;
-    // Asks for all of them anew and gives up those before.
+    // Asks for all of them anew. Those before go, unless they are like those that came: drawing a header takes ten
+    // times as long as making one.
     void remake();
     // Where the table is scrolled to decides which of them is pinned.
     void place();
 
 private:
+    using Headers = std::map<int, View*>;
+
+    Headers askForAll() const;
+    void showAll(Headers headers);
     void dropAll();
 
     TableHost& m_table;
-    std::map<int, View*> m_headers;
+    Headers m_headers;
     ObjectListModel m_model;
 };
 

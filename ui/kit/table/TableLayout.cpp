@@ -4,75 +4,105 @@
 
 namespace kit {
 
+namespace {
+
+// The first of so many numbers, counted from 0, that the question says yes to, as to all behind it; their count if
+// none.
+template <class Question> int firstThat(const Question& question, int count)
+{
+    int first = 0;
+    while (first < count) {
+        const int middle = first + (count - first) / 2;
+        if (question(middle))
+            count = middle;
+        else
+            first = middle + 1;
+    }
+    return first;
+}
+
+} // namespace
+
 TableLayout::TableLayout(const Heights& heights)
     : m_contentHeight(heights.tableHeader)
 {
     for (std::size_t index = 0; index < heights.rowCounts.size(); ++index) {
-        Section section{ m_contentHeight, heights.sectionHeaders[index], heights.sectionFooters[index], {} };
-        const int rows = heights.rowCounts[index];
-        section.rowEdges.reserve(static_cast<std::size_t>(rows) + 1);
-        double edge = section.top + section.headerHeight;
-        section.rowEdges.push_back(edge);
-        for (int row = 0; row < rows; ++row)
-            section.rowEdges.push_back(edge += heights.row({ static_cast<int>(index), row }));
-        m_contentHeight = edge + section.footerHeight;
+        Section section{ m_contentHeight, heights.sectionHeaders[index], heights.sectionFooters[index],
+            heights.rowCounts[index], heights.eachRow, {} };
+        if (heights.row)
+            section.rowEdges = edgesOf(static_cast<int>(index), section, heights.row);
+        m_contentHeight = section.edge(section.rowCount) + section.footerHeight;
         m_sections.push_back(std::move(section));
     }
 }
 
+std::vector<double> TableLayout::edgesOf(
+    int index, const Section& section, const std::function<double(const IndexPath&)>& heightOf)
+{
+    std::vector<double> edges;
+    edges.reserve(static_cast<std::size_t>(section.rowCount) + 1);
+    edges.push_back(section.top + section.headerHeight);
+    for (int row = 0; row < section.rowCount; ++row)
+        edges.push_back(edges.back() + heightOf({ index, row }));
+    return edges;
+}
+
+double TableLayout::Section::edge(int row) const
+{
+    return rowEdges.empty() ? top + headerHeight + row * rowHeight : rowEdges[static_cast<std::size_t>(row)];
+}
+
+int TableLayout::Section::firstEdgeAfter(double y) const
+{
+    return firstThat([&](int row) { return edge(row) > y; }, rowCount + 1);
+}
+
+int TableLayout::Section::firstEdgeFrom(double y) const
+{
+    return firstThat([&](int row) { return edge(row) >= y; }, rowCount + 1);
+}
+
 int TableLayout::rowCount(int section) const
 {
-    if (section < 0 || section >= sectionCount())
-        return 0;
-    return static_cast<int>(m_sections[static_cast<std::size_t>(section)].rowEdges.size()) - 1;
+    return section < 0 || section >= sectionCount() ? 0 : at(section).rowCount;
 }
 
 double TableLayout::sectionBottom(int section) const
 {
-    const Section& found = m_sections[static_cast<std::size_t>(section)];
-    return found.rowEdges.back() + found.footerHeight;
+    return at(section).edge(rowCount(section)) + at(section).footerHeight;
 }
 
 double TableLayout::rowTop(const IndexPath& indexPath) const
 {
-    return m_sections[static_cast<std::size_t>(indexPath.section)].rowEdges[static_cast<std::size_t>(indexPath.row)];
+    return at(indexPath.section).edge(indexPath.row);
 }
 
 double TableLayout::rowBottom(const IndexPath& indexPath) const
 {
-    return m_sections[static_cast<std::size_t>(indexPath.section)]
-        .rowEdges[static_cast<std::size_t>(indexPath.row) + 1];
+    return at(indexPath.section).edge(indexPath.row + 1);
 }
 
 std::optional<IndexPath> TableLayout::rowAt(double y) const
 {
     for (int section = 0; section < sectionCount(); ++section) {
-        const auto& edges = m_sections[static_cast<std::size_t>(section)].rowEdges;
-        if (y < edges.front() || y >= edges.back())
-            continue;
-        return IndexPath{ section,
-            static_cast<int>(std::upper_bound(edges.begin(), edges.end(), y) - edges.begin()) - 1 };
+        const int after = at(section).firstEdgeAfter(y);
+        if (after > 0 && after <= rowCount(section))
+            return IndexPath{ section, after - 1 };
     }
     return std::nullopt;
 }
 
 std::pair<int, int> TableLayout::rowsBetween(int section, double top, double bottom) const
 {
-    const auto& edges = m_sections[static_cast<std::size_t>(section)].rowEdges;
-    const auto first = std::upper_bound(edges.begin(), edges.end(), top) - edges.begin() - 1;
-    const auto last = std::lower_bound(edges.begin(), edges.end(), bottom) - edges.begin();
     const int rows = rowCount(section);
-    return { std::clamp(static_cast<int>(first), 0, rows), std::clamp(static_cast<int>(last), 0, rows) };
+    return { std::clamp(at(section).firstEdgeAfter(top) - 1, 0, rows),
+        std::clamp(at(section).firstEdgeFrom(bottom), 0, rows) };
 }
 
 int TableLayout::rowWithHeight(int section, int row) const
 {
-    const auto& edges = m_sections[static_cast<std::size_t>(section)].rowEdges;
     const int rows = rowCount(section);
-    if (row >= rows)
-        return rows;
-    const auto below = std::upper_bound(edges.begin() + row, edges.end(), edges[static_cast<std::size_t>(row)]);
-    return below == edges.end() ? rows : static_cast<int>(below - edges.begin()) - 1;
+    return row >= rows ? rows : at(section).firstEdgeAfter(at(section).edge(row)) - 1;
 }
 
 double TableLayout::headerTop(int section, double contentOffset) const

@@ -9,7 +9,8 @@
 
 namespace kit {
 
-// Where each header and row of a table stands: prefix sums, exact at any number of rows. All heights are points.
+// Where each header and row of a table stands, exact at any number of rows: prefix sums where rows differ in height,
+// and nothing but that height where they do not. All heights are points.
 class TableLayout
 {
 public:
@@ -19,6 +20,8 @@ public:
         std::vector<double> sectionHeaders;
         std::vector<double> sectionFooters;
         std::vector<int> rowCounts;
+        double eachRow = 0;
+        // Of rows that differ; none when all are as high as each other.
         std::function<double(const IndexPath&)> row;
     };
 
@@ -28,8 +31,8 @@ public:
     int sectionCount() const { return static_cast<int>(m_sections.size()); }
     int rowCount(int section) const;
     double contentHeight() const { return m_contentHeight; }
-    double sectionTop(int section) const { return m_sections[static_cast<std::size_t>(section)].top; }
-    double headerHeight(int section) const { return m_sections[static_cast<std::size_t>(section)].headerHeight; }
+    double sectionTop(int section) const { return at(section).top; }
+    double headerHeight(int section) const { return at(section).headerHeight; }
     double sectionBottom(int section) const;
     double rowTop(const IndexPath& indexPath) const;
     double rowBottom(const IndexPath& indexPath) const;
@@ -52,8 +55,21 @@ private:
         double top = 0;
         double headerHeight = 0;
         double footerHeight = 0;
-        std::vector<double> rowEdges; // one more than there are rows
+        int rowCount = 0;
+        double rowHeight = 0;
+        // Of rows that differ in height: one more than there are rows.
+        std::vector<double> rowEdges;
+
+        // Where a row begins and the one before it ends; behind the last row too.
+        double edge(int row) const;
+        // The first row that begins behind that place, or at it or behind; one more than there are rows if none does.
+        int firstEdgeAfter(double y) const;
+        int firstEdgeFrom(double y) const;
     };
+
+    static std::vector<double> edgesOf(
+        int index, const Section& section, const std::function<double(const IndexPath&)>& heightOf);
+    const Section& at(int section) const { return m_sections[static_cast<std::size_t>(section)]; }
 
     std::vector<Section> m_sections;
     double m_contentHeight = 0;

@@ -115,10 +115,12 @@ void TableView::rebuildLayout(const std::vector<int>& rowCounts)
         heights.sectionHeaders.push_back(TextScale::grown(header < 0 ? m_sectionHeaderHeight : header));
         heights.sectionFooters.push_back(m_sectionFooterHeight);
     }
-    heights.row = [this](const IndexPath& indexPath) {
-        const double height = m_delegate->heightForRowAtIndexPath(indexPath);
-        return height < 0 ? TextScale::grown(m_rowHeight) : height;
-    };
+    heights.eachRow = TextScale::grown(m_rowHeight);
+    if (m_delegate->rowsDifferInHeight())
+        heights.row = [this, each = heights.eachRow](const IndexPath& indexPath) {
+            const double height = m_delegate->heightForRowAtIndexPath(indexPath);
+            return height < 0 ? each : height;
+        };
     m_layout = TableLayout(heights);
 }
 

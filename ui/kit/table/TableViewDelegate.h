@@ -26,8 +26,10 @@ public:
     virtual TableViewCell* cellForRowAtIndexPath(const IndexPath& indexPath) = 0;
     // A new view, which the table takes, or null.
     virtual View* viewForHeaderInSection(int section);
-    // A negative height stands for the table's own setting.
+    // A negative height stands for the table's own setting. Rows are asked for theirs only when they differ: a million
+    // that do not are placed at no cost.
     virtual double heightForHeaderInSection(int section) const;
+    virtual bool rowsDifferInHeight() const { return false; }
     virtual double heightForRowAtIndexPath(const IndexPath& indexPath) const;
     // By which a row is found that is not seen, when a person types its first letters; null where there is none.
     virtual QString nameForRowAtIndexPath(const IndexPath& indexPath) const;

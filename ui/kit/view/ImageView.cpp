@@ -1,5 +1,7 @@
 #include "ui/kit/view/ImageView.h"
 
+#include <tuple>
+
 namespace kit {
 
 ImageView::ImageView(const Image& image, QObject* parent)
@@ -30,6 +32,13 @@ void ImageView::setTintColor(const Color& color)
         return;
     m_tintColor = color;
     Q_EMIT imageChanged();
+}
+
+bool ImageView::isLike(const View& other) const
+{
+    const auto look
+        = [](const ImageView& view) { return std::tie(view.m_image, view.m_contentMode, view.m_tintColor); };
+    return hasLikeFrameAndSubviews(other) && look(*this) == look(static_cast<const ImageView&>(other));
 }
 
 } // namespace kit

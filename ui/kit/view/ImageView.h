@@ -30,6 +30,8 @@ public:
     const Color& tintColor() const { return m_tintColor; }
     void setTintColor(const Color& color);
 
+    bool isLike(const View& other) const override;
+
     QColor tint() const { return m_tintColor.toQColor(); }
     double radius() const { return clipsToBounds() ? cornerRadius() : 0; }
     QString component() const override { return QStringLiteral("PictureView"); }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace kit {
 
@@ -73,6 +74,15 @@ void Label::setShadow(Shadow shadow, const Color& color)
     m_shadow = shadow;
     m_shadowColor = color;
     Q_EMIT labelChanged();
+}
+
+bool Label::isLike(const View& other) const
+{
+    const auto look = [](const Label& label) {
+        return std::tie(label.m_text, label.m_font, label.m_textColor, label.m_shadowColor, label.m_alignment,
+            label.m_numberOfLines, label.m_shadow, label.m_adjustsFontSize);
+    };
+    return hasLikeFrameAndSubviews(other) && look(*this) == look(static_cast<const Label&>(other));
 }
 
 QString Label::shownPart(const QString& text, int numberOfLines)

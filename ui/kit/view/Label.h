@@ -56,6 +56,8 @@ public:
     const Color& shadowColor() const { return m_shadowColor; }
     void setShadow(Shadow shadow, const Color& color);
 
+    bool isLike(const View& other) const override;
+
     // The width of the text on one line.
     double naturalWidth() const;
 

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import ui.kit
 
-// Twelve spokes. Drawn up to a fraction while it is pulled out, turning while it runs.
+// Twelve spokes. Drawn up to a fraction while it is pulled out, turning while it runs. They are there only while they can
+// be seen: every table has two spinners.
 SpokenItem {
     id: root
 
@@ -29,7 +30,7 @@ SpokenItem {
         loops: Animation.Infinite
     }
     Repeater {
-        model: 12
+        model: root.visible ? 12 : 0
         delegate: Item {
             id: spoke
 

@@ -1,5 +1,9 @@
 #include "ui/kit/view/View.h"
 
+#include <algorithm>
+#include <tuple>
+#include <typeinfo>
+
 namespace kit {
 
 View::View(const QRectF& frame, QObject* parent)
@@ -100,6 +104,24 @@ void View::removeFromSuperview()
     m_superview->m_subviews.removeOne(this);
     m_superview = nullptr;
     setParent(nullptr);
+}
+
+bool View::isLike(const View& other) const
+{
+    return typeid(*this) == typeid(View) && hasLikeFrameAndSubviews(other);
+}
+
+bool View::hasLikeFrameAndSubviews(const View& other) const
+{
+    const auto look = [](const View& view) {
+        return std::tie(view.m_backgroundColor, view.m_gradient, view.m_cornerRadius, view.m_hidden,
+            view.m_clipsToBounds, view.m_accessibilityLabel, view.m_accessibilityElement, view.m_tag);
+    };
+    const auto areLike = [](const View* one, const View* another) {
+        return one->frame() == another->frame() && one->isLike(*another);
+    };
+    return typeid(*this) == typeid(other) && m_frame.size() == other.m_frame.size() && look(*this) == look(other)
+        && std::equal(m_subviews.begin(), m_subviews.end(), other.m_subviews.begin(), other.m_subviews.end(), areLike);
 }
 
 QPointF View::convertPointToView(const QPointF& point, const View* view) const

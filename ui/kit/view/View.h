@@ -22,6 +22,7 @@ class View : public QObject
     QML_UNCREATABLE("views are made in C++")
     Q_PROPERTY(QRectF frame READ frame NOTIFY frameChanged)
     Q_PROPERTY(bool hidden READ isHidden NOTIFY appearanceChanged)
+    Q_PROPERTY(bool filled READ isFilled NOTIFY appearanceChanged)
     Q_PROPERTY(QColor fillColor READ fillColor NOTIFY appearanceChanged)
     Q_PROPERTY(kit::Image fillPattern READ fillPattern NOTIFY appearanceChanged)
     Q_PROPERTY(bool hasGradient READ hasGradient NOTIFY appearanceChanged)
@@ -38,6 +39,8 @@ public:
     {
         Color top;
         Color bottom;
+
+        friend bool operator==(const Gradient&, const Gradient&) = default;
     };
 
     explicit View(const QRectF& frame = {}, QObject* parent = nullptr);
@@ -79,10 +82,15 @@ public:
     // A point of this view in another's coordinates; null stands for the topmost superview.
     QPointF convertPointToView(const QPointF& point, const View* view) const;
 
+    // Whether another view draws and says the same with all that it holds, wherever it stands: one that is like what
+    // shows already need not be shown. What a person works is like nothing else, for what it does cannot be compared.
+    virtual bool isLike(const View& other) const;
+
     // Places the subviews; called after the size changed and by setNeedsLayout().
     virtual void layoutSubviews() { }
     void setNeedsLayout() { layoutSubviews(); }
 
+    bool isFilled() const { return hasGradient() || !fillPattern().isNull() || fillColor().alpha() > 0; }
     QColor fillColor() const
     {
         return m_backgroundColor.pattern.isNull() ? m_backgroundColor.toQColor() : QColor(Qt::transparent);
@@ -94,6 +102,10 @@ public:
     ObjectListModel* subviewModel() { return &m_subviewModel; }
     // The QML file that draws this kind of view, without its ending.
     virtual QString component() const { return QStringLiteral("PlainView"); }
+
+protected:
+    // Of the same class and equal in all that views have in common.
+    bool hasLikeFrameAndSubviews(const View& other) const;
 
 Q_SIGNALS:
     void frameChanged();

@@ -126,8 +126,7 @@ kit::TableViewCell* PackageDetailViewController::styledCell(
     const QString& identifier, kit::TableViewCell::Style style, int variant)
 {
     auto* cell = tableView()->dequeueCell<kit::TableViewCell>(identifier, style);
-    ClassicUI::styleCell(*cell, variant);
-    cell->setAccessoryType(kit::TableViewCell::AccessoryType::None);
+    ClassicUI::styleCell(*cell, variant, kit::TableViewCell::AccessoryType::None);
     return cell;
 }
 

@@ -23,6 +23,7 @@ public:
     kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override;
     kit::View* viewForHeaderInSection(int section) override;
     double heightForHeaderInSection(int section) const override;
+    bool rowsDifferInHeight() const override { return true; }
     double heightForRowAtIndexPath(const kit::IndexPath& indexPath) const override;
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 

@@ -78,8 +78,7 @@ kit::TableViewCell* SearchViewController::goneRow(int row)
 {
     auto* cell
         = tableView()->dequeueCell<kit::TableViewCell>(QStringLiteral("GoneCell"), kit::TableViewCell::Style::Default);
-    ClassicUI::styleCell(*cell, row);
-    cell->setAccessoryType(kit::TableViewCell::AccessoryType::None);
+    ClassicUI::styleCell(*cell, row, kit::TableViewCell::AccessoryType::None);
     return cell;
 }
 

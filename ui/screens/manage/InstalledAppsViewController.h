@@ -2,7 +2,6 @@
 
 #include "catalog/RepoManager.h"
 #include "ui/screens/browse/PackageTableViewController.h"
-#include "ui/screens/manage/InstalledPackages.h"
 
 // The installed packages that the catalog knows, by name; a tap shows the package. Installed is what was found at the
 // last refresh.
@@ -18,7 +17,7 @@ public:
     const PackageSelection& installed() const { return packages(); }
 
 protected:
-    PackageSelection readPackages() override { return installedPackagesSortedByName(m_manager); }
+    PackageSelection readPackages() override { return m_manager.installedPackagesSortedByName(); }
     QString headerTitle() const override { return QStringLiteral("Installed Packages"); }
     QString emptyText() const override { return QStringLiteral("No installed packages found"); }
 

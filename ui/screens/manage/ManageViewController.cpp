@@ -4,7 +4,6 @@
 #include "ui/classic/ClassicUI.h"
 #include "ui/kit/alert/AlertController.h"
 #include "ui/screens/manage/InstalledAppsViewController.h"
-#include "ui/screens/manage/InstalledPackages.h"
 #include "ui/screens/manage/QueueViewController.h"
 #include "ui/screens/manage/SourcesViewController.h"
 #include "ui/screens/shared/RowRecords.h"
@@ -65,7 +64,7 @@ void ManageViewController::viewDidLoad()
 void ManageViewController::viewWillAppear()
 {
     kit::TableViewController::viewWillAppear();
-    m_installed = installedPackagesSortedByName(m_manager);
+    m_installed = m_manager.installedPackagesSortedByName();
     tableView()->reloadData();
 }
 
@@ -94,11 +93,11 @@ kit::TableViewCell* ManageViewController::cellForRowAtIndexPath(const kit::Index
     return package ? ScreenRows::packageRow(*tableView(), *package, indexPath.row) : emptyCell();
 }
 
-kit::TableViewCell* ManageViewController::manageCell(int row)
+kit::TableViewCell* ManageViewController::manageCell(int row, kit::TableViewCell::AccessoryType accessory)
 {
     auto* cell = tableView()->dequeueCell<kit::TableViewCell>(
         QStringLiteral("ManageCell"), kit::TableViewCell::Style::Subtitle);
-    ClassicUI::styleCell(*cell, row);
+    ClassicUI::styleCell(*cell, row, accessory);
     return cell;
 }
 
@@ -106,7 +105,7 @@ kit::TableViewCell* ManageViewController::manageCell(int row)
 kit::TableViewCell* ManageViewController::menuCell(const kit::IndexPath& indexPath)
 {
     const MenuItem& item = menuItem(indexPath);
-    auto* cell = manageCell(indexPath.row);
+    auto* cell = manageCell(indexPath.row, kit::TableViewCell::AccessoryType::DisclosureIndicator);
     cell->textLabel()->setText(item.title);
     cell->textLabel()->setTextAlignment(Qt::AlignLeft);
     cell->detailTextLabel()->setText(item.detail);
@@ -117,13 +116,12 @@ kit::TableViewCell* ManageViewController::menuCell(const kit::IndexPath& indexPa
 
 kit::TableViewCell* ManageViewController::emptyCell()
 {
-    auto* cell = manageCell(0);
+    auto* cell = manageCell(0, kit::TableViewCell::AccessoryType::None);
     cell->textLabel()->setText(QStringLiteral("No installed packages found"));
     cell->textLabel()->setTextAlignment(Qt::AlignHCenter);
     cell->textLabel()->setTextColor(ClassicUI::veskSecondaryTextColor());
     cell->detailTextLabel()->setText(QString());
     cell->imageView()->setImage({});
-    cell->setAccessoryType(kit::TableViewCell::AccessoryType::None);
     return cell;
 }
 

@@ -27,7 +27,7 @@ public:
     void didSelectRowAtIndexPath(const kit::IndexPath& indexPath) override;
 
 private:
-    kit::TableViewCell* manageCell(int row);
+    kit::TableViewCell* manageCell(int row, kit::TableViewCell::AccessoryType accessory);
     kit::TableViewCell* menuCell(const kit::IndexPath& indexPath);
     kit::TableViewCell* emptyCell();
     void openMenuRow(int row);

@@ -113,8 +113,7 @@ kit::TableViewCell* QueueViewController::entryCell(const QueueEntry& entry, int 
 {
     auto* cell
         = tableView()->dequeueCell<kit::TableViewCell>(QStringLiteral("QueueCell"), kit::TableViewCell::Style::Value1);
-    ClassicUI::styleCell(*cell, row);
-    cell->setAccessoryType(kit::TableViewCell::AccessoryType::None);
+    ClassicUI::styleCell(*cell, row, kit::TableViewCell::AccessoryType::None);
     // The worker of a run may write the status meanwhile: text and colour are those of one moment.
     const qint64 status = entry.status();
     cell->textLabel()->setText(entry.package()->name());

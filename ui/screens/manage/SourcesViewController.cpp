@@ -59,11 +59,10 @@ kit::TableViewCell* SourcesViewController::cellForRowAtIndexPath(const kit::Inde
 {
     auto* cell = tableView()->dequeueCell<kit::TableViewCell>(
         QStringLiteral("SourceCell"), kit::TableViewCell::Style::Subtitle);
-    ClassicUI::styleCell(*cell, indexPath.row);
+    ClassicUI::styleCell(*cell, indexPath.row, kit::TableViewCell::AccessoryType::None);
     cell->imageView()->setImage(kit::Image::systemNamed(QStringLiteral("antenna.radiowaves.left.and.right")));
     cell->imageView()->setTintColor(ClassicUI::veskBlueColor());
     cell->setAccessoryView(nullptr);
-    cell->setAccessoryType(kit::TableViewCell::AccessoryType::None);
     const VeskRepositoryPtr source = sourceAt(indexPath);
     cell->textLabel()->setText(source ? source->name() : QString());
     cell->detailTextLabel()->setText(source ? source->urlString() : QString());

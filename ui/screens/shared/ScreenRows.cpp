@@ -9,10 +9,9 @@ const QString CategoryCell = QStringLiteral("CategoryCell");
 
 void showOnlyText(kit::TableViewCell& cell, const QString& text)
 {
-    ClassicUI::styleCell(cell, 0);
+    ClassicUI::styleCell(cell, 0, kit::TableViewCell::AccessoryType::None);
     cell.textLabel()->setText(text);
     cell.textLabel()->setTextAlignment(Qt::AlignHCenter);
-    cell.setAccessoryType(kit::TableViewCell::AccessoryType::None);
 }
 
 } // namespace

@@ -38,6 +38,7 @@ public:
     bool withoutCells = false;
     double headerHeight = 0;
     bool withHeaders = false;
+    QString headerText;
     bool editable = false;
     bool tellsNames = false;
     // Rows whose number this divides have a cell of another kind; 0 for none.
@@ -72,9 +73,11 @@ public:
         if (!withHeaders)
             return nullptr;
         headers.emplace_back(new kit::View({ 0, 0, m_table->width(), headerHeight }));
+        headers.back()->setAccessibilityLabel(headerText);
         return headers.back();
     }
     double heightForHeaderInSection(int /*section*/) const override { return headerHeight; }
+    bool rowsDifferInHeight() const override { return rowHeight >= 0 || firstRowHeight >= 0 || heightEvery > 0; }
     double heightForRowAtIndexPath(const kit::IndexPath& indexPath) const override
     {
         if (heightEvery > 0 && indexPath.row % heightEvery != 0)

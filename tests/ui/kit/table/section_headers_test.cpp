@@ -43,6 +43,42 @@ TEST(SectionHeaders, keepsOnlyTheLastHeadersAmongItsSubviews)
     EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
 }
 
+TEST(SectionHeaders, keepsHeadersThatNewOnesAreLike)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    const kit::View* const before = world.table.headerView(1);
+    world.table.setContentOffset(100);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.headerView(1), before);
+    EXPECT_EQ(world.source.headers.size(), 4U);
+    EXPECT_TRUE(world.source.headers[2].isNull());
+    EXPECT_TRUE(world.source.headers[3].isNull());
+}
+
+TEST(SectionHeaders, showsHeadersThatDifferFromThoseBefore)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.source.headerText = QStringLiteral("Changed");
+    world.table.reloadData();
+    EXPECT_EQ(world.table.headerView(1)->accessibilityLabel(), QStringLiteral("Changed"));
+    world.source.rows = { 3 };
+    world.table.reloadData();
+    EXPECT_EQ(world.table.headerView(1), nullptr);
+    world.source.rows = { 3, 3, 3 };
+    world.table.reloadData();
+    EXPECT_NE(world.table.headerView(2), nullptr);
+    world.source.withHeaders = false;
+    world.table.reloadData();
+    EXPECT_EQ(world.table.headerView(0), nullptr);
+    EXPECT_EQ(world.table.headerModel()->rowCount(), 0);
+}
+
 TEST(SectionHeaders, pinsItsHeaderWhileItScrolls)
 {
     TableWorld world({ 20, 20 });

@@ -12,6 +12,17 @@ kit::TableLayout layoutOf(const std::vector<int>& rowCounts, double rowHeight, d
     heights.rowCounts = rowCounts;
     heights.sectionHeaders.assign(rowCounts.size(), 25);
     heights.sectionFooters.assign(rowCounts.size(), 0);
+    heights.eachRow = rowHeight;
+    return kit::TableLayout(heights);
+}
+
+// The same with every row asked for its height.
+kit::TableLayout askedLayoutOf(const std::vector<int>& rowCounts, double rowHeight)
+{
+    kit::TableLayout::Heights heights;
+    heights.rowCounts = rowCounts;
+    heights.sectionHeaders.assign(rowCounts.size(), 25);
+    heights.sectionFooters.assign(rowCounts.size(), 0);
     heights.row = [rowHeight](const kit::IndexPath&) { return rowHeight; };
     return kit::TableLayout(heights);
 }
@@ -60,6 +71,27 @@ TEST(TableLayout, placesTheMillionthRowExactly)
     EXPECT_EQ(layout.contentHeight(), 185 + 25 + 1'000'000.0 * 60);
     EXPECT_EQ(layout.rowAt(layout.rowTop({ 0, 765'432 })), (kit::IndexPath{ 0, 765'432 }));
     EXPECT_EQ(layout.rowAt(layout.rowTop({ 0, 765'432 }) - 0.25), (kit::IndexPath{ 0, 765'431 }));
+}
+
+TEST(TableLayout, placesRowsOfOneHeightLikeRowsThatAreAskedForTheirs)
+{
+    for (const double rowHeight : { 60.0, 0.0 }) {
+        const kit::TableLayout layout = layoutOf({ 3, 0, 40 }, rowHeight);
+        const kit::TableLayout asked = askedLayoutOf({ 3, 0, 40 }, rowHeight);
+        EXPECT_EQ(layout.contentHeight(), asked.contentHeight());
+        for (double y = -30; y < layout.contentHeight() + 30; y += 5) {
+            EXPECT_EQ(layout.rowAt(y), asked.rowAt(y)) << y;
+            for (int section = 0; section < 3; ++section) {
+                EXPECT_EQ(layout.rowsBetween(section, y, y + 200), asked.rowsBetween(section, y, y + 200)) << y;
+                EXPECT_EQ(layout.headerTop(section, y), asked.headerTop(section, y)) << y;
+            }
+        }
+        for (int row = 0; row < 40; ++row) {
+            EXPECT_EQ(layout.rowTop({ 2, row }), asked.rowTop({ 2, row }));
+            EXPECT_EQ(layout.rowBottom({ 2, row }), asked.rowBottom({ 2, row }));
+            EXPECT_EQ(layout.rowWithHeight(2, row), asked.rowWithHeight(2, row));
+        }
+    }
 }
 
 TEST(TableLayout, addsUpRowsOfMixedHeightsExactly)

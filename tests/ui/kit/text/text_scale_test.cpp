@@ -34,6 +34,7 @@ public:
     int numberOfSections() const override { return 1; }
     int numberOfRowsInSection(int /*section*/) const override { return 2; }
     double heightForHeaderInSection(int /*section*/) const override { return 25; }
+    bool rowsDifferInHeight() const override { return true; }
     double heightForRowAtIndexPath(const kit::IndexPath& indexPath) const override
     {
         return indexPath.row == 0 ? -1 : 71;

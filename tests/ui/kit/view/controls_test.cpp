@@ -1,11 +1,14 @@
 #include "ui/kit/table/RefreshControl.h"
 #include "ui/kit/view/Button.h"
+#include "ui/kit/view/ImageView.h"
 #include "ui/kit/view/Label.h"
 #include "ui/kit/view/Switch.h"
 
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 TEST(RefreshControl, showsThatItRefreshesWithoutCallingTheAction)
 {
@@ -89,6 +92,41 @@ TEST(Button, isAsLargeAsItsTitleAndInsets)
     button.setContentEdgeInsets({ 6, 20, 6, 8 });
     EXPECT_EQ(button.titleLabel()->frame().left(), 20);
     EXPECT_EQ(button.titleLabel()->frame().right(), button.width() - 8);
+}
+
+TEST(Label, isLikeAnotherUnlessItIsDrawnInAnotherWay)
+{
+    const auto expectUnlike = [](const std::function<void(kit::Label&)>& change) {
+        kit::Label label;
+        kit::Label other;
+        EXPECT_TRUE(label.isLike(other));
+        change(other);
+        EXPECT_FALSE(label.isLike(other));
+    };
+    expectUnlike([](kit::Label& label) { label.setText(QStringLiteral("Text")); });
+    expectUnlike([](kit::Label& label) { label.setFont(kit::Font::boldSystemFont(17)); });
+    expectUnlike([](kit::Label& label) { label.setTextColor(kit::Color::white()); });
+    expectUnlike([](kit::Label& label) { label.setTextAlignment(Qt::AlignRight); });
+    expectUnlike([](kit::Label& label) { label.setNumberOfLines(2); });
+    expectUnlike([](kit::Label& label) { label.setAdjustsFontSizeToFitWidth(true); });
+    expectUnlike([](kit::Label& label) { label.setShadow(kit::Label::Shadow::Below, {}); });
+    expectUnlike([](kit::Label& label) { label.setShadow(kit::Label::Shadow::None, kit::Color::black()); });
+    expectUnlike([](kit::Label& label) { label.setHidden(true); });
+}
+
+TEST(ImageView, isLikeAnotherUnlessItIsDrawnInAnotherWay)
+{
+    const auto expectUnlike = [](const std::function<void(kit::ImageView&)>& change) {
+        kit::ImageView view;
+        kit::ImageView other;
+        EXPECT_TRUE(view.isLike(other));
+        change(other);
+        EXPECT_FALSE(view.isLike(other));
+    };
+    expectUnlike([](kit::ImageView& view) { view.setImage(kit::Image::named(QStringLiteral("Homepage"))); });
+    expectUnlike([](kit::ImageView& view) { view.setContentMode(kit::ImageView::ContentMode::AspectFit); });
+    expectUnlike([](kit::ImageView& view) { view.setTintColor(kit::Color::white()); });
+    expectUnlike([](kit::ImageView& view) { view.setCornerRadius(7); });
 }
 
 TEST(Label, tellsNullFromEmpty)

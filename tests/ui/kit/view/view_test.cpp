@@ -1,10 +1,14 @@
-#include "ui/kit/view/View.h"
+#include "ui/kit/view/Button.h"
+#include "ui/kit/view/ImageView.h"
+#include "ui/kit/view/Label.h"
+#include "ui/kit/view/Switch.h"
 
 #include <QPointer>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -111,15 +115,69 @@ TEST(View, convertsPointsDownAndAcross)
     EXPECT_EQ(left->convertPointToView({ 0, 0 }, right), QPointF(-190, 0));
 }
 
+TEST(View, isLikeAnotherUnlessAnyPartOfItsLookOrSpeechDiffers)
+{
+    const auto expectUnlike = [](const std::function<void(kit::View&)>& change) {
+        kit::View view({ 0, 0, 10, 10 });
+        kit::View other({ 0, 0, 10, 10 });
+        EXPECT_TRUE(view.isLike(other));
+        change(other);
+        EXPECT_FALSE(view.isLike(other));
+        EXPECT_FALSE(other.isLike(view));
+    };
+    expectUnlike([](kit::View& view) { view.setFrame({ 0, 0, 10, 11 }); });
+    expectUnlike([](kit::View& view) { view.setHidden(true); });
+    expectUnlike([](kit::View& view) { view.setBackgroundColor(kit::Color::white()); });
+    expectUnlike([](kit::View& view) { view.setGradient({ kit::Color::white(), kit::Color::black() }); });
+    expectUnlike([](kit::View& view) { view.setCornerRadius(1); });
+    expectUnlike([](kit::View& view) { view.setClipsToBounds(true); });
+    expectUnlike([](kit::View& view) { view.setAccessibilityLabel(QStringLiteral("Label")); });
+    expectUnlike([](kit::View& view) { view.setAccessibilityElement(false); });
+    expectUnlike([](kit::View& view) { view.setTag(1); });
+    expectUnlike([](kit::View& view) { view.addSubview(new kit::View); });
+}
+
+TEST(View, isLikeAnotherThatStandsElsewhereWithLikeSubviewsAtTheSamePlaces)
+{
+    const auto made = [](const QRectF& subviewFrame, const QString& text) {
+        auto view = std::make_unique<kit::View>(QRectF(0, 0, 10, 10));
+        auto* label = new kit::Label(subviewFrame);
+        label->setText(text);
+        view->addSubview(label);
+        return view;
+    };
+    const auto view = made({ 1, 1, 5, 5 }, QStringLiteral("Text"));
+    view->setFrame({ 30, 40, 10, 10 });
+    EXPECT_TRUE(view->isLike(*made({ 1, 1, 5, 5 }, QStringLiteral("Text"))));
+    EXPECT_FALSE(view->isLike(*made({ 1, 2, 5, 5 }, QStringLiteral("Text"))));
+    EXPECT_FALSE(view->isLike(*made({ 1, 1, 5, 5 }, QStringLiteral("Other text"))));
+}
+
+TEST(View, isLikeNoneOfAnotherClassAndNothingThatAPersonWorks)
+{
+    EXPECT_FALSE(kit::View().isLike(kit::Label()));
+    EXPECT_FALSE(kit::Label().isLike(kit::View()));
+    EXPECT_FALSE(kit::View().isLike(LaidOutView()));
+    EXPECT_FALSE(kit::Button().isLike(kit::Button()));
+    EXPECT_FALSE(kit::Switch().isLike(kit::Switch()));
+}
+
 TEST(View, isFilledByAColorOrAPatternButNotByBoth)
 {
     kit::View view;
+    EXPECT_FALSE(view.isFilled());
     view.setBackgroundColor(kit::Color{ 1, 0, 0, 1, {} });
+    EXPECT_TRUE(view.isFilled());
     EXPECT_EQ(view.fillColor(), QColor(Qt::red));
     EXPECT_TRUE(view.fillPattern().isNull());
     view.setBackgroundColor(kit::Color::withPatternImage(kit::Image::named(QStringLiteral("AppViewBack"))));
     EXPECT_EQ(view.fillColor().alpha(), 0);
     EXPECT_FALSE(view.fillPattern().isNull());
+    EXPECT_TRUE(view.isFilled());
+    view.setBackgroundColor(kit::Color::clear());
+    EXPECT_FALSE(view.isFilled());
+    view.setGradient({ kit::Color::white(), kit::Color::black() });
+    EXPECT_TRUE(view.isFilled());
 }
 
 TEST(View, tellsOfEachChangeOfItsLookOnce)
