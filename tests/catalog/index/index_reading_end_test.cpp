@@ -35,6 +35,24 @@ protected:
         promise.get_future().wait();
     }
 
+    // And all that comes of it, be it posted in turn.
+    void finishAllWork() const
+    {
+        for (int turn = 0; turn < 100; ++turn)
+            finishWorkers();
+    }
+
+    // The body ends and the reading goes while the one worker is busy.
+    void finishAndDrop(std::unique_ptr<IndexReading> reading) const
+    {
+        std::promise<void> mayGoOn;
+        m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
+        reading->finish();
+        reading.reset();
+        mayGoOn.set_value();
+        finishAllWork();
+    }
+
     std::stop_source m_stop;
     std::promise<QStringList> m_done;
     std::atomic<int> m_doneCount = 0;
@@ -47,8 +65,7 @@ TEST_F(TheEndOfReading, isToldOnceTheBodyIsWholeAndNotBefore)
     const QByteArray packed = gzipped(stanza("a"));
     const auto reading = makeReading(Compression::Gzip);
     reading->receive({ packed.constData(), static_cast<std::size_t>(packed.size()) });
-    for (int turn = 0; turn < 100; ++turn)
-        finishWorkers();
+    finishAllWork();
     EXPECT_EQ(m_doneCount, 0);
     reading->finish();
     EXPECT_EQ(m_done.get_future().get(), QStringList(QStringLiteral("a")));
@@ -70,13 +87,7 @@ TEST_F(TheEndOfReading, isNotToldOnceItIsDropped)
 {
     auto reading = makeReading(Compression::None);
     reading->receive("Package: a\n\n");
-    std::promise<void> mayGoOn;
-    m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
-    reading->finish();
-    reading.reset();
-    mayGoOn.set_value();
-    for (int turn = 0; turn < 100; ++turn)
-        finishWorkers();
+    finishAndDrop(std::move(reading));
     EXPECT_EQ(m_doneCount, 0);
 }
 
@@ -85,15 +96,8 @@ TEST_F(TheEndOfReading, isNotToldOnceItIsDroppedThoughAllHadBeenRead)
     auto reading = makeReading(Compression::Gzip);
     const QByteArray packed = gzipped(stanza("a"));
     reading->receive({ packed.constData(), static_cast<std::size_t>(packed.size()) });
-    for (int turn = 0; turn < 100; ++turn)
-        finishWorkers();
-    std::promise<void> mayGoOn;
-    m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
-    reading->finish();
-    reading.reset();
-    mayGoOn.set_value();
-    for (int turn = 0; turn < 100; ++turn)
-        finishWorkers();
+    finishAllWork();
+    finishAndDrop(std::move(reading));
     EXPECT_EQ(m_doneCount, 0);
 }
 
@@ -107,8 +111,7 @@ TEST_F(TheEndOfReading, isNotToldOnceAStopIsAskedFor)
     reading->finish();
     m_stop.request_stop();
     mayGoOn.set_value();
-    for (int turn = 0; turn < 100; ++turn)
-        finishWorkers();
+    finishAllWork();
     EXPECT_EQ(m_doneCount, 0);
 }
 
@@ -118,8 +121,7 @@ TEST_F(TheEndOfReading, isNotToldWhenTheStopWasAskedForBefore)
     const auto reading = makeReading(Compression::None);
     reading->receive("Package: a\n\n");
     reading->finish();
-    for (int turn = 0; turn < 100; ++turn)
-        finishWorkers();
+    finishAllWork();
     EXPECT_EQ(m_doneCount, 0);
 }
 

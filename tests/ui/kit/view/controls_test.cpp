@@ -8,7 +8,19 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+namespace {
+
+// That a new view is like another one until that is changed.
+template <class Kind> void expectUnlike(void (*change)(Kind&))
+{
+    Kind view;
+    Kind other;
+    EXPECT_TRUE(view.isLike(other));
+    change(other);
+    EXPECT_FALSE(view.isLike(other));
+}
+
+} // namespace
 
 TEST(RefreshControl, showsThatItRefreshesWithoutCallingTheAction)
 {
@@ -96,37 +108,25 @@ TEST(Button, isAsLargeAsItsTitleAndInsets)
 
 TEST(Label, isLikeAnotherUnlessItIsDrawnInAnotherWay)
 {
-    const auto expectUnlike = [](const std::function<void(kit::Label&)>& change) {
-        kit::Label label;
-        kit::Label other;
-        EXPECT_TRUE(label.isLike(other));
-        change(other);
-        EXPECT_FALSE(label.isLike(other));
-    };
-    expectUnlike([](kit::Label& label) { label.setText(QStringLiteral("Text")); });
-    expectUnlike([](kit::Label& label) { label.setFont(kit::Font::boldSystemFont(17)); });
-    expectUnlike([](kit::Label& label) { label.setTextColor(kit::Color::white()); });
-    expectUnlike([](kit::Label& label) { label.setTextAlignment(Qt::AlignRight); });
-    expectUnlike([](kit::Label& label) { label.setNumberOfLines(2); });
-    expectUnlike([](kit::Label& label) { label.setAdjustsFontSizeToFitWidth(true); });
-    expectUnlike([](kit::Label& label) { label.setShadow(kit::Label::Shadow::Below, {}); });
-    expectUnlike([](kit::Label& label) { label.setShadow(kit::Label::Shadow::None, kit::Color::black()); });
-    expectUnlike([](kit::Label& label) { label.setHidden(true); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setText(QStringLiteral("Text")); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setFont(kit::Font::boldSystemFont(17)); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setTextColor(kit::Color::white()); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setTextAlignment(Qt::AlignRight); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setNumberOfLines(2); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setAdjustsFontSizeToFitWidth(true); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setShadow(kit::Label::Shadow::Below, {}); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setShadow(kit::Label::Shadow::None, kit::Color::black()); });
+    expectUnlike<kit::Label>([](kit::Label& label) { label.setHidden(true); });
 }
 
 TEST(ImageView, isLikeAnotherUnlessItIsDrawnInAnotherWay)
 {
-    const auto expectUnlike = [](const std::function<void(kit::ImageView&)>& change) {
-        kit::ImageView view;
-        kit::ImageView other;
-        EXPECT_TRUE(view.isLike(other));
-        change(other);
-        EXPECT_FALSE(view.isLike(other));
-    };
-    expectUnlike([](kit::ImageView& view) { view.setImage(kit::Image::named(QStringLiteral("Homepage"))); });
-    expectUnlike([](kit::ImageView& view) { view.setContentMode(kit::ImageView::ContentMode::AspectFit); });
-    expectUnlike([](kit::ImageView& view) { view.setTintColor(kit::Color::white()); });
-    expectUnlike([](kit::ImageView& view) { view.setCornerRadius(7); });
+    expectUnlike<kit::ImageView>(
+        [](kit::ImageView& view) { view.setImage(kit::Image::named(QStringLiteral("Homepage"))); });
+    expectUnlike<kit::ImageView>(
+        [](kit::ImageView& view) { view.setContentMode(kit::ImageView::ContentMode::AspectFit); });
+    expectUnlike<kit::ImageView>([](kit::ImageView& view) { view.setTintColor(kit::Color::white()); });
+    expectUnlike<kit::ImageView>([](kit::ImageView& view) { view.setCornerRadius(7); });
 }
 
 TEST(Label, tellsNullFromEmpty)
