@@ -9,7 +9,8 @@ target_compile_options(vesk_warnings INTERFACE
 target_compile_definitions(vesk_warnings INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-# vesk_library(NAME SOURCES...): a static library with the tree's warnings. Includes name their folder from the root.
+# vesk_library(NAME SOURCES...): a static library with the tree's warnings. Includes name their folder from the root. Where a class
+# says Q_OBJECT, the target asks for AUTOMOC: looking for that where there is none takes as long as a small source.
 function(vesk_library name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PRIVATE vesk_warnings)
