@@ -24,3 +24,13 @@ function(vesk_repeatable_qml name)
   configure_file("${CMAKE_SOURCE_DIR}/cmake/qmlcachegen.in" "${program}" @ONLY USE_SOURCE_PERMISSIONS)
   set_target_properties(${name} PROPERTIES QT_QMLCACHEGEN_EXECUTABLE "${program}")
 endfunction()
+
+# What most sources include, precompiled once for a library and for whoever names that library after REUSE_FROM and is compiled
+# with the same options. Only what lies outside this tree stands here, so that no change of the tree compiles it anew; and a source
+# still includes all that it uses, since clang-tidy and the sanitizers read it without.
+set(vesk_precompiled_core <algorithm> <functional> <memory> <string> <vector> <QFile> <QObject> <QString> <QStringList>)
+set(vesk_precompiled_quick
+  <QGuiApplication> <QPainter> <QQmlEngine> <QQuickItem> <QQuickWindow> <QtQml/qqmlprivate.h> <QtQml/qqmlregistration.h>)
+set(vesk_precompiled_tests
+  <array> <atomic> <chrono> <future> <map> <mutex> <optional> <random> <stop_token> <thread> <QCoreApplication> <QDir>
+  <QProcess> <QSignalSpy> <QTcpServer> <QTcpSocket> <QTemporaryDir> <QTest> <gtest/gtest.h>)
