@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalog/query/ByteVector.h"
 #include "catalog/text/LowerCase.h"
 
 #include <algorithm>
@@ -38,9 +39,23 @@ public:
     std::size_t size() const { return m_pattern.size(); }
 
 private:
+    // One of those that are compared at many places at once. What is needed for that is made once: a search begins
+    // anew behind each hit.
+    struct Byte
+    {
+        std::size_t offset = 0;
+        ByteVector byte{};
+        // The bit that its capital letter lacks; none if it is no letter.
+        ByteVector capitalBit{};
+
+        // Of the patterns that begin at this place and the next ones.
+        ByteVector standsIn(const char* place) const { return (bytesAt(place + offset) | capitalBit) == byte; }
+    };
+    Byte byteAt(std::size_t offset) const;
+
     std::string_view m_pattern;
-    std::size_t m_rarest = 0;
-    std::size_t m_nextRarest = 0;
+    Byte m_rarest;
+    Byte m_nextRarest;
 };
 
 // Blocks of text are searched faster than they come from memory: what is about to be read is asked for ahead. Any
@@ -55,24 +70,20 @@ inline void prefetch(const char* place)
 template <class GoOnBehind>
 void findEach(std::string_view text, const BytePattern& pattern, const GoOnBehind& goOnBehind)
 {
-    constexpr std::size_t places = BytePattern::placesAtOnce;
     std::size_t from = 0;
     for (;;) {
         auto [begin, candidates] = pattern.nextCandidates(text, from);
         from = begin;
         if (candidates == 0)
             break;
-        std::size_t next = places;
-        while (candidates != 0) {
-            const auto offset = static_cast<std::size_t>(std::countr_zero(candidates));
-            candidates &= candidates - 1;
-            if (!pattern.isShort() && !pattern.standsAt(text.data() + begin + offset))
-                continue;
-            const std::size_t told = goOnBehind(begin + offset) - begin;
-            candidates = told < places ? candidates & (~std::uint64_t(0) << told) : 0;
-            next = told < places ? places : told;
+        from += BytePattern::placesAtOnce;
+        for (; candidates != 0; candidates &= candidates - 1) {
+            const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(candidates));
+            if (pattern.isShort() || pattern.standsAt(text.data() + place)) {
+                from = goOnBehind(place);
+                break;
+            }
         }
-        from += next;
     }
     while (from + pattern.size() <= text.size())
         from = pattern.standsAt(text.data() + from) ? goOnBehind(from) : from + 1;

@@ -37,7 +37,8 @@ SearchedTexts::Found SearchedTexts::recordsAt(std::size_t place, std::uint32_t f
     if (!record.sharesAuthor && place < (end = endOfText(end)))
         return foundFrom(
             number, [](const Record& each) { return each.sharesAuthor; }, end);
-    if (!record.sharesDescription && place < (end = endOfText(end)))
+    // Behind its author, what the next record does not share finds this one alone: where it ends need not be known.
+    if (!record.sharesDescription && m_records[number + 1].sharesDescription && place < (end = endOfText(end)))
         return foundFrom(
             number, [](const Record& each) { return each.sharesDescription; }, end);
     return { number, number, record.end };
