@@ -2,11 +2,13 @@
 #include "http/Client.h"
 #include "tests/catalog/CatalogFixture.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -165,6 +167,23 @@ TEST_F(JsonStore, keepsAnUnreadableFileBesideItselfBeforeWriting)
     }
 }
 
+TEST_F(JsonStore, numbersFromTwoOnTheFilesKeptInOneSecond)
+{
+    // The name without a number is taken, in whichever of the next seconds it will be.
+    constexpr int seconds = 300;
+    write("not JSON");
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    for (int second = 0; second < seconds; ++second) {
+        const QString stamp = now.addSecs(second).toString(QStringLiteral("yyyyMMdd'T'HHmmss"));
+        QFile taken(path() + QStringLiteral(".unreadable-") + stamp);
+        ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    }
+    ASSERT_TRUE(save(m_two));
+    const QStringList others = otherFiles().filter(QRegularExpression(QStringLiteral("-\\d{8}T\\d{6}-")));
+    ASSERT_EQ(others.size(), 1);
+    EXPECT_TRUE(others.first().endsWith(QStringLiteral("-2"))) << others.first().toStdString();
+}
+
 TEST_F(JsonStore, doesNotReadAHugeFileAndKeepsItBeside)
 {
     write("{}");
@@ -244,6 +263,22 @@ TEST_F(JsonStore, leavesNothingHalfWrittenBehind)
         ASSERT_TRUE(save(std::vector<StoredSource>(static_cast<std::size_t>(round), m_two[0])));
     EXPECT_TRUE(otherFiles().isEmpty());
     EXPECT_EQ(read()->size(), 19U);
+}
+
+TEST_F(JsonStore, keepsNoFileOpenAfterRemovingWhatWasAbandoned)
+{
+    const auto openFiles
+        = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::Files).size(); };
+    ASSERT_TRUE(save(m_two));
+    const qsizetype before = openFiles();
+    for (int round = 0; round < 5; ++round) {
+        QFile abandoned(path() + QStringLiteral(".new-") + QString::number(round));
+        ASSERT_TRUE(abandoned.open(QIODevice::WriteOnly));
+        abandoned.close();
+        ASSERT_TRUE(save(m_two));
+    }
+    EXPECT_EQ(openFiles(), before);
+    EXPECT_TRUE(otherFiles().isEmpty());
 }
 
 TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
