@@ -201,6 +201,32 @@ TEST_F(ChildProcess, inheritsWhatWasIgnoredFromTheStart)
     signal(SIGHUP, previousHangUp);
 }
 
+TEST_F(ChildProcess, inheritsOfNoSignalThatItCameToBeIgnored)
+{
+    for (const int number : { SIGHUP, SIGINT, SIGTERM, SIGRTMAX }) {
+        const auto previous = signal(number, SIG_DFL);
+        SignalDispositions::noteAtStart();
+        signal(number, SIG_IGN);
+        EXPECT_EQ(ignoredByChild() & maskOf(number), 0U) << number;
+        signal(number, previous);
+    }
+}
+
+TEST_F(ChildProcess, isTrueWhereNobodyMayAskHowChildrenEnd)
+{
+    const auto previous = signal(SIGCHLD, SIG_IGN);
+    SignalDispositions::noteAtStart();
+    EXPECT_TRUE(shell(QStringLiteral("exit 1")));
+    signal(SIGCHLD, previous);
+}
+
+TEST_F(ChildProcess, isNotStartedWithoutTheStandardInputThatItIsToHave)
+{
+    const QString out = path(QStringLiteral("out"));
+    EXPECT_FALSE(exitCodeOfChildProcess({ QStringLiteral("/usr/bin/touch"), out }, -1).has_value());
+    EXPECT_FALSE(QFile::exists(out));
+}
+
 TEST_F(ChildProcess, mayHaveOnlyAsManyFilesOpenAsTheProgramWasStartedWith)
 {
     rlimit low = limit();
