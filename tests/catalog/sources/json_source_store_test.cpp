@@ -300,6 +300,21 @@ TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
     EXPECT_FALSE(manager->repositories()[0]->lastRefresh().isValid());
 }
 
+TEST_F(JsonStore, writesAFileOfExactlyTheLargestSizeAndNoneBeyond)
+{
+    constexpr qsizetype largest = qsizetype(8) * 1024 * 1024;
+    ASSERT_TRUE(save({ m_two[1] }));
+    StoredSource wide = m_two[1];
+    wide.name = QString(largest - contents().size(), u'x');
+    EXPECT_TRUE(save({ wide }));
+    EXPECT_EQ(contents().size(), largest);
+    EXPECT_EQ(read(), std::vector{ wide });
+    StoredSource wider = wide;
+    wider.name += u'x';
+    EXPECT_FALSE(save({ wider }));
+    EXPECT_EQ(read(), std::vector{ wide });
+}
+
 TEST_F(JsonStore, readsAMillionEntriesAndWritesNoFileThatItWouldNotReadAgain)
 {
     constexpr qsizetype million = 1000000;
