@@ -61,7 +61,6 @@ private:
 std::vector<char*> nullTerminated(QList<QByteArray>& texts)
 {
     std::vector<char*> pointers;
-    pointers.reserve(static_cast<size_t>(texts.size()) + 1);
     for (QByteArray& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

@@ -48,6 +48,13 @@ TEST_F(DesktopURLOpener, knowsOnlySchemesThatHaveAHandler)
     EXPECT_EQ(probe({ QStringLiteral("can"), QString() }), QStringLiteral("no"));
 }
 
+TEST_F(DesktopURLOpener, takesNoLetterOfATextWithoutASchemeForOne)
+{
+    m_handlers.install({ QStringLiteral("z") });
+    EXPECT_EQ(probe({ QStringLiteral("can"), QStringLiteral("z:one") }), QStringLiteral("yes"));
+    EXPECT_EQ(probe({ QStringLiteral("can"), QStringLiteral("zbra") }), QStringLiteral("no"));
+}
+
 TEST_F(DesktopURLOpener, opensAPackageInTheFirstPackageManagerOnly)
 {
     m_handlers.install(

@@ -5,6 +5,38 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <limits>
+#include <pthread.h>
+
+namespace {
+
+// While it lives, no thread can be started: each is to have a larger stack than there is memory to address.
+class NoMoreThreads
+{
+public:
+    NoMoreThreads()
+    {
+        EXPECT_EQ(pthread_getattr_default_np(&m_before), 0);
+        pthread_attr_t larger = {};
+        EXPECT_EQ(pthread_getattr_default_np(&larger), 0);
+        EXPECT_EQ(pthread_attr_setstacksize(&larger, std::numeric_limits<std::size_t>::max() / 2), 0);
+        EXPECT_EQ(pthread_setattr_default_np(&larger), 0);
+        pthread_attr_destroy(&larger);
+    }
+    ~NoMoreThreads()
+    {
+        pthread_setattr_default_np(&m_before);
+        pthread_attr_destroy(&m_before);
+    }
+    NoMoreThreads(const NoMoreThreads&) = delete;
+    NoMoreThreads& operator=(const NoMoreThreads&) = delete;
+
+private:
+    pthread_attr_t m_before = {};
+};
+
+} // namespace
+
 TEST_F(QueueExecution, downloadsAndInstallsAnEntry)
 {
     const QueueEntryPtr entry = enqueueOffered(one);
@@ -86,6 +118,24 @@ TEST_F(QueueExecution, finishesAQueueOfCompleteEntriesWithoutTouchingThem)
     run();
     EXPECT_TRUE(server.requests().empty());
     EXPECT_TRUE(dpkgCalls().isEmpty());
+}
+
+TEST_F(QueueExecution, isOverWithItsEntriesAsTheyWereWhenNoThreadCanBeStartedAndRunsThemTheNextTime)
+{
+    const QueueEntryPtr entry = enqueueOffered(one);
+    const qint64 before = entry->status();
+    {
+        const NoMoreThreads noMoreThreads;
+        start();
+        EXPECT_EQ(completions, 0);
+        EXPECT_TRUE(installer->isInstalling());
+    }
+    ASSERT_TRUE(waitForCompletions(1));
+    EXPECT_FALSE(installer->isInstalling());
+    EXPECT_EQ(entry->status(), before);
+    EXPECT_TRUE(server.requests().empty());
+    run();
+    EXPECT_EQ(entry->status(), QueueStatusComplete);
 }
 
 TEST_F(QueueExecution, runsEntriesStrictlyInTheOrderOfTheQueue)

@@ -5,18 +5,26 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <pthread.h>
 #include <sched.h>
 #include <set>
+#include <string>
+#include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
+
+std::atomic<int> interruptions = 0;
 
 class PrivateDirectoryTest : public testing::Test
 {
@@ -74,6 +82,39 @@ protected:
         const auto directory = PrivateDirectory::open(path());
         const auto file = directory ? directory->makeFile() : nullptr;
         return file && file->write(bytes.constData(), bytes.size()) && file->moveTo(name);
+    }
+
+    // That of the open file of this name in the directory.
+    int descriptorOf(const QString& name) const
+    {
+        for (const int descriptor : openDescriptors())
+            if (QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(descriptor)) == path() + u'/' + name)
+                return descriptor;
+        return -1;
+    }
+
+    // Once the pipe is full, whoever writes to it is in the middle of a write.
+    static void interruptWhenFull(pthread_t writing, int pipe)
+    {
+        for (int there = 0; there < fcntl(pipe, F_GETPIPE_SZ);) {
+            ioctl(pipe, FIONREAD, &there);
+            std::this_thread::yield();
+        }
+        for (int expected = 1; expected <= 50; ++expected) {
+            pthread_kill(writing, SIGUSR1);
+            while (interruptions < expected)
+                std::this_thread::yield();
+        }
+    }
+
+    // Until its other end is closed.
+    static std::string allFrom(int pipe)
+    {
+        std::string bytes;
+        std::array<char, 4096> piece = {};
+        for (ssize_t count = 0; (count = read(pipe, piece.data(), piece.size())) > 0;)
+            bytes.append(piece.data(), static_cast<std::size_t>(count));
+        return bytes;
     }
 
     QTemporaryDir m_parent;
@@ -267,6 +308,50 @@ TEST_F(PrivateDirectoryTest, writesEachFileUnderANameOfItsOwnThatNobodyCanPredic
         EXPECT_GE(entries(path()).constFirst().size(), 24);
     }
     EXPECT_EQ(names.size(), 64U);
+}
+
+TEST_F(PrivateDirectoryTest, makesNoFileOnceItIsGone)
+{
+    const auto directory = PrivateDirectory::open(path());
+    ASSERT_TRUE(directory.has_value());
+    ASSERT_EQ(rmdir(path().toUtf8().constData()), 0);
+    EXPECT_EQ(directory->makeFile(), nullptr);
+}
+
+TEST_F(PrivateDirectoryTest, keepsAFileOfASingleByte)
+{
+    EXPECT_TRUE(store(QStringLiteral("archive"), "x"));
+    EXPECT_EQ(contents(path() + QStringLiteral("/archive")), "x");
+}
+
+// A pipe in the file's place is full at times, so that a write ends in its middle or before it has begun.
+TEST_F(PrivateDirectoryTest, writesEveryByteInItsOrderWhenSignalsInterruptIt)
+{
+    struct sigaction action = {};
+    struct sigaction previous = {};
+    action.sa_handler = [](int) { ++interruptions; };
+    ASSERT_EQ(sigaction(SIGUSR1, &action, &previous), 0);
+    const auto directory = PrivateDirectory::open(path());
+    const auto file = directory->makeFile();
+    std::array<int, 2> pipe = {};
+    ASSERT_EQ(pipe2(pipe.data(), O_CLOEXEC), 0);
+    ASSERT_GE(dup2(pipe[1], descriptorOf(entries(path()).constFirst())), 0);
+    close(pipe[1]);
+
+    std::string bytes(1000000, '\0');
+    for (std::size_t place = 0; place < bytes.size(); ++place)
+        bytes[place] = static_cast<char>(place % 251);
+    std::string received;
+    std::thread reader([&, writing = pthread_self()] {
+        interruptWhenFull(writing, pipe[0]);
+        received = allFrom(pipe[0]);
+    });
+    EXPECT_TRUE(file->write(bytes.data(), static_cast<qint64>(bytes.size())));
+    EXPECT_TRUE(file->moveTo(QStringLiteral("archive")));
+    reader.join();
+    close(pipe[0]);
+    sigaction(SIGUSR1, &previous, nullptr);
+    EXPECT_TRUE(received == bytes);
 }
 
 TEST_F(PrivateDirectoryTest, leavesNothingOfAFileThatGetsNoFinalName)

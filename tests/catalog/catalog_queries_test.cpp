@@ -170,6 +170,16 @@ TEST_F(CatalogQueries, seeWhatARefreshBringsAndDropsWhatItReplaces)
         QStringList({ QStringLiteral("Alphabet"), QStringLiteral("Dropped") }));
 }
 
+TEST_F(CatalogQueries, giveTheFirstByNameAnewWhenTheCatalogHasChanged)
+{
+    manager().packages().push_back(makePackage(QStringLiteral("b"), QStringLiteral("B")));
+    EXPECT_EQ(idsOf(manager().firstPackagesByName(1)), QStringList(QStringLiteral("b")));
+    manager().packages().push_back(makePackage(QStringLiteral("a"), QStringLiteral("A")));
+    EXPECT_EQ(idsOf(manager().firstPackagesByName(1)), QStringList(QStringLiteral("a")));
+    manager().packages().clear();
+    EXPECT_TRUE(manager().firstPackagesByName(1).empty());
+}
+
 TEST_F(CatalogQueries, findWhatIsInstalledInTheOrderOfNames)
 {
     for (const QString& name : { QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("A") })

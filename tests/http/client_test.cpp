@@ -237,6 +237,15 @@ TEST(ClientTest, shouldNotReadTheBodyOfAnAnswerThatIsNotWanted)
     }
 }
 
+TEST(ClientTest, shouldDeliverNothingOfAnAnswerWhoseLengthsContradictEachOther)
+{
+    const ScriptedServer server(ScriptedServer::answer(answerOf("body", "Content-Length: 2\r\n")));
+    GatheringReceiver receiver;
+    EXPECT_EQ(http::fetch(requestOf(Way::Archive, server.url()), receiver).failure, Failure::NoAnswer);
+    EXPECT_EQ(receiver.beginnings, 0);
+    EXPECT_EQ(receiver.body, "");
+}
+
 TEST(ClientTest, shouldDeliverAnEncodedBodyInSmallPieces)
 {
     const std::string body(1000000, 'x');

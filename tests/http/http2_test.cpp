@@ -1,10 +1,13 @@
 // HTTP/2 behaves as HTTP/1.1 does, whatever breaks.
 #include "tests/http/Encodings.h"
+#include "tests/http/Gate.h"
 #include "tests/http/Http2Frames.h"
 #include "tests/http/Ways.h"
 #include "tests/support/Packing.h"
 
 #include <gtest/gtest.h>
+
+#include <future>
 
 using http::Failure;
 using http2::After;
@@ -231,6 +234,36 @@ TEST_P(Http2Test, shouldComeToItsOutcome)
         EXPECT_EQ(answer.body, fault.body);
     }
     EXPECT_EQ(server.requests().size(), fault.name == "movedOn" ? 2 : 1) << "asked once and not again";
+}
+
+// Bytes for one exchange are no sign of life of another one on the same connection.
+TEST(Http2ConnectionTest, shouldGiveUpASilentExchangeBesideABusyOne)
+{
+    constexpr std::uint32_t silentStream = 1;
+    const TlsIdentity identity({ .protocols = TlsCertificate::Protocols::Http2 });
+    Gate asked;
+    const ScriptedServer server(http2::serving([&](ServerConnection& connection, std::uint32_t stream) {
+        asked.arrive();
+        if (stream == silentStream)
+            return After::GoOn;
+        connection.send(headers(stream, ok));
+        // Many times longer than the silent one is allowed to be.
+        for (int count = 0; count < 300; ++count)
+            connection.drip(data(stream, "x"), std::chrono::milliseconds(1));
+        connection.send(headers(silentStream, ok, End::Stream) + data(stream, "", End::Stream));
+        return After::GoOn;
+    }),
+        &identity);
+    http::Client client;
+    http::Request request = trusting(identity, Way::Index, server.url());
+    request.limits = smallAndImpatient();
+    std::promise<Failure> silent;
+    client.start(request, std::make_shared<GatheringReceiver>(),
+        [&](const http::Outcome& outcome) { silent.set_value(outcome.failure); });
+    asked.waitFor(1);
+    client.start(request, std::make_shared<GatheringReceiver>(), nullptr);
+    EXPECT_EQ(silent.get_future().get(), Failure::Silent);
+    EXPECT_EQ(server.connectionCount(), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(

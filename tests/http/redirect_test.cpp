@@ -160,6 +160,26 @@ TEST(RedirectTest, shouldNotReadAnEndlessBodyOfAnAnswerThatLeadsOn)
         EXPECT_EQ(ask(way, requestOf(way, server.url())).body, "body") << way;
 }
 
+TEST(RedirectTest, shouldStayOnAConnectionWhoseAnswerThatLeadsOnHasABodyOfSixteenKibibytesAndNoMore)
+{
+    constexpr std::size_t mostRead = 16384;
+    const TlsIdentity identity;
+    for (const std::size_t size : { mostRead, mostRead + 1 }) {
+        const std::string length = "Content-Length: " + std::to_string(size) + "\r\n\r\n";
+        const std::string moved = leadingTo("/target", length + std::string(size, 'x'));
+        const ScriptedServer server(
+            [&](ServerConnection& connection) {
+                for (std::string head; !(head = connection.readHead()).empty();)
+                    connection.send(pathOf(head) == "/target" ? answerOf("body") : moved);
+            },
+            &identity);
+        http::Request request = requestOf(Way::Index, server.url("/start"));
+        request.authorities = identity.authorities();
+        EXPECT_EQ(ask(Way::Index, request).body, "body") << size;
+        EXPECT_EQ(server.connectionCount(), size == mostRead ? 1 : 2) << size;
+    }
+}
+
 TEST(RedirectTest, shouldNotCountTheBodyOfAnAnswerThatLeadsOnToThatOfTheNext)
 {
     const ScriptedServer server(leading(leadingTo("/target", "Content-Length: 3\r\n\r\nfar")));

@@ -1,5 +1,6 @@
 // Whom a secure connection trusts, and what it is good for.
 #include "tests/http/Encodings.h"
+#include "tests/http/Fault.h"
 #include "tests/http/ScriptedServer.h"
 #include "tests/http/Ways.h"
 
@@ -102,6 +103,25 @@ TEST(TlsTest, shouldFailWhenTheServerIsSilentAsTLSBegins)
         http::Request request = requestOf(way, "https://127.0.0.1:" + std::to_string(server.port()) + "/");
         request.limits.inactivity = std::chrono::milliseconds(200);
         EXPECT_EQ(ask(way, request).outcome.failure, Failure::Silent) << way;
+    }
+}
+
+// The connection that led there stays open, and is silent meanwhile.
+TEST(TlsTest, shouldWaitForAHeaderLineThatComesSlowlyAlsoAfterARedirect)
+{
+    const TlsIdentity identity;
+    const std::string slowLine = "X-Long: " + std::string(100, 'x') + "\r\n";
+    const ScriptedServer slow(
+        [&](ServerConnection& connection) {
+            connection.readHead();
+            connection.drip(answerOf("body", slowLine), std::chrono::milliseconds(5));
+        },
+        &identity);
+    const ScriptedServer first(silentAfter(leadingTo(slow.url())), &identity);
+    for (const ScriptedServer* server : { &slow, &first }) {
+        http::Request request = trusting(identity, Way::Index, server->url());
+        request.limits = impatient();
+        EXPECT_EQ(ask(Way::Index, request).body, "body");
     }
 }
 

@@ -57,6 +57,13 @@ protected:
         return contents(out).trimmed().toULongLong(nullptr, 16);
     }
 
+    // Whether the thread of this process sleeps and no signal is on its way to it.
+    static bool isAtRest(pid_t thread)
+    {
+        const QByteArray status = contents(QStringLiteral("/proc/self/task/%1/status").arg(thread));
+        return status.contains("\nState:\tS") && status.contains("\nSigPnd:\t0000000000000000\n");
+    }
+
     // How many files a child may have open.
     rlim_t limitOfChild() const
     {
@@ -199,6 +206,64 @@ TEST_F(ChildProcess, inheritsWhatWasIgnoredFromTheStart)
     EXPECT_EQ(ignoredByChild() & maskOf(SIGHUP), maskOf(SIGHUP));
     signal(SIGPIPE, previousPipe);
     signal(SIGHUP, previousHangUp);
+}
+
+TEST_F(ChildProcess, inheritsOfNoSignalThatItCameToBeIgnored)
+{
+    for (const int number : { SIGHUP, SIGINT, SIGTERM, SIGRTMAX }) {
+        const auto previous = signal(number, SIG_DFL);
+        SignalDispositions::noteAtStart();
+        signal(number, SIG_IGN);
+        EXPECT_EQ(ignoredByChild() & maskOf(number), 0U) << number;
+        signal(number, previous);
+    }
+}
+
+TEST_F(ChildProcess, leavesCallsToGoOnThatSuchASignalComesInto)
+{
+    const auto previous = signal(SIGUSR2, SIG_DFL);
+    SignalDispositions::noteAtStart();
+    signal(SIGUSR2, SIG_IGN);
+    EXPECT_TRUE(shell(QStringLiteral("exit 0")));
+    int ends[2] = {};
+    ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+    std::atomic<pid_t> thread = 0;
+    std::atomic<bool> isOver = false;
+    ssize_t count = 0;
+    std::thread reading([&] {
+        char byte = 0;
+        thread = gettid();
+        count = read(ends[0], &byte, 1);
+        isOver = true;
+    });
+    const auto waitForRest = [&] {
+        while (!isOver && (thread == 0 || !isAtRest(thread)))
+            std::this_thread::yield();
+    };
+    waitForRest();
+    pthread_kill(reading.native_handle(), SIGUSR2);
+    waitForRest();
+    EXPECT_EQ(write(ends[1], "x", 1), 1);
+    reading.join();
+    EXPECT_EQ(count, 1);
+    close(ends[0]);
+    close(ends[1]);
+    signal(SIGUSR2, previous);
+}
+
+TEST_F(ChildProcess, isTrueWhereNobodyMayAskHowChildrenEnd)
+{
+    const auto previous = signal(SIGCHLD, SIG_IGN);
+    SignalDispositions::noteAtStart();
+    EXPECT_TRUE(shell(QStringLiteral("exit 1")));
+    signal(SIGCHLD, previous);
+}
+
+TEST_F(ChildProcess, isNotStartedWithoutTheStandardInputThatItIsToHave)
+{
+    const QString out = path(QStringLiteral("out"));
+    EXPECT_FALSE(exitCodeOfChildProcess({ QStringLiteral("/usr/bin/touch"), out }, -1).has_value());
+    EXPECT_FALSE(QFile::exists(out));
 }
 
 TEST_F(ChildProcess, mayHaveOnlyAsManyFilesOpenAsTheProgramWasStartedWith)

@@ -96,6 +96,24 @@ TEST(DpkgStatus, takesTheFirstStanzaOfAPackage)
     EXPECT_EQ(versionIn("Package: a\nVersion: 1\n\nPackage: a\nVersion: 2\n", "a"), "1");
 }
 
+TEST(DpkgStatus, takesTheFirstStanzaOfEachOfManyPackagesThatComeAgain)
+{
+    constexpr int packageCount = 3000;
+    QByteArray status;
+    for (int number = 0; number < packageCount; ++number)
+        for (const char* version : { "1", "2", "3" })
+            status += "Package: p" + QByteArray::number(number) + "\nVersion: " + version + "\n\n";
+    const DpkgStatus snapshot = DpkgStatus::fromBytes(status);
+    for (int number = 0; number < packageCount; ++number)
+        EXPECT_EQ(snapshot.versionOf(("p" + QByteArray::number(number)).toStdString()), "1") << number;
+}
+
+TEST(DpkgStatus, takesAFieldOfNothingButBlanksForAnEmptyOne)
+{
+    EXPECT_EQ(versionIn("Package: a\nVersion: \t \n", "a"), "");
+    EXPECT_EQ(versionIn("Package: \t \nVersion: 1\n", ""), "1");
+}
+
 TEST(DpkgStatus, takesTheLastOfSeveralFieldsInAStanza)
 {
     const QByteArray status = "Package: a\nVersion: 1\nPackage: b\nVersion: 2\n";

@@ -1,3 +1,5 @@
+#include "catalog/sources/SourceRequest.h"
+#include "http/Fetch.h"
 #include "tests/catalog/CatalogFixture.h"
 
 #include <QElapsedTimer>
@@ -323,6 +325,26 @@ TEST_F(IndexDownloading, givesUpABodyThatComesTooSlowly)
 TEST_F(IndexDownloading, waitsTwentySecondsForASilentServerUnlessToldOtherwise)
 {
     EXPECT_EQ(CatalogWorld().indexRequest.limits.inactivity, std::chrono::seconds(20));
+}
+
+TEST_F(IndexDownloading, refusesByItsToldLengthWhatIsLargerThan256Mebibytes)
+{
+    constexpr qint64 largest = qint64(256) * 1024 * 1024;
+    struct : http::Receiver
+    {
+        bool begin(int /*status*/) override { return true; }
+        bool receive(std::string_view /*piece*/) override { return true; }
+    } receiver;
+    const auto failureAt = [&](qint64 length) {
+        LoopbackServer::Reply reply;
+        reply.declaredLength = length;
+        reply.ending = LoopbackServer::Ending::Close;
+        m_server.setReply("/large", reply);
+        const QUrl url(m_server.url(QStringLiteral("/large")));
+        return http::fetch(aimedAt(CatalogWorld::standardIndexRequest(), url), receiver).failure;
+    };
+    EXPECT_EQ(failureAt(largest), http::Failure::BrokenBody);
+    EXPECT_EQ(failureAt(largest + 1), http::Failure::TooLarge);
 }
 
 TEST_F(IndexDownloading, readsBytesThatAreNotUtf8AsLatin1)

@@ -76,6 +76,15 @@ TEST(SearchText, lowerCasesEveryCharacterAsQtDoesWhereverThePiecesAreCut)
         EXPECT_EQ(SearchText::folded(QString(shift, u'a') + all), QByteArray(shift, 'a') + expected) << shift;
 }
 
+TEST(SearchText, lowerCasesACharacterWhereverItStandsBetweenOrdinaryLetters)
+{
+    const QString wide = QString::fromUtf8("\xf0\x90\x90\x80");
+    for (qsizetype before = 250; before < 260; ++before) {
+        const QString text = QString(before, u'a') + wide + QString(before, u'b');
+        EXPECT_EQ(SearchText::folded(text), text.toLower().toUtf8()) << before;
+    }
+}
+
 TEST(SearchText, lowerCasesLettersThatGrowInLinearTime)
 {
     // Each of these letters becomes two: to move the rest of the text for every one would take many minutes.

@@ -2,11 +2,13 @@
 #include "http/Client.h"
 #include "tests/catalog/CatalogFixture.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -165,6 +167,23 @@ TEST_F(JsonStore, keepsAnUnreadableFileBesideItselfBeforeWriting)
     }
 }
 
+TEST_F(JsonStore, numbersFromTwoOnTheFilesKeptInOneSecond)
+{
+    // The name without a number is taken, in whichever of the next seconds it will be.
+    constexpr int seconds = 300;
+    write("not JSON");
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    for (int second = 0; second < seconds; ++second) {
+        const QString stamp = now.addSecs(second).toString(QStringLiteral("yyyyMMdd'T'HHmmss"));
+        QFile taken(path() + QStringLiteral(".unreadable-") + stamp);
+        ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    }
+    ASSERT_TRUE(save(m_two));
+    const QStringList others = otherFiles().filter(QRegularExpression(QStringLiteral("-\\d{8}T\\d{6}-")));
+    ASSERT_EQ(others.size(), 1);
+    EXPECT_TRUE(others.first().endsWith(QStringLiteral("-2"))) << others.first().toStdString();
+}
+
 TEST_F(JsonStore, doesNotReadAHugeFileAndKeepsItBeside)
 {
     write("{}");
@@ -246,6 +265,22 @@ TEST_F(JsonStore, leavesNothingHalfWrittenBehind)
     EXPECT_EQ(read()->size(), 19U);
 }
 
+TEST_F(JsonStore, keepsNoFileOpenAfterRemovingWhatWasAbandoned)
+{
+    const auto openFiles
+        = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::Files).size(); };
+    ASSERT_TRUE(save(m_two));
+    const qsizetype before = openFiles();
+    for (int round = 0; round < 5; ++round) {
+        QFile abandoned(path() + QStringLiteral(".new-") + QString::number(round));
+        ASSERT_TRUE(abandoned.open(QIODevice::WriteOnly));
+        abandoned.close();
+        ASSERT_TRUE(save(m_two));
+    }
+    EXPECT_EQ(openFiles(), before);
+    EXPECT_TRUE(otherFiles().isEmpty());
+}
+
 TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
 {
     const auto restart = [this] {
@@ -263,6 +298,21 @@ TEST_F(JsonStore, bringsAnEditBackAfterARestartOfTheManager)
     EXPECT_FALSE(manager->repositories()[0]->enabled());
     EXPECT_TRUE(manager->repositories()[1]->enabled());
     EXPECT_FALSE(manager->repositories()[0]->lastRefresh().isValid());
+}
+
+TEST_F(JsonStore, writesAFileOfExactlyTheLargestSizeAndNoneBeyond)
+{
+    constexpr qsizetype largest = qsizetype(8) * 1024 * 1024;
+    ASSERT_TRUE(save({ m_two[1] }));
+    StoredSource wide = m_two[1];
+    wide.name = QString(largest - contents().size(), u'x');
+    EXPECT_TRUE(save({ wide }));
+    EXPECT_EQ(contents().size(), largest);
+    EXPECT_EQ(read(), std::vector{ wide });
+    StoredSource wider = wide;
+    wider.name += u'x';
+    EXPECT_FALSE(save({ wider }));
+    EXPECT_EQ(read(), std::vector{ wide });
 }
 
 TEST_F(JsonStore, readsAMillionEntriesAndWritesNoFileThatItWouldNotReadAgain)

@@ -160,13 +160,23 @@ TEST_F(StoreOnAFaultyDisk, doesNotEmptyTheFileWhenASwitchIsTouchedWhileTheDiskIs
 
 TEST_F(StoreOnAFaultyDisk, writesAndReadsInPiecesAndAfterInterruptions)
 {
-    m_disk->largestPiece = 3;
-    m_disk->interruptions = 2;
-    const auto slow = store();
-    ASSERT_TRUE(slow->setSources(m_new));
-    m_disk->interruptions = 2;
-    EXPECT_EQ(slow->sources(), m_new);
-    EXPECT_EQ(JsonSourceStore(path()).sources(), m_new);
+    for (const std::size_t piece : { 1U, 3U }) {
+        m_disk->largestPiece = piece;
+        m_disk->interruptions = 2;
+        const auto slow = store();
+        ASSERT_TRUE(slow->setSources(m_new)) << piece;
+        m_disk->interruptions = 2;
+        EXPECT_EQ(slow->sources(), m_new) << piece;
+        EXPECT_EQ(JsonSourceStore(path()).sources(), m_new) << piece;
+    }
+}
+
+TEST_F(StoreOnAFaultyDisk, saysSoWhenItTakesNotASingleByte)
+{
+    ASSERT_TRUE(QFile::remove(path()));
+    m_disk->largestPiece = 0;
+    EXPECT_FALSE(store()->setSources(m_new));
+    EXPECT_TRUE(filesThere().isEmpty());
 }
 
 TEST_F(StoreOnAFaultyDisk, takesAFileThatCannotBeReadForNoDamage)
@@ -256,13 +266,18 @@ TEST_F(StoreOnAFaultyDisk, writesNothingOverADamagedFileThatCannotMakeWay)
 
 TEST_F(StoreOnAFaultyDisk, keepsThePermissionsOfTheFile)
 {
-    ASSERT_EQ(::chmod(QFile::encodeName(path()).constData(), 0640), 0);
-    ASSERT_TRUE(store()->setSources(m_new));
-    struct stat status
-    {
-    };
-    ASSERT_EQ(::stat(QFile::encodeName(path()).constData(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+    // The second one is wider than what new files are given.
+    const mode_t mask = ::umask(027);
+    for (const mode_t mode : { 0640U, 0666U }) {
+        ASSERT_EQ(::chmod(QFile::encodeName(path()).constData(), mode), 0);
+        EXPECT_TRUE(store()->setSources(m_new));
+        struct stat status
+        {
+        };
+        ASSERT_EQ(::stat(QFile::encodeName(path()).constData(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, mode);
+    }
+    ::umask(mask);
 }
 
 TEST_F(StoreOnAFaultyDisk, readsAFileOfExactlyTheLargestSizeAndNoneBeyond)

@@ -76,6 +76,15 @@ TEST(FirstBytes, endBetweenTwoCharacters)
         EXPECT_EQ(firstBytes(text, count), text.substr(0, ends[count])) << count;
 }
 
+TEST(FirstBytes, areNoneOfAFirstCharacterThatIsLarger)
+{
+    const std::string text = "\xe2\x82\xac\xc3\xa9";
+    const std::vector<std::size_t> ends{ 0, 0, 0, 3, 3, 5 };
+    for (std::size_t count = 0; count < ends.size(); ++count)
+        EXPECT_EQ(firstBytes(text, count), text.substr(0, ends[count])) << count;
+    EXPECT_EQ(firstBytes("\x82\x82\x82", 2), "") << "nor of what begins within a character";
+}
+
 TEST(TrimmedUtf8, takesAwayTheSameWhiteSpaceAsForAnyText)
 {
     for (char16_t code = 1; code < 0xd800; ++code) {
