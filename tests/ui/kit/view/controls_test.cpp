@@ -90,6 +90,17 @@ TEST(Button, callsItsActionUnlessItIsDisabled)
     EXPECT_EQ(presses, 1);
 }
 
+TEST(Button, tellsOnceThatItWasDisabled)
+{
+    kit::Button button;
+    const QSignalSpy changed(&button, &kit::Button::buttonChanged);
+    button.setEnabled(true);
+    EXPECT_EQ(changed.count(), 0);
+    button.setEnabled(false);
+    button.setEnabled(false);
+    EXPECT_EQ(changed.count(), 1);
+}
+
 TEST(Button, isAsLargeAsItsTitleAndInsets)
 {
     kit::Button button;
