@@ -140,6 +140,18 @@ TEST(ImageView, isLikeAnotherUnlessItIsDrawnInAnotherWay)
     expectUnlike<kit::ImageView>([](kit::ImageView& view) { view.setCornerRadius(7); });
 }
 
+TEST(ImageView, tellsOnceOfEachChangeOfItsLook)
+{
+    kit::ImageView view;
+    const QSignalSpy changed(&view, &kit::ImageView::imageChanged);
+    for (int time = 0; time < 2; ++time) {
+        view.setImage(kit::Image::named(QStringLiteral("Homepage")));
+        view.setContentMode(kit::ImageView::ContentMode::AspectFit);
+        view.setTintColor(kit::Color::white());
+    }
+    EXPECT_EQ(changed.count(), 3);
+}
+
 TEST(Label, tellsNullFromEmpty)
 {
     kit::Label label;
