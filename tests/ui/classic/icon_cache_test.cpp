@@ -60,6 +60,13 @@ TEST(IconCache, countsTheTextsOfItsEntries)
     EXPECT_FALSE(cache.image(QStringLiteral("a")).isNull());
 }
 
+TEST(IconCache, countsWhatAnEntryHoldsBesideItsPixelsAndItsText)
+{
+    IconCache cache(qsizetype(50) * 50 * 4 + 2);
+    cache.insert(QStringLiteral("a"), icon());
+    EXPECT_TRUE(cache.image(QStringLiteral("a")).isNull());
+}
+
 // Half of the threads do nothing but insert: two at once would tear its list of what was used last.
 TEST(IconCache, isSafeToFillFromSeveralThreads)
 {

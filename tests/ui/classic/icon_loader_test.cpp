@@ -10,21 +10,25 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stop_token>
+#include <vector>
 
 namespace {
 
 constexpr int generousMilliseconds = 20000;
 
-// The real network, with a count of what is asked of it.
+// The real network, with a count of what is asked of it and what tells whether it is still wanted.
 class CountingNetwork : public http::Client
 {
 public:
     int requests = 0;
+    std::vector<std::stop_token> stops;
 
     void start(const http::Request& request, std::shared_ptr<http::Receiver> receiver, Done done,
         std::stop_token stop) override
     {
         ++requests;
+        stops.push_back(stop);
         http::Client::start(request, std::move(receiver), std::move(done), std::move(stop));
     }
 };
@@ -256,6 +260,20 @@ TEST_F(Loader, triesAgainAfterAFailure)
     EXPECT_EQ(network.requests, 2);
 }
 
+TEST_F(Loader, triesAgainAfterAFailureWhileAnotherViewWaitsForItsIcon)
+{
+    server.setReply("/icon.png", { .body = "this is no picture" });
+    loadAndWait(QStringLiteral("/icon.png"));
+    server.setReply("/late.png", { .timing = LoopbackServer::Timing::Held });
+    kit::ImageView other;
+    load(server.url(QStringLiteral("/late.png")), other);
+    server.serve("/icon.png", pngOf(Qt::red));
+    load(server.url(QStringLiteral("/icon.png")), view);
+    ASSERT_EQ(network.requests, 3);
+    waitFor(2);
+    EXPECT_EQ(colorOf(view), QColor(Qt::red));
+}
+
 // What counts is the body, not the status.
 TEST_F(Loader, showsAPictureThatCameWithAnErrorStatus)
 {
@@ -349,6 +367,7 @@ TEST_F(Loader, canGoAwayDuringDownloadsAndDecodings)
     load(server.url(QStringLiteral("/held.png")), other);
     ASSERT_TRUE(QTest::qWaitFor([&] { return server.requests().size() == 2; }, generousMilliseconds));
     loader.reset();
+    EXPECT_TRUE(network.stops.back().stop_requested());
     server.release("/held.png");
     QCoreApplication::processEvents();
     EXPECT_TRUE(isEmpty());

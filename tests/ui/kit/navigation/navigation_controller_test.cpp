@@ -277,6 +277,7 @@ TEST_F(NavigationControllerTest, goesBackAfterThePushInWhichAScreenAskedForIt)
         (QStringList{ QStringLiteral("second will disappear"), QStringLiteral("root will appear"),
             QStringLiteral("second did disappear"), QStringLiteral("root did appear") }));
     EXPECT_EQ(stack.pageModel()->rowCount(), 1);
+    EXPECT_EQ(stack.progress(), 1) << "the root stands where it belongs";
 }
 
 TEST_F(NavigationControllerTest, deletesAScreenThatPushesAnotherAsItGoes)

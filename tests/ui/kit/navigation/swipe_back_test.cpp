@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QVariantAnimation>
 
 #include <gtest/gtest.h>
 
@@ -111,6 +112,10 @@ TEST_F(SwipeBack, followsAFlickWhicheverWayItGoes)
     EXPECT_EQ(stack.topViewController(), page);
     stack.beginSwipeBack();
     stack.moveSwipeBack(0.2);
+    stack.endSwipeBack(1);
+    EXPECT_EQ(stack.topViewController(), page) << "which was too slow";
+    stack.beginSwipeBack();
+    stack.moveSwipeBack(0.2);
     stack.endSwipeBack(3);
     EXPECT_NE(stack.topViewController(), page);
 }
@@ -131,6 +136,24 @@ TEST_F(SwipeBack, letsThePageGoOnFromWhereItIs)
     EXPECT_FALSE(stack.isTransitioning());
     EXPECT_GE(least, 0.6);
     EXPECT_EQ(stack.progress(), 1);
+}
+
+// What began later is over later, however the two are drawn.
+TEST_F(SwipeBack, takesNoLongerForTheRestOfTheWayThanForAllOfIt)
+{
+    kit::Animations::setEnabled(true);
+    stack.beginSwipeBack();
+    stack.moveSwipeBack(0.6);
+    stack.endSwipeBack(0);
+    QVariantAnimation whole;
+    whole.setStartValue(0.0);
+    whole.setEndValue(1.0);
+    whole.setDuration(kit::Animations::duration(kit::Animations::Push));
+    QSignalSpy ended(&whole, &QVariantAnimation::finished);
+    whole.start();
+    ASSERT_TRUE(stack.isTransitioning());
+    ASSERT_TRUE(ended.wait());
+    EXPECT_FALSE(stack.isTransitioning());
 }
 
 TEST_F(SwipeBack, bringsThePageBackFromWhereItIs)
@@ -157,8 +180,10 @@ TEST_F(SwipeBack, isNotThereOnTheRoot)
     EXPECT_FALSE(stack.beginSwipeBack());
     stack.moveSwipeBack(0.9);
     stack.endSwipeBack(9);
+    stack.endSwipeBack(-9);
     EXPECT_TRUE(moments.isEmpty());
     EXPECT_EQ(stack.progress(), 1);
+    EXPECT_EQ(stack.viewControllers().size(), 1U);
 }
 
 TEST_F(SwipeBack, isNotThereDuringATransitionOrASecondTime)

@@ -202,6 +202,22 @@ TEST_F(TabBarControllerTest, canBeLeftWithoutTabs)
     tabs.endDisappearance();
 }
 
+TEST_F(TabBarControllerTest, tellsThatNoTabIsSelectedAnyMore)
+{
+    const QSignalSpy changed(&tabs, &kit::TabBarController::selectedIndexChanged);
+    tabs.setViewControllers({});
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(TabBarControllerTest, tellsHowMuchOfItIsCoveredBelow)
+{
+    show();
+    const QSignalSpy changed(&tabs, &kit::TabBarController::heightBelowChanged);
+    tabs.setCoveredBelow(200);
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(first->view()->frame(), QRectF(0, 0, 320, 400));
+}
+
 TEST(EmptyTabBarController, hasNothingSelected)
 {
     kit::TabBarController tabs;

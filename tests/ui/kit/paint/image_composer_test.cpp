@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using Mode = kit::ImageLook::Mode;
@@ -89,6 +91,22 @@ TEST(ImageComposer, stretchesTheFirstCapOverTheMiddleWhereTheCapsMeet)
         EXPECT_EQ(picture.pixelColor(x, 2), QColor(x < 54 ? Qt::red : Qt::blue)) << x;
 }
 
+TEST(ImageComposer, fillsTheMiddleWithTheOnePixelBesideItWhereTheCapsMeet)
+{
+    constexpr int Side = 12;
+    QImage pixels(Side, 1, QImage::Format_ARGB32);
+    for (int x = 0; x < Side; ++x)
+        pixels.setPixelColor(x, 0, QColor(20 * x, 0, 0));
+    for (const int before : { 0, 6 })
+        for (const auto mode : { kit::Image::ResizingMode::Stretch, kit::Image::ResizingMode::Tile }) {
+            const int after = Side - before;
+            const kit::Image image = imageOf(pixels).resizable({ 0, double(before), 0, double(after) }, mode);
+            const QImage picture = kit::ImageComposer::composed({ image, { 60, 1 }, 1, Mode::ScaleToFill, {}, 0 });
+            for (int x = before; x < 60 - after; ++x)
+                EXPECT_EQ(picture.pixelColor(x, 0), QColor(20 * std::max(0, before - 1), 0, 0)) << before << ' ' << x;
+        }
+}
+
 TEST(ImageComposer, repeatsTheMiddleAndTheEdgesOfATiledPictureBetweenItsCaps)
 {
     QImage pixels(6, 6, QImage::Format_ARGB32);
@@ -121,6 +139,26 @@ TEST(ImageComposer, fillsATiledPictureAtAFractionalScaleAndWithCapsThatMeet)
                 for (int x = 0; x < 97; ++x)
                     ASSERT_EQ(picture.pixelColor(x, y), QColor(10, 120, 200))
                         << scale << ' ' << cap << ' ' << x << ' ' << y;
+        }
+}
+
+TEST(ImageComposer, makesTheTilesOfAPictureAsSmallAsTheScreensPixelsAre)
+{
+    // One pixel of four is black, and four make one of the screen: three quarters as light as white.
+    constexpr int Lightness = 191;
+    QImage pixels(10, 10, QImage::Format_ARGB32);
+    pixels.fill(Qt::white);
+    for (int y = 0; y < 10; y += 2)
+        for (int x = 0; x < 10; x += 2)
+            pixels.setPixelColor(x, y, Qt::black);
+    const kit::Image capped = imageOf(pixels, 2).resizable({ 2, 2, 2, 2 }, kit::Image::ResizingMode::Tile);
+    const QImage between = kit::ImageComposer::composed({ capped, { 16, 16 }, 1, Mode::ScaleToFill, {}, 0 });
+    const kit::Image whole = imageOf(pixels.copy(0, 0, 2, 2), 2);
+    const QImage everywhere = kit::ImageComposer::composed({ whole, { 16, 16 }, 1, Mode::Tile, {}, 0 });
+    for (int y = 2; y < 14; ++y)
+        for (int x = 2; x < 14; ++x) {
+            EXPECT_NEAR(between.pixelColor(x, y).lightness(), Lightness, 3) << x << ' ' << y;
+            EXPECT_NEAR(everywhere.pixelColor(x, y).lightness(), Lightness, 3) << x << ' ' << y;
         }
 }
 

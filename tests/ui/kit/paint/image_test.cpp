@@ -206,6 +206,7 @@ TEST(DecodedImage, scalesDownALargePicture)
     EXPECT_EQ(image.size(), QSizeF(512, 256));
     EXPECT_EQ(kit::Image::fromData(png(100, 50), 1, 10).size(), QSizeF(10, 5));
     EXPECT_EQ(kit::Image::fromData(png(4'096, 2), 1).size(), QSizeF(512, 1));
+    EXPECT_EQ(kit::Image::fromData(png(2, 4'096), 1).size(), QSizeF(1, 512));
 }
 
 TEST(DecodedImage, isNoneForAPictureThatIsADocument)

@@ -68,3 +68,14 @@ TEST(OpenRow, asksForNoDeletionOfARowThatCannotBeDeleted)
     world.table.openRow()->deleteRow(0, 1);
     EXPECT_TRUE(world.source.deleted.empty());
 }
+
+TEST(OpenRow, closesWhenARowIsDeletedUnderIt)
+{
+    TableWorld world({ 5 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRow()->open(0, 1);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 3 }, kit::TableView::Animation::None);
+    EXPECT_FALSE(world.table.openRow()->isOpen());
+}

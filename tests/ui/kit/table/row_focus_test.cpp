@@ -147,6 +147,51 @@ TEST(RowFocus, stepsToTheRowBeforeWhenTheLastIsDeleted)
     EXPECT_EQ(world.table.rowFocus()->row(), 1);
 }
 
+TEST(RowFocus, goesToTheRowThatTakesThePlaceOfADeletedOne)
+{
+    TableWorld world({ 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 2);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
+TEST(RowFocus, goesToTheOnlyRowThatIsLeftAndAwayWithThatToo)
+{
+    TableWorld world({ 2 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 1);
+    world.source.rows = { 1 };
+    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0);
+    world.source.rows = { 0 };
+    world.table.deleteRow({ 0, 0 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->section(), -1);
+    EXPECT_EQ(world.table.rowFocus()->row(), -1);
+}
+
+TEST(RowFocus, staysOnItsRowWhenOneOfAnotherSectionIsDeleted)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(1, 3);
+    world.source.rows = { 4, 5 };
+    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 3);
+}
+
+TEST(RowFocus, staysOnItsRowWhenOneBelowIsDeleted)
+{
+    TableWorld world({ 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 1);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 3 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.rowFocus()->row(), 1);
+}
+
 TEST(RowFocus, staysOnItsRowWhenOneAboveIsDeleted)
 {
     TableWorld world({ 5 });

@@ -280,3 +280,14 @@ TEST(TableViewCell, keepsEverythingButItsSelectionForItsNextRow)
     EXPECT_NE(cell.accessoryView(), nullptr);
     EXPECT_FALSE(cell.imageView()->image().isNull());
 }
+
+TEST(TableViewCell, goesOnFadingWhenItIsLetGoOfWithoutHavingBeenPressed)
+{
+    kit::TableViewCell cell(kit::TableViewCell::Style::Default, QStringLiteral("Cell"));
+    cell.setSelected(true, kit::TableViewCell::Fade::Immediately);
+    cell.setSelected(false, kit::TableViewCell::Fade::Animated);
+    cell.setPressed(false);
+    EXPECT_TRUE(cell.fadesSelection());
+    cell.setPressed(true);
+    EXPECT_FALSE(cell.fadesSelection());
+}

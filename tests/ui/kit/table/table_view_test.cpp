@@ -118,6 +118,8 @@ TEST(TableView, findsTheRowAtAPoint)
     world.show();
     EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 10, 10 }));
     EXPECT_EQ(world.table.indexPathForRowAtPoint({ 10, 90 }), (kit::IndexPath{ 0, 1 }));
+    EXPECT_EQ(world.table.indexPathForRowAtPoint({ 0, 90 }), (kit::IndexPath{ 0, 1 }));
+    EXPECT_EQ(world.table.indexPathForRowAtPoint({ 320, 90 }), (kit::IndexPath{ 0, 1 }));
     EXPECT_EQ(world.table.indexPathForRowAtPoint({ 319, 175 }), (kit::IndexPath{ 1, 0 }));
     EXPECT_FALSE(world.table.indexPathForRowAtPoint({ 321, 175 }));
     EXPECT_FALSE(world.table.indexPathForRowAtPoint({ -1, 175 }));
@@ -154,6 +156,7 @@ TEST(TableView, takesItsTableHeaderViewAndGivesUpTheOneBefore)
     world.table.setTableHeaderView(first);
     world.show();
     world.table.setTableHeaderView(nullptr);
+    EXPECT_FALSE(world.table.subviews().contains(first));
     deleteWhatIsToGo();
     EXPECT_TRUE(first.isNull());
     EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
@@ -177,6 +180,15 @@ TEST(TableView, showsMoreRowsWhenItGrows)
     EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 15U);
     world.table.setFrame({ 0, 0, 320, 60 });
     EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 1U);
+}
+
+TEST(TableView, scrollsByNoPageWithoutRows)
+{
+    TableWorld world({ 0 });
+    world.show();
+    world.table.scrollByPage(1);
+    world.table.scrollByPage(-1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
 }
 
 TEST(TableView, ownsItsRefreshControl)

@@ -176,6 +176,20 @@ TEST_F(TextScaleTest, shrinksATextToItsUsualSizeInAFrameThatIsTooLow)
     EXPECT_EQ(label.smallestFontSize(), 17);
 }
 
+TEST_F(TextScaleTest, keepsATextEnlargedInAFrameThatIsJustHighEnough)
+{
+    kit::TextScale::set(Largest);
+    kit::Label label({ 0, 0, 100, 100 });
+    label.setFont(kit::Font::boldSystemFont(17));
+    QFont least = label.shownFont();
+    least.setPixelSize(23);
+    const double needed = QFontMetricsF(least).height();
+    label.setFrame({ 0, 0, 100, needed });
+    EXPECT_EQ(label.smallestFontSize(), 23);
+    label.setFrame({ 0, 0, 100, needed - 0.5 });
+    EXPECT_EQ(label.smallestFontSize(), 17);
+}
+
 TEST_F(TextScaleTest, shrinksATextThatIsLittleEnlargedToItsUsualSize)
 {
     kit::TextScale::set(1.25);

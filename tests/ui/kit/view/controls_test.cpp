@@ -90,6 +90,17 @@ TEST(Button, callsItsActionUnlessItIsDisabled)
     EXPECT_EQ(presses, 1);
 }
 
+TEST(Button, tellsOnceThatItWasDisabled)
+{
+    kit::Button button;
+    const QSignalSpy changed(&button, &kit::Button::buttonChanged);
+    button.setEnabled(true);
+    EXPECT_EQ(changed.count(), 0);
+    button.setEnabled(false);
+    button.setEnabled(false);
+    EXPECT_EQ(changed.count(), 1);
+}
+
 TEST(Button, isAsLargeAsItsTitleAndInsets)
 {
     kit::Button button;
@@ -127,6 +138,18 @@ TEST(ImageView, isLikeAnotherUnlessItIsDrawnInAnotherWay)
         [](kit::ImageView& view) { view.setContentMode(kit::ImageView::ContentMode::AspectFit); });
     expectUnlike<kit::ImageView>([](kit::ImageView& view) { view.setTintColor(kit::Color::white()); });
     expectUnlike<kit::ImageView>([](kit::ImageView& view) { view.setCornerRadius(7); });
+}
+
+TEST(ImageView, tellsOnceOfEachChangeOfItsLook)
+{
+    kit::ImageView view;
+    const QSignalSpy changed(&view, &kit::ImageView::imageChanged);
+    for (int time = 0; time < 2; ++time) {
+        view.setImage(kit::Image::named(QStringLiteral("Homepage")));
+        view.setContentMode(kit::ImageView::ContentMode::AspectFit);
+        view.setTintColor(kit::Color::white());
+    }
+    EXPECT_EQ(changed.count(), 3);
 }
 
 TEST(Label, tellsNullFromEmpty)

@@ -99,3 +99,17 @@ TEST_F(Hover, followsTheRowsThatScrollUnderThePointer)
     one->tableView()->setContentOffset(30);
     EXPECT_NE(grabbed(), scrolled);
 }
+
+TEST_F(Hover, showsNothingUnderThePointerWhoseButtonHasClosedAnOpenRow)
+{
+    const QPoint row = middleOf({ 1, 3 }).toPoint();
+    one->tableView()->openRow()->open(0, 3);
+    grabbed();
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, { 195, 22 });
+    ASSERT_FALSE(one->tableView()->openRow()->isOpen());
+    pointAt(row);
+    EXPECT_FALSE(showsSomething());
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, row);
+    pointAt(row + QPoint(3, 0));
+    EXPECT_TRUE(showsSomething());
+}

@@ -35,6 +35,19 @@ protected:
         }
         return 0;
     }
+    int drawnItems() const
+    {
+        int count = 0;
+        std::vector<QQuickItem*> open{ quick()->contentItem() };
+        while (!open.empty()) {
+            const QQuickItem* const item = open.back();
+            open.pop_back();
+            ++count;
+            for (QQuickItem* child : item->childItems())
+                open.push_back(child);
+        }
+        return count;
+    }
 };
 
 } // namespace
@@ -96,4 +109,17 @@ TEST_F(Look, movesNothingAnyMoreWhenAPersonAsksForThat)
     grabbed();
     one->tableView()->refreshControl()->beginRefreshing();
     EXPECT_EQ(one->tableView()->contentOffset(), -60) << "at once";
+}
+
+TEST_F(Look, drawsNothingMoreOfAViewThatWasTakenAway)
+{
+    const int before = drawnItems();
+    kit::View& header = *one->tableView()->tableHeaderView();
+    const auto label = std::make_unique<kit::Label>(QRectF(10, 60, 100, 20));
+    header.addSubview(label.get());
+    grabbed();
+    EXPECT_GT(drawnItems(), before);
+    label->removeFromSuperview();
+    grabbed();
+    EXPECT_EQ(drawnItems(), before);
 }

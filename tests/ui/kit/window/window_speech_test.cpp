@@ -53,6 +53,27 @@ TEST_F(Speech, meetsNothingThatIsHidden)
     EXPECT_TRUE(namesIn(list).contains(QStringLiteral("Welcome")));
 }
 
+TEST_F(Speech, meetsNothingMoreOfWhatWasTakenAway)
+{
+    ASSERT_NE(accessible(QStringLiteral("Welcome")), nullptr);
+    table().setTableHeaderView(nullptr);
+    EXPECT_EQ(accessible(QStringLiteral("Welcome")), nullptr);
+}
+
+TEST_F(Speech, meetsWhatStandsAtOnePlaceInTheOrderInWhichItWasPutThere)
+{
+    const QStringList names{ QStringLiteral("Lowest"), QStringLiteral("Middle"), QStringLiteral("Topmost") };
+    for (const QString& name : names) {
+        auto* const label = new kit::Label({ 10, 60, 100, 20 });
+        label->setText(name);
+        table().tableHeaderView()->addSubview(label);
+    }
+    grabbed();
+    QStringList met = namesIn(accessible(QStringLiteral("Row 0.0"))->parent());
+    met.removeIf([&](const QString& name) { return !names.contains(name); });
+    EXPECT_EQ(met, names);
+}
+
 TEST_F(Speech, meetsTheListsPartsFromTopToBottom)
 {
     QAccessibleInterface* const list = accessible(QStringLiteral("Row 0.0"))->parent();
@@ -171,6 +192,60 @@ TEST_F(Speech, writesIntoAFieldByParts)
     text->deleteText(8, 11);
     EXPECT_EQ(written(field), QStringLiteral("https://"));
     EXPECT_TRUE(field->state().editable);
+}
+
+TEST_F(Speech, givesTheKeyboardToAField)
+{
+    QAccessibleInterface* const field = openField(QStringLiteral("text"));
+    press(Qt::Key_Tab);
+    ASSERT_FALSE(field->state().focused);
+    act(field, QStringLiteral("No such action"));
+    EXPECT_FALSE(field->state().focused);
+    act(field, QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(field->state().focused);
+}
+
+TEST_F(Speech, readsAFieldByParts)
+{
+    QAccessibleInterface* const field = openField(QStringLiteral("http://one"));
+    EXPECT_TRUE(field->state().selectableText);
+    EXPECT_FALSE(field->state().searchEdit);
+    QAccessibleTextInterface* const text = field->textInterface();
+    EXPECT_EQ(text->characterCount(), 10);
+    EXPECT_EQ(text->text(0, 4), QStringLiteral("http"));
+    EXPECT_EQ(text->text(2, 4), QStringLiteral("tp"));
+    EXPECT_EQ(text->text(7, 10), QStringLiteral("one"));
+}
+
+TEST_F(Speech, knowsOfOneSelectionInAFieldAtMost)
+{
+    QAccessibleTextInterface* const text = openField(QStringLiteral("http://one"))->textInterface();
+    text->setSelection(0, 7, 10);
+    text->setSelection(1, 0, 4);
+    text->removeSelection(1);
+    int begin = -1;
+    int end = -1;
+    text->selection(1, &begin, &end);
+    EXPECT_EQ(begin, 0);
+    EXPECT_EQ(end, 0);
+    text->selection(0, &begin, &end);
+    EXPECT_EQ(begin, 7);
+    EXPECT_EQ(end, 10);
+}
+
+TEST_F(Speech, findsTheLettersOfAFieldByTheirPlacesOnTheScreen)
+{
+    QAccessibleInterface* const field = openField(QStringLiteral("http://one"));
+    quick()->setPosition(40, 30);
+    ASSERT_TRUE(waitUntil([this] { return quick()->mapToGlobal(QPoint(0, 0)) == QPoint(40, 30); }));
+    QAccessibleTextInterface* const text = field->textInterface();
+    EXPECT_EQ(text->characterRect(0).left(), field->rect().left());
+    EXPECT_NEAR(text->characterRect(0).center().y(), field->rect().center().y(), 1);
+    const int middle = field->rect().center().y();
+    for (int place = 0; place < text->characterCount(); ++place)
+        EXPECT_EQ(text->offsetAtPoint({ text->characterRect(place).left(), middle }), place);
+    EXPECT_EQ(text->offsetAtPoint({ text->characterRect(3).left(), field->rect().bottom() + 9 }), -1) << "below it";
+    EXPECT_EQ(text->offsetAtPoint({ text->characterRect(10).left() + 1, middle }), -1) << "after the last letter";
 }
 
 TEST_F(Speech, writesNothingIntoAFieldThatIsOutOfReach)

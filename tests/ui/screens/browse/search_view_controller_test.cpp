@@ -268,4 +268,8 @@ TEST_F(SearchScreen, showsNothingInARowThatScrollsInAfterItsResultIsGone)
     ASSERT_NE(cell(0, 32), nullptr);
     EXPECT_EQ(cell(0, 32)->reuseIdentifier(), QStringLiteral("GoneCell"));
     EXPECT_TRUE(text(0, 32).isNull());
+    EXPECT_EQ(cell(0, 32)->accessoryType(), kit::TableViewCell::AccessoryType::None);
+    const auto* const background = qobject_cast<kit::ImageView*>(cell(0, 32)->backgroundView());
+    ASSERT_NE(background, nullptr) << "it is drawn as the rows around it are";
+    EXPECT_EQ(background->image(), ClassicUI::stretchableAsset(QStringLiteral("cellback1"), { 0, 12, 0, 12 }));
 }

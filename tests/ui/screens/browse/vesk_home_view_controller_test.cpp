@@ -244,6 +244,7 @@ TEST_F(HomeScreen, saysSoWhenThereAreNoCategoriesYet)
     EXPECT_EQ(screen->numberOfRowsInSection(Categories), 1);
     EXPECT_EQ(row->reuseIdentifier(), QStringLiteral("CategoryCell"));
     EXPECT_EQ(row->textLabel()->text(), QStringLiteral("No categories yet"));
+    EXPECT_EQ(row->textLabel()->textAlignment(), Qt::AlignLeft);
     EXPECT_EQ(row->accessoryType(), kit::TableViewCell::AccessoryType::None);
     delete row;
 }

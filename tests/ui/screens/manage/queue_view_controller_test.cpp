@@ -200,11 +200,13 @@ TEST_F(QueueScreen, reloadsTheWholeTableWhenAnEntryIsDeleted)
 
 TEST_F(QueueScreen, ignoresTheDeletionOfARowThatIsNotThere)
 {
-    enqueue(QStringLiteral("One"));
+    const QueueEntryPtr entry = enqueue(QStringLiteral("One"));
     auto* screen = show();
+    entry->setStatus(QueueStatusReady);
     screen->commitEditingStyle(kit::EditingStyle::Delete, { 0, 1 });
     screen->commitEditingStyle(kit::EditingStyle::Delete, { 0, -1 });
     EXPECT_EQ(installer->queue().size(), 1U);
+    EXPECT_EQ(detail(0, 0), withBullet("Install", "In Queue")) << "nothing was read anew";
 }
 
 TEST_F(QueueScreen, showsWhatWasQueuedElsewhereWhenItAppears)

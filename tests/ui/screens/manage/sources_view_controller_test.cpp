@@ -41,6 +41,17 @@ TEST_F(SourcesScreen, showsTheUsersSourcesInTheirOrder)
     EXPECT_EQ(background(2), ClassicUI::stretchableAsset(QStringLiteral("cellback1"), { 0, 12, 0, 12 }));
 }
 
+TEST_F(SourcesScreen, findsASourceByTheFirstLettersOfItsNameUnlessItIsGone)
+{
+    show();
+    table()->rowFocus()->type(QStringLiteral("th"));
+    EXPECT_EQ(table()->rowFocus()->row(), 2);
+    table()->rowFocus()->clear();
+    setSources({});
+    table()->rowFocus()->type(QStringLiteral("thr"));
+    EXPECT_EQ(table()->rowFocus()->row(), -1);
+}
+
 TEST_F(SourcesScreen, offersEveryBuiltInSourceWhenTheUserHasNone)
 {
     setSources({});
@@ -205,9 +216,13 @@ TEST_F(SourcesScreen, removesTheSwipedSourceWhileAnotherIsBeingAdded)
 
 TEST_F(SourcesScreen, offersNoDeleteOnAvailableSources)
 {
+    addPackage(QStringLiteral("Package"));
     auto* screen = show();
+    const int writes = store->writes;
     EXPECT_FALSE(table()->openRow()->canDelete(Available, 0));
     screen->commitEditingStyle(kit::EditingStyle::Delete, { Available, 0 });
+    EXPECT_EQ(manager->packages().size(), 1U);
+    EXPECT_EQ(store->writes, writes);
     EXPECT_EQ(manager->repositories().size(), 3U);
     EXPECT_EQ(table()->layout().rowCount(Available), 4);
 }

@@ -44,6 +44,16 @@ TEST_F(InstanceLockTest, isOneForAllNamesOfAFile)
     EXPECT_EQ(InstanceLock(other).acquire(), State::HeldByAnother);
 }
 
+TEST_F(InstanceLockTest, isOneForAllNamesOfADirectoryInWhichThereIsNoFileYet)
+{
+    const QString other = path(QStringLiteral("linked"));
+    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("real"))));
+    ASSERT_TRUE(QFile::link(path(QStringLiteral("real")), other));
+    const InstanceLock first(path(QStringLiteral("real/defaults.json")));
+    const InstanceLock second(other + QStringLiteral("/defaults.json"));
+    EXPECT_EQ(second.settingsFile(), first.settingsFile());
+}
+
 TEST_F(InstanceLockTest, makesNothingBehindALinkInItsPlace)
 {
     const QString victim = path(QStringLiteral("victim"));
