@@ -209,3 +209,15 @@ TEST(AlertController, outlivesItsSource)
     }
     EXPECT_TRUE(sheet.anchor().isEmpty());
 }
+
+TEST(AlertController, tellsOfEachActionAndEachFieldThatIsAdded)
+{
+    Alert alert;
+    const QSignalSpy changed(&alert, &kit::AlertController::contentChanged);
+    alert.add(QStringLiteral("OK"), Style::Default);
+    EXPECT_EQ(changed.size(), 1);
+    const kit::AlertTextField* const field = alert.addTextField();
+    EXPECT_EQ(changed.size(), 2);
+    EXPECT_EQ(alert.textFields().size(), 1);
+    EXPECT_EQ(alert.textFields().first(), field);
+}
