@@ -4,6 +4,26 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Where the focus is after that row was deleted, in a table of sections of so many rows.
+std::pair<int, int> focusAfterDeletion(
+    std::vector<int> rows, const kit::IndexPath& focused, const kit::IndexPath& deleted)
+{
+    TableWorld world(rows);
+    world.show();
+    world.table.rowFocus()->moveTo(focused.section, focused.row);
+    --rows[static_cast<std::size_t>(deleted.section)];
+    world.source.rows = rows;
+    world.table.deleteRow(deleted, kit::TableView::Animation::None);
+    return { world.table.rowFocus()->section(), world.table.rowFocus()->row() };
+}
+
+} // namespace
+
 TEST(RowFocus, beginsAtTheFirstVisibleRowOrTheLast)
 {
     TableWorld world({ 100 });
@@ -138,68 +158,33 @@ TEST(RowFocus, staysOverAReloadOnlyWhileItsRowIsThere)
 
 TEST(RowFocus, stepsToTheRowBeforeWhenTheLastIsDeleted)
 {
-    TableWorld world({ 3, 2 });
-    world.show();
-    world.table.rowFocus()->moveTo(0, 2);
-    world.source.rows = { 2, 2 };
-    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->section(), 0);
-    EXPECT_EQ(world.table.rowFocus()->row(), 1);
+    EXPECT_EQ(focusAfterDeletion({ 3, 2 }, { 0, 2 }, { 0, 2 }), std::pair(0, 1));
 }
 
 TEST(RowFocus, goesToTheRowThatTakesThePlaceOfADeletedOne)
 {
-    TableWorld world({ 5 });
-    world.show();
-    world.table.rowFocus()->moveTo(0, 2);
-    world.source.rows = { 4 };
-    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+    EXPECT_EQ(focusAfterDeletion({ 5 }, { 0, 2 }, { 0, 2 }), std::pair(0, 2));
 }
 
 TEST(RowFocus, goesToTheOnlyRowThatIsLeftAndAwayWithThatToo)
 {
-    TableWorld world({ 2 });
-    world.show();
-    world.table.rowFocus()->moveTo(0, 1);
-    world.source.rows = { 1 };
-    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->row(), 0);
-    world.source.rows = { 0 };
-    world.table.deleteRow({ 0, 0 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->section(), -1);
-    EXPECT_EQ(world.table.rowFocus()->row(), -1);
+    EXPECT_EQ(focusAfterDeletion({ 2 }, { 0, 1 }, { 0, 1 }), std::pair(0, 0));
+    EXPECT_EQ(focusAfterDeletion({ 1 }, { 0, 0 }, { 0, 0 }), std::pair(-1, -1));
 }
 
 TEST(RowFocus, staysOnItsRowWhenOneOfAnotherSectionIsDeleted)
 {
-    TableWorld world({ 5, 5 });
-    world.show();
-    world.table.rowFocus()->moveTo(1, 3);
-    world.source.rows = { 4, 5 };
-    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->section(), 1);
-    EXPECT_EQ(world.table.rowFocus()->row(), 3);
+    EXPECT_EQ(focusAfterDeletion({ 5, 5 }, { 1, 3 }, { 0, 1 }), std::pair(1, 3));
 }
 
 TEST(RowFocus, staysOnItsRowWhenOneBelowIsDeleted)
 {
-    TableWorld world({ 5 });
-    world.show();
-    world.table.rowFocus()->moveTo(0, 1);
-    world.source.rows = { 4 };
-    world.table.deleteRow({ 0, 3 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->row(), 1);
+    EXPECT_EQ(focusAfterDeletion({ 5 }, { 0, 1 }, { 0, 3 }), std::pair(0, 1));
 }
 
 TEST(RowFocus, staysOnItsRowWhenOneAboveIsDeleted)
 {
-    TableWorld world({ 5 });
-    world.show();
-    world.table.rowFocus()->moveTo(0, 3);
-    world.source.rows = { 4 };
-    world.table.deleteRow({ 0, 1 }, kit::TableView::Animation::None);
-    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+    EXPECT_EQ(focusAfterDeletion({ 5 }, { 0, 3 }, { 0, 1 }), std::pair(0, 2));
 }
 
 TEST(RowFocus, goesToEitherEndFromAnywhere)
