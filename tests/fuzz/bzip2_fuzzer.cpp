@@ -1,4 +1,4 @@
-// Any edits of a body of one block and of a body of many: what comes of blocks that are decompressed
+// Any edits of a body of one block and of bodies of many: what comes of blocks that are decompressed
 // one by one must be what the library makes of the whole.
 #include "catalog/decode/Bzip2Blocks.h"
 #include "catalog/text/TextDecoding.h"
@@ -26,29 +26,33 @@ void checkBlocks(const QByteArray& bytes)
     require(!isSound || !isComplete || text == plainlyDecoded(bytes, Compression::Bzip2).text);
 }
 
+// Of a block that leads out of itself the library gives as much as had filled the room for its text, so what comes of an
+// unsound body may break off sooner or later.
 void checkDecoder(const QByteArray& body, qsizetype pieceSize)
 {
     const PlainlyDecoded expected = plainlyDecoded(body, Compression::Bzip2);
     const Decoded decoded = decodeInPieces(body, Compression::Bzip2, [pieceSize] { return pieceSize; });
     require((decoded.state == DecodeState::Complete) == expected.isSound);
-    require(decoded.text == expected.text);
+    require(decoded.text.startsWith(expected.text) || expected.text.startsWith(decoded.text));
+    require(!expected.isSound || decoded.text == expected.text);
 }
 
 } // namespace
 
-// Blocks of the usual length are decompressed one by one and take long; short ones lead from one end to the other.
+// Blocks of much text are decompressed one by one; those of a single letter take little time for that. Short ones lead
+// from one end of the stream to the other.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const QByteArray oneBlock = packedInSmallBlocks(noise(100));
-    static const QByteArray longBlocks = packedInSmallBlocks(noise(210000));
+    static const QByteArray longBlocks = packedInSmallBlocks(QByteArray(140100, 'a'), 70000);
     static const QByteArray shortBlocks = packedInSmallBlocks(noise(400), 100);
     if (size < 2)
         return 0;
-    if (data[0] == 0)
-        checkDecoder(edited(longBlocks, data + 2, size - 2, 3), 1000 + data[1] * qsizetype(500));
-    else if (data[0] < 16)
+    if (data[0] < 64)
+        checkDecoder(edited(longBlocks, data + 2, size - 2, 2), 20 + data[1]);
+    else if (data[0] < 128)
         checkDecoder(edited(shortBlocks, data + 2, size - 2, 2), 50 + data[1] * qsizetype(8));
     else
-        checkBlocks(edited(oneBlock, data + 2, size - 2, 3));
+        checkBlocks(edited(oneBlock, data + 2, size - 2, 2));
     return 0;
 }

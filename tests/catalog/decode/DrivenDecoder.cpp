@@ -35,9 +35,8 @@ private:
 };
 
 // Until the decoder waits or ends.
-DecodeState decodeMore(IndexDecoder& decoder, QByteArray& text)
+DecodeState decodeMore(IndexDecoder& decoder, TextBatch& batch, QByteArray& text)
 {
-    TextBatch batch;
     DecodeState state = DecodeState::Going;
     while (state == DecodeState::Going) {
         state = decoder.decode(batch);
@@ -55,19 +54,20 @@ Decoded decodeInPieces(const QByteArray& body, Compression compression, const Pi
     const auto received = std::make_shared<ReceivedBody>();
     const auto resumption = std::make_shared<Resumption>();
     const auto decoder = makeDecoder(compression, { received, workers, {}, [resumption] { resumption->announce(); } });
+    TextBatch batch;
     Decoded decoded{ DecodeState::Waiting, {} };
     for (std::string_view rest = viewOf(body); !rest.empty() && decoded.state == DecodeState::Waiting;) {
         const std::string_view piece = rest.substr(0, static_cast<std::size_t>(std::max<qsizetype>(1, pieceSize())));
         received->append(piece);
         rest.remove_prefix(piece.size());
-        decoded.state = decodeMore(*decoder, decoded.text);
+        decoded.state = decodeMore(*decoder, batch, decoded.text);
     }
     received->finish();
     if (decoded.state == DecodeState::Waiting)
-        decoded.state = decodeMore(*decoder, decoded.text);
+        decoded.state = decodeMore(*decoder, batch, decoded.text);
     while (decoded.state == DecodeState::Waiting) {
         resumption->await();
-        decoded.state = decodeMore(*decoder, decoded.text);
+        decoded.state = decodeMore(*decoder, batch, decoded.text);
     }
     return decoded;
 }
