@@ -26,8 +26,8 @@ void checkBlocks(const QByteArray& bytes)
     require(!isSound || !isComplete || text == plainlyDecoded(bytes, Compression::Bzip2).text);
 }
 
-// Of a block that leads out of itself the library gives as much as had filled the room for its text, so what comes of an
-// unsound body may break off sooner or later.
+// Of a block that leads out of itself the library gives as much as had filled the room for its text, so what comes of
+// an unsound body may break off sooner or later.
 void checkDecoder(const QByteArray& body, qsizetype pieceSize)
 {
     const PlainlyDecoded expected = plainlyDecoded(body, Compression::Bzip2);
