@@ -19,15 +19,6 @@ PressItem::PressItem(QQuickItem* parent)
     connect(this, &SpokenItem::acted, this, &PressItem::pressed);
 }
 
-void PressItem::setKeepsFinger(bool keeps)
-{
-    if (keepsFinger() == keeps)
-        return;
-    setKeepMouseGrab(keeps);
-    setKeepTouchGrab(keeps);
-    Q_EMIT keepsFingerChanged();
-}
-
 // One press of a key is one press, however long it is held.
 void PressItem::keyPressEvent(QKeyEvent* event)
 {

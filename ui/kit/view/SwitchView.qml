@@ -21,7 +21,6 @@ Pressable {
     reachAside: 6
     reachAbove: 6
     canBeDrawn: true
-    keepsFinger: draw.active
     spokenRole: Accessible.CheckBox
     spokenName: view.accessibilityLabel
     spokenOn: view.on
