@@ -50,7 +50,6 @@ void ClassicPackageCell::configureWithPackage(const VeskPackage& package, int va
     ClassicUI::loadIconForPackage(package, *imageView());
     imageView()->setCornerRadius(7);
     imageView()->setClipsToBounds(true);
-    imageView()->setContentMode(kit::ImageView::ContentMode::AspectFit);
     showBadge(package);
 }
 

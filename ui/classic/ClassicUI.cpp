@@ -213,7 +213,6 @@ kit::Button* ClassicUI::classicButtonWithTitle(const QString& title, ButtonKind 
         = kind == ButtonKind::Destructive ? QStringLiteral("buttonbackred") : QStringLiteral("buttonback");
     button->setBackgroundImage(stretchableAsset(asset, rowInsets));
     button->setTitle(title);
-    button->setTitleColor(kit::Color::white());
     button->titleLabel()->setFont(kit::Font::boldSystemFont(14));
     // Above the letters, which look engraved by it.
     button->titleLabel()->setShadow(kit::Label::Shadow::Above, shadow());

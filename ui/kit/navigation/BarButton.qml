@@ -44,7 +44,7 @@ Pressable {
             id: picture
 
             anchors.verticalCenter: parent.verticalCenter
-            width: visible ? 22 : 0
+            width: 22
             height: 22
             mode: ImageItem.AspectFit
             tint: root.bar.tint

@@ -22,7 +22,6 @@ double layOut(QTextLayout& layout, double width)
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        line.setPosition({ 0, height });
         height += line.height();
     }
     layout.endLayout();

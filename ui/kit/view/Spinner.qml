@@ -46,7 +46,6 @@ SpokenItem {
                 width: 2.5
                 height: 7
                 radius: 1.25
-                antialiasing: true
                 color: root.tint
             }
         }
