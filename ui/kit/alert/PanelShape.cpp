@@ -43,7 +43,6 @@ QPolygonF arrow(PanelPlace::ArrowEdge edge, double tip, const QRectF& body)
 PanelShape::PanelShape(QQuickItem* parent)
     : QQuickPaintedItem(parent)
 {
-    setAntialiasing(true);
     connect(this, &PanelShape::shapeChanged, this, [this] { update(); });
 }
 
@@ -61,7 +60,6 @@ QPainterPath PanelShape::outline() const
     panel.addRoundedRect(body, PanelPlace::CornerRadius - EdgeWidth / 2, PanelPlace::CornerRadius - EdgeWidth / 2);
     QPainterPath pointer;
     pointer.addPolygon(arrow(m_place.arrowEdge(), m_place.arrowTip() - EdgeWidth / 2, body));
-    pointer.closeSubpath();
     return panel.united(pointer);
 }
 

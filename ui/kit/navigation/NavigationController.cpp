@@ -26,7 +26,6 @@ NavigationController::NavigationController(ViewController* root, QObject* parent
     root->setParent(this);
     root->setNavigationController(this);
     m_pageModel.append(root);
-    m_animation.setStartValue(0.0);
     m_animation.setEndValue(1.0);
     m_animation.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_animation, &QVariantAnimation::valueChanged, this,

@@ -94,7 +94,6 @@ SpokenItem {
         property bool pulled: false
 
         anchors.fill: parent
-        clip: true
         pixelAligned: true
         contentWidth: width
         contentHeight: root.view.contentHeight
