@@ -126,5 +126,14 @@ TEST(TableViewController, isAsWideAsItsStackWhenItsViewIsLoaded)
     kit::NavigationController stack(new kit::ViewController);
     stack.layOut({ 0, 0, 500, 600 });
     auto* screen = new EmptyTable(&stack);
-    EXPECT_EQ(screen->tableView()->width(), 500);
+    EXPECT_EQ(screen->tableView()->frame(), QRectF(0, 0, 500, 0));
+}
+
+TEST(TableViewController, namesItsTableByTheTitleThatItHas)
+{
+    EmptyTable screen;
+    screen.setTitle(QStringLiteral("Sources"));
+    EXPECT_EQ(screen.tableView()->accessibilityLabel(), QStringLiteral("Sources"));
+    screen.setTitle(QStringLiteral("Packages"));
+    EXPECT_EQ(screen.tableView()->accessibilityLabel(), QStringLiteral("Packages"));
 }

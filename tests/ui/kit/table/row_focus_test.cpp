@@ -1,6 +1,7 @@
 #include "tests/ui/kit/table/TableWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -125,6 +126,22 @@ TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
     EXPECT_EQ(world.table.rowFocus()->row(), 2);
 }
 
+TEST(RowFocus, movesByAPageToEitherEndAndStaysThere)
+{
+    TableWorld world({ 15 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 12);
+    for (int time = 0; time < 2; ++time) {
+        world.table.rowFocus()->moveByPage(1);
+        EXPECT_EQ(world.table.rowFocus()->row(), 14);
+    }
+    world.table.rowFocus()->moveTo(0, 2);
+    for (int time = 0; time < 2; ++time) {
+        world.table.rowFocus()->moveByPage(-1);
+        EXPECT_EQ(world.table.rowFocus()->row(), 0);
+    }
+}
+
 TEST(RowFocus, doesWithTheRowWhatATapDoesAndDeletesItAtTheSecondCommand)
 {
     TableWorld world({ 5 });
@@ -243,6 +260,41 @@ TEST(RowFocus, findsARowByTheLettersItsNameBeginsWith)
     EXPECT_EQ(world.table.rowFocus()->row(), 3) << "no name begins like that";
 }
 
+TEST(RowFocus, findsTheVeryFirstRowByItsName)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(1, 3);
+    world.table.rowFocus()->type(QStringLiteral("0"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0);
+}
+
+TEST(RowFocus, beginsANewNameOnceAKeyMovedIt)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    EXPECT_FALSE(world.table.rowFocus()->isTyping());
+    world.table.rowFocus()->type(QStringLiteral("0.3"));
+    EXPECT_TRUE(world.table.rowFocus()->isTyping());
+    world.table.rowFocus()->moveBy(1);
+    EXPECT_FALSE(world.table.rowFocus()->isTyping());
+    world.table.rowFocus()->type(QStringLiteral("1.2"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
+TEST(RowFocus, beginsANewNameAfterAWhile)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    world.table.rowFocus()->type(QStringLiteral("0.3"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !world.table.rowFocus()->isTyping(); }));
+    world.table.rowFocus()->type(QStringLiteral("1.2"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
 TEST(RowFocus, findsARowOffTheScreenByTheNameItsDelegateTells)
 {
     TableWorld world({ 5, 200 });
@@ -265,4 +317,51 @@ TEST(RowFocus, revealsARowTogetherWithItsNeighbours)
     world.table.rowFocus()->reveal(0, 1);
     EXPECT_EQ(world.table.contentOffset(), 0);
     EXPECT_EQ(world.table.rowFocus()->row(), -1);
+}
+
+TEST(RowFocus, revealsNoMoreThanTheNeighbours)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(3'000);
+    world.table.rowFocus()->reveal(0, 20);
+    EXPECT_EQ(world.table.contentOffset(), 19 * 60);
+    world.table.setContentOffset(0);
+    world.table.rowFocus()->reveal(0, 20);
+    EXPECT_EQ(world.table.contentOffset(), 22 * 60 - 600);
+}
+
+TEST(RowFocus, revealsTheRowItselfWhereItsNeighboursHaveNoRoom)
+{
+    TableWorld world({ 100 });
+    world.table.setFrame({ 0, 0, 320, 100 });
+    world.table.rowFocus()->reveal(0, 5);
+    EXPECT_EQ(world.table.contentOffset(), 5 * 60);
+}
+
+TEST(RowFocus, closesTheOpenRowWhenItRevealsAnother)
+{
+    TableWorld world({ 100 });
+    world.source.editable = true;
+    world.show();
+    const QSignalSpy scrolled(world.table.rowFocus(), &kit::RowFocus::scrolled);
+    world.table.openRow()->open(0, 1);
+    world.table.rowFocus()->reveal(0, 2);
+    EXPECT_EQ(world.table.openRow()->row(), 1);
+    EXPECT_EQ(scrolled.count(), 0);
+    world.table.rowFocus()->reveal(0, 50);
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+    EXPECT_EQ(scrolled.count(), 1);
+}
+
+TEST(RowFocus, tellsOnceThatItIsOnAnotherRow)
+{
+    TableWorld world({ 5 });
+    world.show();
+    const QSignalSpy changed(world.table.rowFocus(), &kit::RowFocus::changed);
+    world.table.rowFocus()->moveTo(0, 3);
+    world.table.rowFocus()->moveTo(0, 3);
+    EXPECT_EQ(changed.count(), 1);
+    world.table.rowFocus()->clear();
+    EXPECT_EQ(changed.count(), 2);
 }

@@ -43,6 +43,19 @@ TEST(SectionHeaders, keepsOnlyTheLastHeadersAmongItsSubviews)
     EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
 }
 
+TEST(SectionHeaders, takesOtherHeadersAwayAtOnce)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    kit::View* const before = world.table.headerView(0);
+    world.source.headerText = QStringLiteral("Changed");
+    world.table.reloadData();
+    EXPECT_FALSE(world.table.subviews().contains(before));
+    EXPECT_TRUE(world.table.subviews().contains(world.table.headerView(0)));
+}
+
 TEST(SectionHeaders, keepsHeadersThatNewOnesAreLike)
 {
     TableWorld world({ 3, 3 });

@@ -107,6 +107,22 @@ TEST(TableLayout, addsUpRowsOfMixedHeightsExactly)
     EXPECT_EQ(layout.rowBottom({ 0, 150'001 }) - layout.rowTop({ 0, 150'001 }), 52);
 }
 
+TEST(TableLayout, asksForTheHeightsOfTheRowsThatThereAre)
+{
+    std::vector<kit::IndexPath> asked;
+    kit::TableLayout::Heights heights;
+    heights.rowCounts = { 2, 0, 1 };
+    heights.sectionHeaders = { 0, 0, 0 };
+    heights.sectionFooters = { 0, 0, 0 };
+    heights.row = [&](const kit::IndexPath& indexPath) {
+        asked.push_back(indexPath);
+        return 60.0;
+    };
+    const kit::TableLayout layout(heights);
+    EXPECT_EQ(asked, (std::vector<kit::IndexPath>{ { 0, 0 }, { 0, 1 }, { 2, 0 } }));
+    EXPECT_EQ(layout.contentHeight(), 180);
+}
+
 TEST(TableLayout, findsNoRowInAHeaderOrOutsideTheContent)
 {
     const kit::TableLayout layout = layoutOf({ 1, 1 }, 60);

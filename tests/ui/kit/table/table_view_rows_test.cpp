@@ -1,6 +1,7 @@
 #include "tests/ui/kit/table/TableWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -144,6 +145,28 @@ TEST(RowDeletion, doesNotSlideWithoutAnimation)
     world.table.deleteRow({ 0, 0 }, kit::TableView::Animation::None);
     EXPECT_EQ(slid.count(), 0);
     EXPECT_EQ(world.table.contentHeight(), 120);
+}
+
+TEST(RowDeletion, tellsOnceThatTheRowsHaveSlid)
+{
+    TableWorld world({ 20 });
+    world.show();
+    const QSignalSpy slid(&world.table, &kit::TableView::slidingChanged);
+    world.source.rows = { 19 };
+    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::Animated);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !world.table.isSliding(); }));
+    EXPECT_EQ(slid.count(), 2);
+}
+
+TEST(RowDeletion, tellsTheCellsThatStayOfTheirPlaceAmongFewerRows)
+{
+    TableWorld world({ 5 });
+    world.show();
+    EXPECT_EQ(world.table.cellForRow({ 0, 4 })->rowCount(), 5);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.cellForRow({ 0, 3 })->rowCount(), 4);
+    EXPECT_EQ(world.table.cellForRow({ 0, 3 })->row(), 3);
 }
 
 TEST(RowDeletion, leavesOtherSectionsTheirCells)

@@ -45,6 +45,29 @@ TEST(TableView, isEmptyOnceItsDelegateIsGone)
     EXPECT_EQ(world.textAt({ 0, 0 }), QStringLiteral("0.0"));
 }
 
+TEST(TableView, showsAnotherDelegatesRowsWithTheNextReload)
+{
+    TableWorld world({ 5 });
+    world.show();
+    RowSource other;
+    other.rows = { 9 };
+    other.setTable(&world.table);
+    world.table.setDelegate(&other);
+    EXPECT_EQ(world.table.contentHeight(), 5 * 60);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentHeight(), 9 * 60);
+    world.table.setDelegate(nullptr);
+}
+
+TEST(TableView, showsTheRowsOfADelegateThatCameAfterNone)
+{
+    TableWorld world({ 5 });
+    world.table.setDelegate(nullptr);
+    world.table.setDelegate(&world.source);
+    world.show();
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 5U);
+}
+
 TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
 {
     TableWorld world({ 100 });
@@ -162,6 +185,35 @@ TEST(TableView, takesItsTableHeaderViewAndGivesUpTheOneBefore)
     EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
 }
 
+TEST(TableView, holdsItsTableHeaderViewInItsPlaceAmongItsSubviews)
+{
+    kit::TableView table;
+    auto* const header = new kit::View({ 0, 0, 320, 100 });
+    const QSignalSpy changed(&table, &kit::TableView::tableHeaderViewChanged);
+    table.setTableHeaderView(header);
+    EXPECT_EQ(header->superview(), &table);
+    EXPECT_EQ(table.tableHeaderView(), header);
+    EXPECT_EQ(changed.count(), 1);
+    auto* const above = new kit::View;
+    table.addSubview(above);
+    table.setTableHeaderView(header);
+    EXPECT_EQ(table.subviews(), (QList<kit::View*>{ header, above }));
+}
+
+TEST(TableView, ownsItsFooterView)
+{
+    kit::TableView table;
+    const QPointer<kit::View> first(new kit::View);
+    const QPointer<kit::View> second(new kit::View);
+    table.setTableFooterView(first);
+    EXPECT_EQ(first->superview(), &table);
+    EXPECT_EQ(table.tableFooterView(), first);
+    table.setTableFooterView(second);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(table.tableFooterView(), second);
+}
+
 TEST(TableView, doesNotAskForRowsAnewWhenItsTableHeaderViewChanges)
 {
     TableWorld world({ 20 });
@@ -191,15 +243,86 @@ TEST(TableView, scrollsByNoPageWithoutRows)
     EXPECT_EQ(world.table.contentOffset(), 0);
 }
 
+TEST(TableView, scrollsByAPageOfWhatIsSeenBelowThePinnedHeader)
+{
+    TableWorld world({ 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 575);
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 2 * 575);
+    world.table.scrollByPage(-1);
+    EXPECT_EQ(world.table.contentOffset(), 575);
+}
+
+TEST(TableView, scrollsByAPageNoFurtherThanToEitherEnd)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(5'390);
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 6'000 - 600);
+    world.table.setContentOffset(10);
+    world.table.scrollByPage(-1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    world.source.rows = { 2 };
+    world.table.reloadData();
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(TableView, tellsOnceThatItWasScrolled)
+{
+    TableWorld world({ 100 });
+    world.show();
+    const QSignalSpy scrolled(&world.table, &kit::TableView::contentOffsetChanged);
+    const QSignalSpy moved(&world.table, &kit::View::contentOriginChanged);
+    world.table.setContentOffset(100);
+    world.table.setContentOffset(100);
+    EXPECT_EQ(scrolled.count(), 1);
+    EXPECT_EQ(moved.count(), 1);
+}
+
+TEST(TableView, tellsItsNewHeightOnceTheRowsAreInTheirPlaces)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(3'000);
+    int told = 0;
+    QObject::connect(&world.table, &kit::TableView::contentHeightChanged, &world.table, [&] {
+        ++told;
+        EXPECT_EQ(world.table.contentHeight(), 20 * 60);
+        EXPECT_EQ(world.table.contentOffset(), 600);
+        EXPECT_EQ(world.textAt({ 0, 19 }), QStringLiteral("0.19"));
+    });
+    world.source.rows = { 20 };
+    world.table.reloadData();
+    EXPECT_EQ(told, 1);
+}
+
+TEST(TableView, tellsOfTheColorOfItsSeparators)
+{
+    kit::TableView table;
+    const QSignalSpy changed(&table, &kit::View::appearanceChanged);
+    table.setSeparatorColor(kit::Color::white());
+    EXPECT_EQ(table.separatorColor(), kit::Color::white());
+    EXPECT_EQ(table.separatorTint(), QColor(Qt::white));
+    EXPECT_EQ(changed.count(), 1);
+}
+
 TEST(TableView, ownsItsRefreshControl)
 {
     kit::TableView table;
     const QPointer<kit::RefreshControl> first(new kit::RefreshControl);
     const QPointer<kit::RefreshControl> second(new kit::RefreshControl);
+    const QSignalSpy changed(&table, &kit::TableView::refreshControlChanged);
     table.setRefreshControl(first);
     EXPECT_EQ(first->parent(), &table);
     table.setRefreshControl(second);
     table.setRefreshControl(second);
+    EXPECT_EQ(changed.count(), 2);
     deleteWhatIsToGo();
     EXPECT_TRUE(first.isNull());
     ASSERT_FALSE(second.isNull());
