@@ -38,6 +38,18 @@ TEST(RowFocus, beginsAtTheFirstVisibleRowOrTheLast)
     EXPECT_EQ(world.table.rowFocus()->row(), 19);
 }
 
+TEST(RowFocus, comesIntoTheTableAtTheFirstVisibleRowOrWhereItWas)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(600);
+    world.table.rowFocus()->moveBy(0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 10);
+    world.table.rowFocus()->moveTo(0, 13);
+    world.table.rowFocus()->moveBy(0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 13);
+}
+
 TEST(RowFocus, movesAcrossSections)
 {
     TableWorld world({ 1, 0, 2 });
