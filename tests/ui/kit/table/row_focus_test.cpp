@@ -23,6 +23,16 @@ std::pair<int, int> focusAfterDeletion(
     return { world.table.rowFocus()->section(), world.table.rowFocus()->row() };
 }
 
+// Rows that go by another name than the one they show.
+class NamedRows : public RowSource
+{
+public:
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override
+    {
+        return QStringLiteral("Name %1").arg(indexPath.row);
+    }
+};
+
 } // namespace
 
 TEST(RowFocus, beginsAtTheFirstVisibleRowOrTheLast)
@@ -173,6 +183,17 @@ TEST(RowFocus, doesWithTheRowWhatATapDoesAndDeletesItAtTheSecondCommand)
     EXPECT_EQ(world.source.deleted, (std::vector<kit::IndexPath>{ { 0, 3 } }));
 }
 
+TEST(RowFocus, doesNothingWithoutARow)
+{
+    TableWorld world({ 5 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRow()->open(0, 1);
+    world.table.rowFocus()->activate();
+    EXPECT_TRUE(world.source.selected.empty());
+    EXPECT_EQ(world.table.openRow()->row(), 1);
+}
+
 TEST(RowFocus, staysOverAReloadOnlyWhileItsRowIsThere)
 {
     TableWorld world({ 5 });
@@ -318,6 +339,19 @@ TEST(RowFocus, findsARowOffTheScreenByTheNameItsDelegateTells)
     EXPECT_EQ(world.table.rowFocus()->row(), 15);
     EXPECT_GT(world.table.contentOffset(), 0);
     EXPECT_LE(world.source.cellsAsked, askedBefore + 11) << "for those that came into view";
+}
+
+TEST(RowFocus, findsARowByTheNameItsDelegateTellsRatherThanByWhatItShows)
+{
+    kit::TableView table;
+    NamedRows rows;
+    rows.rows = { 5 };
+    rows.setTable(&table);
+    table.setDelegate(&rows);
+    table.setFrame({ 0, 0, 320, 600 });
+    table.rowFocus()->type(QStringLiteral("Name 2"));
+    EXPECT_EQ(table.rowFocus()->row(), 2);
+    table.setDelegate(nullptr);
 }
 
 TEST(RowFocus, revealsARowTogetherWithItsNeighbours)

@@ -42,6 +42,10 @@ TEST(TableLayout, isEmptyWithoutSections)
 TEST(TableLayout, putsTheTableHeaderThenEachSectionsHeaderAboveItsRows)
 {
     const kit::TableLayout layout = layoutOf({ 2, 1 }, 60, 185);
+    EXPECT_EQ(layout.rowCount(-1), 0);
+    EXPECT_EQ(layout.rowCount(0), 2);
+    EXPECT_EQ(layout.rowCount(1), 1);
+    EXPECT_EQ(layout.rowCount(2), 0);
     EXPECT_EQ(layout.sectionTop(0), 185);
     EXPECT_EQ(layout.rowTop({ 0, 0 }), 210);
     EXPECT_EQ(layout.rowTop({ 0, 1 }), 270);

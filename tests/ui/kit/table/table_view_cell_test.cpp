@@ -184,6 +184,16 @@ TEST(TableViewCell, showsTheAccessoryOfItsType)
     EXPECT_EQ(cell.contentView()->width(), 320);
 }
 
+TEST(TableViewCell, drawsAnArrowForWhatOpensAndATickForWhatIsChosen)
+{
+    Cell cell(Style::Default);
+    const auto glyph = [&] { return static_cast<kit::ImageView*>(cell.shownAccessory())->image(); };
+    cell.setAccessoryType(AccessoryType::DisclosureIndicator);
+    EXPECT_EQ(glyph(), kit::Image::glyphNamed(QStringLiteral("chevron.right")));
+    cell.setAccessoryType(AccessoryType::Checkmark);
+    EXPECT_EQ(glyph(), kit::Image::glyphNamed(QStringLiteral("checkmark")));
+}
+
 TEST(TableViewCell, keepsTheAccessoryOfATypeThatIsSetAgain)
 {
     Cell cell(Style::Default);

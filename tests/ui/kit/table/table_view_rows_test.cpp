@@ -37,6 +37,32 @@ TEST(RowSelection, endsByDeselectionAndFadesIfToldTo)
     EXPECT_TRUE(world.table.cellForRow({ 0, 2 })->fadesSelection());
 }
 
+TEST(RowSelection, isOverForGoodOnceItsRowIsDeselected)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.tapRow(0, 2);
+    world.table.deselectRow({ 0, 1 }, kit::TableView::Animation::None);
+    world.table.setContentOffset(3'000);
+    world.table.setContentOffset(0);
+    EXPECT_TRUE(world.table.cellForRow({ 0, 2 })->isSelected()) << "another row was";
+    world.table.deselectRow({ 0, 2 }, kit::TableView::Animation::None);
+    world.table.setContentOffset(3'000);
+    world.table.setContentOffset(0);
+    EXPECT_FALSE(world.table.cellForRow({ 0, 2 })->isSelected());
+}
+
+TEST(RowSelection, staysOnItsRowWhenOneBelowIsDeleted)
+{
+    TableWorld world({ 5 });
+    world.show();
+    world.table.tapRow(0, 1);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 3 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.selectedRow(), (kit::IndexPath{ 0, 1 }));
+    EXPECT_TRUE(world.table.cellForRow({ 0, 1 })->isSelected());
+}
+
 TEST(RowSelection, comesBackWithTheRowAndNotWithTheCell)
 {
     TableWorld world({ 100 });

@@ -8,6 +8,28 @@
 
 namespace {
 
+// Says that its rows differ in height but leaves the heights to the table.
+class DifferentRows : public kit::TableViewDelegate
+{
+public:
+    int numberOfRowsInSection(int /*section*/) const override { return 3; }
+    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) override { return nullptr; }
+    bool rowsDifferInHeight() const override { return true; }
+};
+
+class EqualRows : public RowSource
+{
+public:
+    bool rowsDifferInHeight() const override { return false; }
+    double heightForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) const override
+    {
+        ++heightsAsked;
+        return 0;
+    }
+
+    mutable int heightsAsked = 0;
+};
+
 void deleteWhatIsToGo()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -78,6 +100,17 @@ TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
     EXPECT_EQ(world.table.rectForRow({ 0, 100 }), QRectF());
     EXPECT_EQ(world.table.rectForRow({ 4, 0 }), QRectF());
     EXPECT_EQ(world.table.rectForRow({ -1, -1 }), QRectF());
+}
+
+TEST(TableView, takesItsOwnHeightForRowsThatDifferButHaveNoneOfTheirOwn)
+{
+    kit::TableView table;
+    DifferentRows rows;
+    table.setDelegate(&rows);
+    table.setRowHeight(60);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_EQ(table.rectForRow({ 0, 1 }), QRectF(0, 28 + 60, 320, 60));
+    table.setDelegate(nullptr);
 }
 
 TEST(TableView, treatsANegativeCountOfRowsAsNone)
@@ -234,6 +267,31 @@ TEST(TableView, showsMoreRowsWhenItGrows)
     EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 1U);
 }
 
+TEST(TableView, keepsItsRowsAndTheSelectedOneWhenItsSizeChanges)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.tapRow(0, 2);
+    world.source.rows = { 3 };
+    world.table.setFrame({ 0, 0, 500, 900 });
+    EXPECT_EQ(world.table.contentHeight(), 6'000);
+    EXPECT_TRUE(world.table.cellForRow({ 0, 2 })->isSelected());
+    EXPECT_EQ(world.table.cellForRow({ 0, 2 })->frame(), QRectF(0, 120, 500, 60));
+}
+
+TEST(TableView, asksForNoHeightsOfRowsThatDoNotDiffer)
+{
+    kit::TableView table;
+    EqualRows rows;
+    rows.rows = { 1'000'000 };
+    rows.setTable(&table);
+    table.setDelegate(&rows);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_EQ(table.contentHeight(), 44'000'000);
+    EXPECT_EQ(rows.heightsAsked, 0);
+    table.setDelegate(nullptr);
+}
+
 TEST(TableView, scrollsByNoPageWithoutRows)
 {
     TableWorld world({ 0 });
@@ -327,6 +385,10 @@ TEST(TableView, ownsItsRefreshControl)
     EXPECT_TRUE(first.isNull());
     ASSERT_FALSE(second.isNull());
     EXPECT_EQ(table.refreshControl(), second);
+    table.setRefreshControl(nullptr);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(second.isNull());
+    EXPECT_EQ(table.refreshControl(), nullptr);
 }
 
 TEST(TableView, takesItsCellsAndHeadersAlong)

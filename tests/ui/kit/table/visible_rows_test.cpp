@@ -66,6 +66,7 @@ TEST(VisibleRows, jumpsAnywhereWithTheCellsItHas)
     world.table.setContentOffset(500'000 * 60.0);
     EXPECT_EQ(world.source.cells.size(), 10U);
     EXPECT_EQ(world.textAt({ 0, 500'000 }), QStringLiteral("0.500000"));
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 }), nullptr);
     EXPECT_EQ(world.table.cellForRow({ 0, 500'000 })->frame(), QRectF(0, 500'000 * 60.0, 320, 60));
 }
 

@@ -65,6 +65,19 @@ TEST(RefreshControl, mayEndInItsOwnAction)
     EXPECT_FALSE(control.isRefreshing());
 }
 
+TEST(Controls, doNothingMoreThanShowWhatAPersonDidWithoutAnAction)
+{
+    kit::RefreshControl refresh;
+    refresh.pull();
+    EXPECT_TRUE(refresh.isRefreshing());
+    kit::Switch control;
+    control.toggle();
+    EXPECT_TRUE(control.isOn());
+    kit::Button button;
+    button.press();
+    EXPECT_TRUE(button.isEnabled());
+}
+
 TEST(RefreshControl, tellsOfTheTintThatItTakes)
 {
     kit::RefreshControl control;
