@@ -174,6 +174,14 @@ TEST_F(PressGuardTest, leavesAllPressesWhileItIsNotActive)
     EXPECT_EQ(elsewhere.count(), 0);
 }
 
+TEST_F(PressGuardTest, leavesATouchAcceptedThatItDoesNotKeep)
+{
+    QTouchEvent touch(QEvent::TouchBegin, finger.get(), {}, { QEventPoint(0, QEventPoint::Pressed, Outside, Outside) });
+    touch.setAccepted(true);
+    EXPECT_FALSE(guard.eventFilter(&window, &touch));
+    EXPECT_TRUE(touch.isAccepted());
+}
+
 TEST_F(PressGuardTest, keepsEveryPressWhereItSparesNothing)
 {
     spare(nullptr);

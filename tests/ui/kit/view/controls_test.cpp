@@ -273,6 +273,14 @@ TEST(Label, isWrittenInSeventeenPointsUnlessToldOtherwise)
     EXPECT_EQ(kit::Label().font(), kit::Font::systemFont(17));
 }
 
+TEST(Label, shrinksToEightPointsAtLeastAndOnlyWhereItIsToldTo)
+{
+    kit::Label label({ 0, 0, 100, 20 });
+    EXPECT_EQ(label.smallestFontSize(), 17);
+    label.setAdjustsFontSizeToFitWidth(true);
+    EXPECT_EQ(label.smallestFontSize(), 8);
+}
+
 TEST(Label, tellsOnceOfEachChangeOfItsLook)
 {
     kit::Label label;

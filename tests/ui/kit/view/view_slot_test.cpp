@@ -128,3 +128,20 @@ TEST_F(DrawnViews, leaveNothingBehindInTheirList)
         EXPECT_TRUE(list.childItems().isEmpty());
     }
 }
+
+TEST_F(DrawnViews, areNoneWithoutAList)
+{
+    static_cast<QQmlParserStatus&>(list).componentComplete();
+    EXPECT_TRUE(list.childItems().isEmpty());
+}
+
+TEST_F(DrawnViews, areDrawnOnceByASlotThatIsMadeWithThem)
+{
+    auto& status = static_cast<QQmlParserStatus&>(slot);
+    status.classBegin();
+    slot.setView(&view);
+    EXPECT_EQ(drawn(), nullptr) << "the slot may not have its size yet";
+    status.componentComplete();
+    ASSERT_EQ(slot.childItems().size(), 1);
+    EXPECT_EQ(viewOf(drawn()), &view);
+}
