@@ -17,6 +17,14 @@ public:
     bool rowsDifferInHeight() const override { return true; }
 };
 
+class LessThanNoSections : public kit::TableViewDelegate
+{
+public:
+    int numberOfSections() const override { return -3; }
+    int numberOfRowsInSection(int /*section*/) const override { return 3; }
+    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) override { return nullptr; }
+};
+
 class EqualRows : public RowSource
 {
 public:
@@ -119,6 +127,17 @@ TEST(TableView, treatsANegativeCountOfRowsAsNone)
     world.show();
     EXPECT_EQ(world.table.contentHeight(), 0);
     EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+}
+
+TEST(TableView, treatsANegativeCountOfSectionsAsNone)
+{
+    kit::TableView table;
+    LessThanNoSections sections;
+    table.setDelegate(&sections);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_EQ(table.contentHeight(), 0);
+    EXPECT_TRUE(table.indexPathsForVisibleRows().empty());
+    table.setDelegate(nullptr);
 }
 
 TEST(TableView, pullsTheOffsetBackWhenTheContentShrinks)
