@@ -4,6 +4,7 @@
 #include "ui/kit/alert/AlertController.h"
 #include "ui/kit/navigation/NavigationController.h"
 #include "ui/kit/table/TableViewController.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <QPointer>
 
@@ -126,5 +127,36 @@ TEST(TableViewController, isAsWideAsItsStackWhenItsViewIsLoaded)
     kit::NavigationController stack(new kit::ViewController);
     stack.layOut({ 0, 0, 500, 600 });
     auto* screen = new EmptyTable(&stack);
-    EXPECT_EQ(screen->tableView()->width(), 500);
+    EXPECT_EQ(screen->tableView()->frame(), QRectF(0, 0, 500, 0));
+}
+
+TEST(TableViewController, loadsNoViewBeforeItIsWanted)
+{
+    kit::NavigationController stack(new kit::ViewController);
+    auto* screen = new EmptyTable(&stack);
+    screen->takeTextScale();
+    EXPECT_FALSE(screen->isViewLoaded());
+    EXPECT_EQ(screen->tableView()->frame(), QRectF());
+    EXPECT_FALSE(stack.isViewLoaded());
+}
+
+TEST(TableViewController, makesItsTableGrowWithTheTexts)
+{
+    EmptyTable screen;
+    screen.layOut({ 0, 0, 320, 600 });
+    kit::TextScale::set(2);
+    screen.takeTextScale();
+    const double grown = screen.tableView()->contentHeight();
+    EXPECT_GT(grown, 28);
+    EXPECT_EQ(grown, kit::TextScale::grown(28));
+    kit::TextScale::set(1);
+}
+
+TEST(TableViewController, namesItsTableByTheTitleThatItHas)
+{
+    EmptyTable screen;
+    screen.setTitle(QStringLiteral("Sources"));
+    EXPECT_EQ(screen.tableView()->accessibilityLabel(), QStringLiteral("Sources"));
+    screen.setTitle(QStringLiteral("Packages"));
+    EXPECT_EQ(screen.tableView()->accessibilityLabel(), QStringLiteral("Packages"));
 }

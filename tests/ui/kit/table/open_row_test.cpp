@@ -4,6 +4,29 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+
+// Rows of which a screen says no more than how many there are.
+class PlainRows : public kit::TableViewDelegate
+{
+public:
+    int numberOfRowsInSection(int /*section*/) const override { return 3; }
+    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) override { return nullptr; }
+};
+
+} // namespace
+
+TEST(OpenRow, opensNoRowUnlessAScreenSaysThatItCanBeDeleted)
+{
+    PlainRows rows;
+    kit::TableView table;
+    table.setDelegate(&rows);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_FALSE(table.openRow()->canDelete(0, 1));
+    table.openRow()->open(0, 1);
+    EXPECT_FALSE(table.openRow()->isOpen());
+}
+
 TEST(OpenRow, opensOnlyRowsThatCanBeDeleted)
 {
     TableWorld world({ 3 });

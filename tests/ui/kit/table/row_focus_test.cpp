@@ -1,6 +1,7 @@
 #include "tests/ui/kit/table/TableWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +23,16 @@ std::pair<int, int> focusAfterDeletion(
     return { world.table.rowFocus()->section(), world.table.rowFocus()->row() };
 }
 
+// Rows that go by another name than the one they show.
+class NamedRows : public RowSource
+{
+public:
+    QString nameForRowAtIndexPath(const kit::IndexPath& indexPath) const override
+    {
+        return QStringLiteral("Name %1").arg(indexPath.row);
+    }
+};
+
 } // namespace
 
 TEST(RowFocus, beginsAtTheFirstVisibleRowOrTheLast)
@@ -35,6 +46,18 @@ TEST(RowFocus, beginsAtTheFirstVisibleRowOrTheLast)
     EXPECT_EQ(world.table.rowFocus()->row(), -1);
     world.table.rowFocus()->moveBy(-1);
     EXPECT_EQ(world.table.rowFocus()->row(), 19);
+}
+
+TEST(RowFocus, comesIntoTheTableAtTheFirstVisibleRowOrWhereItWas)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(600);
+    world.table.rowFocus()->moveBy(0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 10);
+    world.table.rowFocus()->moveTo(0, 13);
+    world.table.rowFocus()->moveBy(0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 13);
 }
 
 TEST(RowFocus, movesAcrossSections)
@@ -125,6 +148,22 @@ TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
     EXPECT_EQ(world.table.rowFocus()->row(), 2);
 }
 
+TEST(RowFocus, movesByAPageToEitherEndAndStaysThere)
+{
+    TableWorld world({ 15 });
+    world.show();
+    world.table.rowFocus()->moveTo(0, 12);
+    for (int time = 0; time < 2; ++time) {
+        world.table.rowFocus()->moveByPage(1);
+        EXPECT_EQ(world.table.rowFocus()->row(), 14);
+    }
+    world.table.rowFocus()->moveTo(0, 2);
+    for (int time = 0; time < 2; ++time) {
+        world.table.rowFocus()->moveByPage(-1);
+        EXPECT_EQ(world.table.rowFocus()->row(), 0);
+    }
+}
+
 TEST(RowFocus, doesWithTheRowWhatATapDoesAndDeletesItAtTheSecondCommand)
 {
     TableWorld world({ 5 });
@@ -142,6 +181,17 @@ TEST(RowFocus, doesWithTheRowWhatATapDoesAndDeletesItAtTheSecondCommand)
     EXPECT_EQ(world.table.openRow()->row(), 3);
     world.table.rowFocus()->deleteRow();
     EXPECT_EQ(world.source.deleted, (std::vector<kit::IndexPath>{ { 0, 3 } }));
+}
+
+TEST(RowFocus, doesNothingWithoutARow)
+{
+    TableWorld world({ 5 });
+    world.source.editable = true;
+    world.show();
+    world.table.openRow()->open(0, 1);
+    world.table.rowFocus()->activate();
+    EXPECT_TRUE(world.source.selected.empty());
+    EXPECT_EQ(world.table.openRow()->row(), 1);
 }
 
 TEST(RowFocus, staysOverAReloadOnlyWhileItsRowIsThere)
@@ -243,6 +293,41 @@ TEST(RowFocus, findsARowByTheLettersItsNameBeginsWith)
     EXPECT_EQ(world.table.rowFocus()->row(), 3) << "no name begins like that";
 }
 
+TEST(RowFocus, findsTheVeryFirstRowByItsName)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    world.table.rowFocus()->moveTo(1, 3);
+    world.table.rowFocus()->type(QStringLiteral("0"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 0);
+    EXPECT_EQ(world.table.rowFocus()->row(), 0);
+}
+
+TEST(RowFocus, beginsANewNameOnceAKeyMovedIt)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    EXPECT_FALSE(world.table.rowFocus()->isTyping());
+    world.table.rowFocus()->type(QStringLiteral("0.3"));
+    EXPECT_TRUE(world.table.rowFocus()->isTyping());
+    world.table.rowFocus()->moveBy(1);
+    EXPECT_FALSE(world.table.rowFocus()->isTyping());
+    world.table.rowFocus()->type(QStringLiteral("1.2"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
+TEST(RowFocus, beginsANewNameAfterAWhile)
+{
+    TableWorld world({ 5, 5 });
+    world.show();
+    world.table.rowFocus()->type(QStringLiteral("0.3"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !world.table.rowFocus()->isTyping(); }));
+    world.table.rowFocus()->type(QStringLiteral("1.2"));
+    EXPECT_EQ(world.table.rowFocus()->section(), 1);
+    EXPECT_EQ(world.table.rowFocus()->row(), 2);
+}
+
 TEST(RowFocus, findsARowOffTheScreenByTheNameItsDelegateTells)
 {
     TableWorld world({ 5, 200 });
@@ -256,6 +341,19 @@ TEST(RowFocus, findsARowOffTheScreenByTheNameItsDelegateTells)
     EXPECT_LE(world.source.cellsAsked, askedBefore + 11) << "for those that came into view";
 }
 
+TEST(RowFocus, findsARowByTheNameItsDelegateTellsRatherThanByWhatItShows)
+{
+    kit::TableView table;
+    NamedRows rows;
+    rows.rows = { 5 };
+    rows.setTable(&table);
+    table.setDelegate(&rows);
+    table.setFrame({ 0, 0, 320, 600 });
+    table.rowFocus()->type(QStringLiteral("Name 2"));
+    EXPECT_EQ(table.rowFocus()->row(), 2);
+    table.setDelegate(nullptr);
+}
+
 TEST(RowFocus, revealsARowTogetherWithItsNeighbours)
 {
     TableWorld world({ 100 });
@@ -265,4 +363,51 @@ TEST(RowFocus, revealsARowTogetherWithItsNeighbours)
     world.table.rowFocus()->reveal(0, 1);
     EXPECT_EQ(world.table.contentOffset(), 0);
     EXPECT_EQ(world.table.rowFocus()->row(), -1);
+}
+
+TEST(RowFocus, revealsNoMoreThanTheNeighbours)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(3'000);
+    world.table.rowFocus()->reveal(0, 20);
+    EXPECT_EQ(world.table.contentOffset(), 19 * 60);
+    world.table.setContentOffset(0);
+    world.table.rowFocus()->reveal(0, 20);
+    EXPECT_EQ(world.table.contentOffset(), 22 * 60 - 600);
+}
+
+TEST(RowFocus, revealsTheRowItselfWhereItsNeighboursHaveNoRoom)
+{
+    TableWorld world({ 100 });
+    world.table.setFrame({ 0, 0, 320, 100 });
+    world.table.rowFocus()->reveal(0, 5);
+    EXPECT_EQ(world.table.contentOffset(), 5 * 60);
+}
+
+TEST(RowFocus, closesTheOpenRowWhenItRevealsAnother)
+{
+    TableWorld world({ 100 });
+    world.source.editable = true;
+    world.show();
+    const QSignalSpy scrolled(world.table.rowFocus(), &kit::RowFocus::scrolled);
+    world.table.openRow()->open(0, 1);
+    world.table.rowFocus()->reveal(0, 2);
+    EXPECT_EQ(world.table.openRow()->row(), 1);
+    EXPECT_EQ(scrolled.count(), 0);
+    world.table.rowFocus()->reveal(0, 50);
+    EXPECT_EQ(world.table.openRow()->row(), -1);
+    EXPECT_EQ(scrolled.count(), 1);
+}
+
+TEST(RowFocus, tellsOnceThatItIsOnAnotherRow)
+{
+    TableWorld world({ 5 });
+    world.show();
+    const QSignalSpy changed(world.table.rowFocus(), &kit::RowFocus::changed);
+    world.table.rowFocus()->moveTo(0, 3);
+    world.table.rowFocus()->moveTo(0, 3);
+    EXPECT_EQ(changed.count(), 1);
+    world.table.rowFocus()->clear();
+    EXPECT_EQ(changed.count(), 2);
 }

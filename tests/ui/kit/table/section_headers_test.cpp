@@ -12,6 +12,24 @@ void deleteWhatIsToGo()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+// A header for one of the sections alone.
+class OneHeader : public RowSource
+{
+public:
+    int headed = 0;
+
+    kit::View* viewForHeaderInSection(int section) override
+    {
+        return section == headed ? RowSource::viewForHeaderInSection(section) : nullptr;
+    }
+    double heightForHeaderInSection(int section) const override
+    {
+        EXPECT_GE(section, 0);
+        EXPECT_LT(section, numberOfSections()) << "asked for one that is not there";
+        return section == headed ? headerHeight : 0;
+    }
+};
+
 } // namespace
 
 TEST(SectionHeaders, makesItsHeadersAnewWithTheNewWidth)
@@ -41,6 +59,19 @@ TEST(SectionHeaders, keepsOnlyTheLastHeadersAmongItsSubviews)
         world.table.reloadData();
     EXPECT_EQ(world.table.subviews().size(), before);
     EXPECT_EQ(world.table.headerModel()->rowCount(), 2);
+}
+
+TEST(SectionHeaders, takesOtherHeadersAwayAtOnce)
+{
+    TableWorld world({ 3, 3 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    kit::View* const before = world.table.headerView(0);
+    world.source.headerText = QStringLiteral("Changed");
+    world.table.reloadData();
+    EXPECT_FALSE(world.table.subviews().contains(before));
+    EXPECT_TRUE(world.table.subviews().contains(world.table.headerView(0)));
 }
 
 TEST(SectionHeaders, keepsHeadersThatNewOnesAreLike)
@@ -77,6 +108,26 @@ TEST(SectionHeaders, showsHeadersThatDifferFromThoseBefore)
     world.table.reloadData();
     EXPECT_EQ(world.table.headerView(0), nullptr);
     EXPECT_EQ(world.table.headerModel()->rowCount(), 0);
+}
+
+TEST(SectionHeaders, showsAHeaderThatIsLikeTheOneBeforeAboveItsOwnSection)
+{
+    kit::TableView table;
+    OneHeader source;
+    source.rows = { 3, 3 };
+    source.withHeaders = true;
+    source.headerHeight = 25;
+    source.setTable(&table);
+    table.setDelegate(&source);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_NE(table.headerView(0), nullptr);
+    EXPECT_EQ(table.headerView(1), nullptr);
+    source.headed = 1;
+    table.reloadData();
+    EXPECT_EQ(table.headerView(0), nullptr);
+    ASSERT_NE(table.headerView(1), nullptr);
+    EXPECT_EQ(table.headerView(1)->frame(), QRectF(0, 3 * 44, 320, 25));
+    table.setDelegate(nullptr);
 }
 
 TEST(SectionHeaders, pinsItsHeaderWhileItScrolls)

@@ -42,6 +42,10 @@ TEST(TableLayout, isEmptyWithoutSections)
 TEST(TableLayout, putsTheTableHeaderThenEachSectionsHeaderAboveItsRows)
 {
     const kit::TableLayout layout = layoutOf({ 2, 1 }, 60, 185);
+    EXPECT_EQ(layout.rowCount(-1), 0);
+    EXPECT_EQ(layout.rowCount(0), 2);
+    EXPECT_EQ(layout.rowCount(1), 1);
+    EXPECT_EQ(layout.rowCount(2), 0);
     EXPECT_EQ(layout.sectionTop(0), 185);
     EXPECT_EQ(layout.rowTop({ 0, 0 }), 210);
     EXPECT_EQ(layout.rowTop({ 0, 1 }), 270);
@@ -105,6 +109,22 @@ TEST(TableLayout, addsUpRowsOfMixedHeightsExactly)
     EXPECT_EQ(layout.contentHeight(), 100'000.0 * (44 + 52 + 60));
     EXPECT_EQ(layout.rowTop({ 0, 150'001 }), 50'000.0 * 156 + 44);
     EXPECT_EQ(layout.rowBottom({ 0, 150'001 }) - layout.rowTop({ 0, 150'001 }), 52);
+}
+
+TEST(TableLayout, asksForTheHeightsOfTheRowsThatThereAre)
+{
+    std::vector<kit::IndexPath> asked;
+    kit::TableLayout::Heights heights;
+    heights.rowCounts = { 2, 0, 1 };
+    heights.sectionHeaders = { 0, 0, 0 };
+    heights.sectionFooters = { 0, 0, 0 };
+    heights.row = [&](const kit::IndexPath& indexPath) {
+        asked.push_back(indexPath);
+        return 60.0;
+    };
+    const kit::TableLayout layout(heights);
+    EXPECT_EQ(asked, (std::vector<kit::IndexPath>{ { 0, 0 }, { 0, 1 }, { 2, 0 } }));
+    EXPECT_EQ(layout.contentHeight(), 180);
 }
 
 TEST(TableLayout, findsNoRowInAHeaderOrOutsideTheContent)

@@ -1,6 +1,7 @@
 #include "tests/ui/kit/table/TableWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,32 @@ TEST(RowSelection, endsByDeselectionAndFadesIfToldTo)
     world.table.deselectRow({ 0, 2 }, kit::TableView::Animation::Animated);
     EXPECT_FALSE(world.table.cellForRow({ 0, 2 })->isSelected());
     EXPECT_TRUE(world.table.cellForRow({ 0, 2 })->fadesSelection());
+}
+
+TEST(RowSelection, isOverForGoodOnceItsRowIsDeselected)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.tapRow(0, 2);
+    world.table.deselectRow({ 0, 1 }, kit::TableView::Animation::None);
+    world.table.setContentOffset(3'000);
+    world.table.setContentOffset(0);
+    EXPECT_TRUE(world.table.cellForRow({ 0, 2 })->isSelected()) << "another row was";
+    world.table.deselectRow({ 0, 2 }, kit::TableView::Animation::None);
+    world.table.setContentOffset(3'000);
+    world.table.setContentOffset(0);
+    EXPECT_FALSE(world.table.cellForRow({ 0, 2 })->isSelected());
+}
+
+TEST(RowSelection, staysOnItsRowWhenOneBelowIsDeleted)
+{
+    TableWorld world({ 5 });
+    world.show();
+    world.table.tapRow(0, 1);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 3 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.selectedRow(), (kit::IndexPath{ 0, 1 }));
+    EXPECT_TRUE(world.table.cellForRow({ 0, 1 })->isSelected());
 }
 
 TEST(RowSelection, comesBackWithTheRowAndNotWithTheCell)
@@ -144,6 +171,28 @@ TEST(RowDeletion, doesNotSlideWithoutAnimation)
     world.table.deleteRow({ 0, 0 }, kit::TableView::Animation::None);
     EXPECT_EQ(slid.count(), 0);
     EXPECT_EQ(world.table.contentHeight(), 120);
+}
+
+TEST(RowDeletion, tellsOnceThatTheRowsHaveSlid)
+{
+    TableWorld world({ 20 });
+    world.show();
+    const QSignalSpy slid(&world.table, &kit::TableView::slidingChanged);
+    world.source.rows = { 19 };
+    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::Animated);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !world.table.isSliding(); }));
+    EXPECT_EQ(slid.count(), 2);
+}
+
+TEST(RowDeletion, tellsTheCellsThatStayOfTheirPlaceAmongFewerRows)
+{
+    TableWorld world({ 5 });
+    world.show();
+    EXPECT_EQ(world.table.cellForRow({ 0, 4 })->rowCount(), 5);
+    world.source.rows = { 4 };
+    world.table.deleteRow({ 0, 2 }, kit::TableView::Animation::None);
+    EXPECT_EQ(world.table.cellForRow({ 0, 3 })->rowCount(), 4);
+    EXPECT_EQ(world.table.cellForRow({ 0, 3 })->row(), 3);
 }
 
 TEST(RowDeletion, leavesOtherSectionsTheirCells)

@@ -8,6 +8,36 @@
 
 namespace {
 
+// Says that its rows differ in height but leaves the heights to the table.
+class DifferentRows : public kit::TableViewDelegate
+{
+public:
+    int numberOfRowsInSection(int /*section*/) const override { return 3; }
+    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) override { return nullptr; }
+    bool rowsDifferInHeight() const override { return true; }
+};
+
+class LessThanNoSections : public kit::TableViewDelegate
+{
+public:
+    int numberOfSections() const override { return -3; }
+    int numberOfRowsInSection(int /*section*/) const override { return 3; }
+    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) override { return nullptr; }
+};
+
+class EqualRows : public RowSource
+{
+public:
+    bool rowsDifferInHeight() const override { return false; }
+    double heightForRowAtIndexPath(const kit::IndexPath& /*indexPath*/) const override
+    {
+        ++heightsAsked;
+        return 0;
+    }
+
+    mutable int heightsAsked = 0;
+};
+
 void deleteWhatIsToGo()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -45,6 +75,29 @@ TEST(TableView, isEmptyOnceItsDelegateIsGone)
     EXPECT_EQ(world.textAt({ 0, 0 }), QStringLiteral("0.0"));
 }
 
+TEST(TableView, showsAnotherDelegatesRowsWithTheNextReload)
+{
+    TableWorld world({ 5 });
+    world.show();
+    RowSource other;
+    other.rows = { 9 };
+    other.setTable(&world.table);
+    world.table.setDelegate(&other);
+    EXPECT_EQ(world.table.contentHeight(), 5 * 60);
+    world.table.reloadData();
+    EXPECT_EQ(world.table.contentHeight(), 9 * 60);
+    world.table.setDelegate(nullptr);
+}
+
+TEST(TableView, showsTheRowsOfADelegateThatCameAfterNone)
+{
+    TableWorld world({ 5 });
+    world.table.setDelegate(nullptr);
+    world.table.setDelegate(&world.source);
+    world.show();
+    EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 5U);
+}
+
 TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
 {
     TableWorld world({ 100 });
@@ -57,12 +110,34 @@ TEST(TableView, takesRowHeightsFromTheDelegateBeforeItsOwn)
     EXPECT_EQ(world.table.rectForRow({ -1, -1 }), QRectF());
 }
 
+TEST(TableView, takesItsOwnHeightForRowsThatDifferButHaveNoneOfTheirOwn)
+{
+    kit::TableView table;
+    DifferentRows rows;
+    table.setDelegate(&rows);
+    table.setRowHeight(60);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_EQ(table.rectForRow({ 0, 1 }), QRectF(0, 28 + 60, 320, 60));
+    table.setDelegate(nullptr);
+}
+
 TEST(TableView, treatsANegativeCountOfRowsAsNone)
 {
     TableWorld world({ -3 });
     world.show();
     EXPECT_EQ(world.table.contentHeight(), 0);
     EXPECT_TRUE(world.table.indexPathsForVisibleRows().empty());
+}
+
+TEST(TableView, treatsANegativeCountOfSectionsAsNone)
+{
+    kit::TableView table;
+    LessThanNoSections sections;
+    table.setDelegate(&sections);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_EQ(table.contentHeight(), 0);
+    EXPECT_TRUE(table.indexPathsForVisibleRows().empty());
+    table.setDelegate(nullptr);
 }
 
 TEST(TableView, pullsTheOffsetBackWhenTheContentShrinks)
@@ -162,6 +237,35 @@ TEST(TableView, takesItsTableHeaderViewAndGivesUpTheOneBefore)
     EXPECT_EQ(world.table.cellForRow({ 0, 0 })->frame().top(), 0);
 }
 
+TEST(TableView, holdsItsTableHeaderViewInItsPlaceAmongItsSubviews)
+{
+    kit::TableView table;
+    auto* const header = new kit::View({ 0, 0, 320, 100 });
+    const QSignalSpy changed(&table, &kit::TableView::tableHeaderViewChanged);
+    table.setTableHeaderView(header);
+    EXPECT_EQ(header->superview(), &table);
+    EXPECT_EQ(table.tableHeaderView(), header);
+    EXPECT_EQ(changed.count(), 1);
+    auto* const above = new kit::View;
+    table.addSubview(above);
+    table.setTableHeaderView(header);
+    EXPECT_EQ(table.subviews(), (QList<kit::View*>{ header, above }));
+}
+
+TEST(TableView, ownsItsFooterView)
+{
+    kit::TableView table;
+    const QPointer<kit::View> first(new kit::View);
+    const QPointer<kit::View> second(new kit::View);
+    table.setTableFooterView(first);
+    EXPECT_EQ(first->superview(), &table);
+    EXPECT_EQ(table.tableFooterView(), first);
+    table.setTableFooterView(second);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(table.tableFooterView(), second);
+}
+
 TEST(TableView, doesNotAskForRowsAnewWhenItsTableHeaderViewChanges)
 {
     TableWorld world({ 20 });
@@ -182,6 +286,31 @@ TEST(TableView, showsMoreRowsWhenItGrows)
     EXPECT_EQ(world.table.indexPathsForVisibleRows().size(), 1U);
 }
 
+TEST(TableView, keepsItsRowsAndTheSelectedOneWhenItsSizeChanges)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.tapRow(0, 2);
+    world.source.rows = { 3 };
+    world.table.setFrame({ 0, 0, 500, 900 });
+    EXPECT_EQ(world.table.contentHeight(), 6'000);
+    EXPECT_TRUE(world.table.cellForRow({ 0, 2 })->isSelected());
+    EXPECT_EQ(world.table.cellForRow({ 0, 2 })->frame(), QRectF(0, 120, 500, 60));
+}
+
+TEST(TableView, asksForNoHeightsOfRowsThatDoNotDiffer)
+{
+    kit::TableView table;
+    EqualRows rows;
+    rows.rows = { 1'000'000 };
+    rows.setTable(&table);
+    table.setDelegate(&rows);
+    table.setFrame({ 0, 0, 320, 600 });
+    EXPECT_EQ(table.contentHeight(), 44'000'000);
+    EXPECT_EQ(rows.heightsAsked, 0);
+    table.setDelegate(nullptr);
+}
+
 TEST(TableView, scrollsByNoPageWithoutRows)
 {
     TableWorld world({ 0 });
@@ -191,19 +320,94 @@ TEST(TableView, scrollsByNoPageWithoutRows)
     EXPECT_EQ(world.table.contentOffset(), 0);
 }
 
+TEST(TableView, scrollsByAPageOfWhatIsSeenBelowThePinnedHeader)
+{
+    TableWorld world({ 100 });
+    world.source.withHeaders = true;
+    world.source.headerHeight = 25;
+    world.show();
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 575);
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 2 * 575);
+    world.table.scrollByPage(-1);
+    EXPECT_EQ(world.table.contentOffset(), 575);
+}
+
+TEST(TableView, scrollsByAPageNoFurtherThanToEitherEnd)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(5'390);
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 6'000 - 600);
+    world.table.setContentOffset(10);
+    world.table.scrollByPage(-1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    world.source.rows = { 2 };
+    world.table.reloadData();
+    world.table.scrollByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+}
+
+TEST(TableView, tellsOnceThatItWasScrolled)
+{
+    TableWorld world({ 100 });
+    world.show();
+    const QSignalSpy scrolled(&world.table, &kit::TableView::contentOffsetChanged);
+    const QSignalSpy moved(&world.table, &kit::View::contentOriginChanged);
+    world.table.setContentOffset(100);
+    world.table.setContentOffset(100);
+    EXPECT_EQ(scrolled.count(), 1);
+    EXPECT_EQ(moved.count(), 1);
+}
+
+TEST(TableView, tellsItsNewHeightOnceTheRowsAreInTheirPlaces)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(3'000);
+    int told = 0;
+    QObject::connect(&world.table, &kit::TableView::contentHeightChanged, &world.table, [&] {
+        ++told;
+        EXPECT_EQ(world.table.contentHeight(), 20 * 60);
+        EXPECT_EQ(world.table.contentOffset(), 600);
+        EXPECT_EQ(world.textAt({ 0, 19 }), QStringLiteral("0.19"));
+    });
+    world.source.rows = { 20 };
+    world.table.reloadData();
+    EXPECT_EQ(told, 1);
+}
+
+TEST(TableView, tellsOfTheColorOfItsSeparators)
+{
+    kit::TableView table;
+    const QSignalSpy changed(&table, &kit::View::appearanceChanged);
+    table.setSeparatorColor(kit::Color::white());
+    EXPECT_EQ(table.separatorColor(), kit::Color::white());
+    EXPECT_EQ(table.separatorTint(), QColor(Qt::white));
+    EXPECT_EQ(changed.count(), 1);
+}
+
 TEST(TableView, ownsItsRefreshControl)
 {
     kit::TableView table;
     const QPointer<kit::RefreshControl> first(new kit::RefreshControl);
     const QPointer<kit::RefreshControl> second(new kit::RefreshControl);
+    const QSignalSpy changed(&table, &kit::TableView::refreshControlChanged);
     table.setRefreshControl(first);
     EXPECT_EQ(first->parent(), &table);
     table.setRefreshControl(second);
     table.setRefreshControl(second);
+    EXPECT_EQ(changed.count(), 2);
     deleteWhatIsToGo();
     EXPECT_TRUE(first.isNull());
     ASSERT_FALSE(second.isNull());
     EXPECT_EQ(table.refreshControl(), second);
+    table.setRefreshControl(nullptr);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(second.isNull());
+    EXPECT_EQ(table.refreshControl(), nullptr);
 }
 
 TEST(TableView, takesItsCellsAndHeadersAlong)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 class OtherCell : public kit::TableViewCell
@@ -10,6 +12,28 @@ class OtherCell : public kit::TableViewCell
 
 public:
     using kit::TableViewCell::TableViewCell;
+};
+
+// Rows with a detail at the right, longer from row to row.
+class DetailedRows : public RowSource
+{
+public:
+    explicit DetailedRows(kit::TableView& shown)
+        : m_shown(shown)
+    {
+        rows = { 100 };
+        shown.setDelegate(this);
+    }
+    kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override
+    {
+        auto* const cell
+            = m_shown.dequeueCell<kit::TableViewCell>(QStringLiteral("Cell"), kit::TableViewCell::Style::Value1);
+        cell->detailTextLabel()->setText(QString(1 + indexPath.row / 5, u'x'));
+        return cell;
+    }
+
+private:
+    kit::TableView& m_shown;
 };
 
 } // namespace
@@ -42,6 +66,7 @@ TEST(VisibleRows, jumpsAnywhereWithTheCellsItHas)
     world.table.setContentOffset(500'000 * 60.0);
     EXPECT_EQ(world.source.cells.size(), 10U);
     EXPECT_EQ(world.textAt({ 0, 500'000 }), QStringLiteral("0.500000"));
+    EXPECT_EQ(world.table.cellForRow({ 0, 0 }), nullptr);
     EXPECT_EQ(world.table.cellForRow({ 0, 500'000 })->frame(), QRectF(0, 500'000 * 60.0, 320, 60));
 }
 
@@ -120,6 +145,45 @@ TEST(VisibleRows, hidesCellsThatNoRowUses)
     for (const kit::TableViewCell* cell : world.source.cells)
         shown += cell->isHidden() ? 0 : 1;
     EXPECT_EQ(shown, 3);
+}
+
+TEST(VisibleRows, showsAHiddenCellThatARowUsesAgain)
+{
+    TableWorld world({ 20 });
+    world.show();
+    world.source.rows = { 3 };
+    world.table.reloadData();
+    world.source.rows = { 20 };
+    world.table.reloadData();
+    EXPECT_EQ(world.source.cells.size(), 10U);
+    for (const kit::TableViewCell* cell : world.source.cells)
+        EXPECT_FALSE(cell->isHidden());
+}
+
+TEST(VisibleRows, drawsEachCellOnce)
+{
+    TableWorld world({ 100 });
+    world.show();
+    world.table.setContentOffset(600);
+    EXPECT_EQ(world.table.cellModel()->rowCount(), 10);
+    for (kit::TableViewCell* cell : world.source.cells) {
+        EXPECT_EQ(cell->superview(), &world.table);
+        EXPECT_EQ(world.table.cellModel()->objects().count(cell), 1);
+    }
+}
+
+TEST(VisibleRows, laysACellOutAnewForTheTextsOfItsNextRow)
+{
+    kit::TableView table;
+    DetailedRows rows(table);
+    table.setFrame({ 0, 0, 320, 600 });
+    for (const double offset : { 0.0, 600.0, 3'000.0, 0.0 }) {
+        table.setContentOffset(offset);
+        for (const kit::IndexPath& row : table.indexPathsForVisibleRows()) {
+            const kit::Label* const detail = table.cellForRow(row)->detailTextLabel();
+            EXPECT_EQ(detail->width(), std::ceil(detail->naturalWidth()) + 1) << row.row;
+        }
+    }
 }
 
 TEST(VisibleRows, putsTheVisibleCellsUpForReuseBeforeItReloads)

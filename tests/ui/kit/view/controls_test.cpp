@@ -1,12 +1,17 @@
 #include "ui/kit/table/RefreshControl.h"
+#include "ui/kit/text/Font.h"
 #include "ui/kit/view/Button.h"
 #include "ui/kit/view/ImageView.h"
 #include "ui/kit/view/Label.h"
 #include "ui/kit/view/Switch.h"
 
+#include <QFontMetricsF>
+#include <QQuickItem>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace {
 
@@ -60,6 +65,29 @@ TEST(RefreshControl, mayEndInItsOwnAction)
     EXPECT_FALSE(control.isRefreshing());
 }
 
+TEST(Controls, doNothingMoreThanShowWhatAPersonDidWithoutAnAction)
+{
+    kit::RefreshControl refresh;
+    refresh.pull();
+    EXPECT_TRUE(refresh.isRefreshing());
+    kit::Switch control;
+    control.toggle();
+    EXPECT_TRUE(control.isOn());
+    kit::Button button;
+    button.press();
+    EXPECT_TRUE(button.isEnabled());
+}
+
+TEST(RefreshControl, tellsOfTheTintThatItTakes)
+{
+    kit::RefreshControl control;
+    const QSignalSpy changed(&control, &kit::RefreshControl::tintChanged);
+    EXPECT_EQ(control.tint(), QColor(Qt::black));
+    control.setTintColor(kit::Color::white());
+    EXPECT_EQ(control.tint(), QColor(Qt::white));
+    EXPECT_EQ(changed.count(), 1);
+}
+
 TEST(Switch, tellsOfAPersonsChangeOnly)
 {
     kit::Switch control;
@@ -73,7 +101,20 @@ TEST(Switch, tellsOfAPersonsChangeOnly)
     control.toggle();
     EXPECT_FALSE(control.isOn());
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(control.frame().size(), QSizeF(51, 31));
+    EXPECT_EQ(control.frame(), QRectF(0, 0, 51, 31));
+}
+
+TEST(Switch, tellsOnceThatItIsOnOrOff)
+{
+    kit::Switch control;
+    const QSignalSpy changed(&control, &kit::Switch::onChanged);
+    control.setOn(true);
+    control.setOn(true);
+    EXPECT_TRUE(control.isOn());
+    EXPECT_EQ(changed.count(), 1);
+    control.toggle();
+    EXPECT_FALSE(control.isOn());
+    EXPECT_EQ(changed.count(), 2);
 }
 
 TEST(Button, callsItsActionUnlessItIsDisabled)
@@ -101,6 +142,35 @@ TEST(Button, tellsOnceThatItWasDisabled)
     EXPECT_EQ(changed.count(), 1);
 }
 
+TEST(Button, tellsOfItsTitleAndOfItsPicture)
+{
+    kit::Button button;
+    const QSignalSpy changed(&button, &kit::Button::buttonChanged);
+    button.setTitle(QStringLiteral("Install"));
+    EXPECT_EQ(button.title(), QStringLiteral("Install"));
+    EXPECT_EQ(changed.count(), 1);
+    button.setBackgroundImage(kit::Image::named(QStringLiteral("buttonback")));
+    EXPECT_EQ(button.backgroundImage(), kit::Image::named(QStringLiteral("buttonback")));
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST(Button, hasAWhiteTitleOfFifteenPointsInTheMiddleUnlessToldOtherwise)
+{
+    const kit::Button button;
+    EXPECT_EQ(button.titleLabel()->font(), kit::Font::systemFont(15));
+    EXPECT_EQ(button.titleLabel()->textColor(), kit::Color::white());
+    EXPECT_EQ(button.titleLabel()->textAlignment(), Qt::AlignHCenter);
+}
+
+TEST(Button, isReadByItselfAndNotByItsTitleToo)
+{
+    kit::Button button;
+    button.setTitle(QStringLiteral("Install"));
+    EXPECT_TRUE(button.isAccessibilityElement());
+    EXPECT_EQ(button.accessibilityLabel(), QStringLiteral("Install"));
+    EXPECT_FALSE(button.titleLabel()->isAccessibilityElement());
+}
+
 TEST(Button, isAsLargeAsItsTitleAndInsets)
 {
     kit::Button button;
@@ -110,6 +180,9 @@ TEST(Button, isAsLargeAsItsTitleAndInsets)
     const double title = button.titleLabel()->naturalWidth();
     EXPECT_GE(button.width(), title + 28);
     EXPECT_LT(button.width(), title + 30);
+    EXPECT_EQ(button.height(), std::ceil(6 + QFontMetricsF(button.titleLabel()->shownFont()).height() + 6));
+    EXPECT_EQ(button.titleLabel()->frame().top(), 0);
+    EXPECT_EQ(button.titleLabel()->height(), button.height());
     EXPECT_EQ(button.titleLabel()->frame().left(), 14);
     EXPECT_EQ(button.accessibilityLabel(), QStringLiteral("Install"));
     button.setContentEdgeInsets({ 6, 20, 6, 8 });
@@ -152,6 +225,13 @@ TEST(ImageView, tellsOnceOfEachChangeOfItsLook)
     EXPECT_EQ(changed.count(), 3);
 }
 
+TEST(ImageView, isAsLargeAsTheImageThatItIsMadeOf)
+{
+    const kit::Image image = kit::Image::named(QStringLiteral("Homepage"));
+    EXPECT_EQ(kit::ImageView(image).frame(), QRectF({ 0, 0 }, image.size()));
+    EXPECT_EQ(kit::ImageView().frame(), QRectF());
+}
+
 TEST(Label, tellsNullFromEmpty)
 {
     kit::Label label;
@@ -174,6 +254,8 @@ TEST(Label, keepsAllOfATextButShowsNoMoreThanCouldBeSeen)
     label.setNumberOfLines(0);
     EXPECT_EQ(label.shownText().size(), 20'000);
     EXPECT_TRUE(label.shownText().endsWith(QChar(0x2026)));
+    label.setText(QString(20'000, u'x'));
+    EXPECT_EQ(label.shownText(), label.text());
 }
 
 TEST(Label, tellsWhereItsShadowFalls)
@@ -184,4 +266,42 @@ TEST(Label, tellsWhereItsShadowFalls)
     EXPECT_EQ(label.shadow(), kit::Label::Shadow::Below);
     label.setShadow(kit::Label::Shadow::Above, kit::Color::black(0.42));
     EXPECT_EQ(label.shadow(), kit::Label::Shadow::Above);
+}
+
+TEST(Label, isWrittenInSeventeenPointsUnlessToldOtherwise)
+{
+    EXPECT_EQ(kit::Label().font(), kit::Font::systemFont(17));
+}
+
+TEST(Label, shrinksToEightPointsAtLeastAndOnlyWhereItIsToldTo)
+{
+    kit::Label label({ 0, 0, 100, 20 });
+    EXPECT_EQ(label.smallestFontSize(), 17);
+    label.setAdjustsFontSizeToFitWidth(true);
+    EXPECT_EQ(label.smallestFontSize(), 8);
+}
+
+TEST(Label, tellsOnceOfEachChangeOfItsLook)
+{
+    kit::Label label;
+    const QSignalSpy changed(&label, &kit::Label::labelChanged);
+    for (int time = 0; time < 2; ++time) {
+        label.setText(QStringLiteral("Text"));
+        label.setFont(kit::Font::boldSystemFont(17));
+        label.setTextColor(kit::Color::white());
+        label.setTextAlignment(Qt::AlignRight);
+        label.setNumberOfLines(2);
+        label.setAdjustsFontSizeToFitWidth(true);
+    }
+    EXPECT_EQ(changed.count(), 6);
+    label.setShadow(kit::Label::Shadow::Below, kit::Color::white());
+    EXPECT_EQ(changed.count(), 7);
+}
+
+TEST(Label, letsNothingOfALongTextBeLeftOut)
+{
+    QQuickItem item;
+    item.setFlag(QQuickItem::ItemObservesViewport);
+    kit::Label::drawWhole(&item);
+    EXPECT_FALSE(item.flags() & QQuickItem::ItemObservesViewport);
 }

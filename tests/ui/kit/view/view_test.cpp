@@ -193,4 +193,6 @@ TEST(View, tellsOfEachChangeOfItsLookOnce)
         view.setBackgroundColor(kit::Color::white());
     }
     EXPECT_EQ(changed.count(), 6);
+    view.setGradient({ kit::Color::white(), kit::Color::black() });
+    EXPECT_EQ(changed.count(), 7);
 }
