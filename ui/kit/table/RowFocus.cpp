@@ -11,8 +11,18 @@
 
 namespace kit {
 
+namespace {
+
+// How much of what is seen at once a key scrolls within a row that is higher than that.
+constexpr double ShareByArrow = 0.25;
+constexpr double ShareByPage = 0.9;
+
+} // namespace
+
 void RowFocus::moveBy(int rows)
 {
+    if (rows != 0 && showMoreOfRow(rows < 0 ? -ShareByArrow : ShareByArrow))
+        return;
     const auto visible = m_table.indexPathsForVisibleRows();
     if (visible.empty())
         return;
@@ -26,6 +36,8 @@ void RowFocus::moveByPage(int direction)
 {
     if (!m_table.hasRow(m_focused))
         return moveBy(direction);
+    if (showMoreOfRow(direction * ShareByPage))
+        return;
     const double page = m_table.height() - m_table.layout().headerHeight(m_focused.section);
     const IndexPath target = m_table.layout().rowOnePageFrom(m_focused, direction, page);
     moveTo(target.section, target.row);
@@ -33,14 +45,18 @@ void RowFocus::moveByPage(int direction)
 
 void RowFocus::moveToFirst()
 {
-    if (const auto first = m_table.layout().rowAfter({ 0, 0 }, 0))
+    if (const auto first = m_table.layout().rowAfter({ 0, 0 }, 0)) {
         moveTo(first->section, first->row);
+        scrollTo(std::min(m_table.contentOffset(), offsetsShowing(*first).beginning));
+    }
 }
 
 void RowFocus::moveToLast()
 {
-    if (const auto last = m_table.layout().rowAfter({ 0, 0 }, std::numeric_limits<int>::max()))
+    if (const auto last = m_table.layout().rowAfter({ 0, 0 }, std::numeric_limits<int>::max())) {
         moveTo(last->section, last->row);
+        scrollTo(std::max(m_table.contentOffset(), offsetsShowing(*last).end));
+    }
 }
 
 void RowFocus::moveTo(int section, int row)
@@ -99,17 +115,43 @@ bool RowFocus::isTyping() const
     return !m_typed.isEmpty() && m_sinceTyped.elapsed() <= InOneGo;
 }
 
-void RowFocus::scrollIntoView(const IndexPath& indexPath)
+RowFocus::Offsets RowFocus::offsetsShowing(const IndexPath& indexPath) const
 {
     const QRectF rect = m_table.rectForRow(indexPath);
     const double pinned = m_table.layout().headerHeight(indexPath.section);
     // What stands above the first row, also the header of a section without rows, shows with it.
-    if (m_table.layout().rowAfter({ 0, 0 }, 0) == indexPath)
-        m_table.setContentOffset(std::min(m_table.contentOffset(), 0.0));
-    if (rect.top() - pinned < m_table.contentOffset())
-        m_table.setContentOffset(std::max(0.0, rect.top() - pinned));
-    else if (rect.bottom() > m_table.contentOffset() + m_table.height())
-        m_table.setContentOffset(rect.bottom() - m_table.height());
+    const bool isFirst = m_table.layout().rowAfter({ 0, 0 }, 0) == indexPath;
+    return { isFirst ? 0 : rect.top() - pinned, rect.bottom() - m_table.height() };
+}
+
+// The whole row or, of one that is higher than the table, nothing else.
+void RowFocus::scrollIntoView(const IndexPath& indexPath)
+{
+    const auto [beginning, end] = offsetsShowing(indexPath);
+    m_table.setContentOffset(std::clamp(m_table.contentOffset(), std::min(beginning, end), std::max(beginning, end)));
+}
+
+void RowFocus::scrollTo(double offset)
+{
+    const double before = m_table.contentOffset();
+    m_table.setContentOffset(offset);
+    tellScroll(before);
+}
+
+// Whether the focused row is seen, is higher than the table and goes on that way: then it is scrolled, and keeps the
+// focus.
+bool RowFocus::showMoreOfRow(double share)
+{
+    if (!m_table.cellForRow(m_focused))
+        return false;
+    const auto [beginning, end] = offsetsShowing(m_focused);
+    const double offset = m_table.contentOffset();
+    const bool goesOn = share < 0 ? offset > beginning : offset < end;
+    if (end <= beginning || !goesOn)
+        return false;
+    const double seen = m_table.height() - m_table.layout().headerHeight(m_focused.section);
+    scrollTo(std::clamp(offset + share * seen, beginning, end));
+    return true;
 }
 
 void RowFocus::activate()

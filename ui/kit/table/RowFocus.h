@@ -11,8 +11,8 @@ namespace kit {
 
 class TableHost;
 
-// The row of a table that the keyboard acts on, and how keys move it. A move scrolls the row into view. Lives as long
-// as its table.
+// The row of a table that the keyboard acts on, and how keys move it. A move scrolls the row into view; where a row is
+// higher than the table, moves by a row or a page show the rest of it first. Lives as long as its table.
 class RowFocus : public QObject
 {
     Q_OBJECT
@@ -66,8 +66,18 @@ Q_SIGNALS:
     void scrolled();
 
 private:
+    // Content offsets at which the beginning of a row, below the pinned header, and its end just show.
+    struct Offsets
+    {
+        double beginning;
+        double end;
+    };
+
     void setFocused(const IndexPath& indexPath);
+    Offsets offsetsShowing(const IndexPath& indexPath) const;
     void scrollIntoView(const IndexPath& indexPath);
+    void scrollTo(double offset);
+    bool showMoreOfRow(double share);
     void tellScroll(double before);
     QString nameOf(const IndexPath& indexPath) const;
 

@@ -137,7 +137,7 @@ TEST(RowFocus, movesByAPageOfWhatIsSeenWhateverTheRowsHeights)
 TEST(RowFocus, movesByARowAtLeastWhereOneFillsThePage)
 {
     TableWorld world({ 3 });
-    world.source.rowHeight = 2'000;
+    world.source.rowHeight = 600;
     world.show();
     world.table.rowFocus()->moveByPage(1);
     EXPECT_EQ(world.table.rowFocus()->row(), 0) << "the first key goes to what is seen";
@@ -410,4 +410,76 @@ TEST(RowFocus, tellsOnceThatItIsOnAnotherRow)
     EXPECT_EQ(changed.count(), 1);
     world.table.rowFocus()->clear();
     EXPECT_EQ(changed.count(), 2);
+}
+
+TEST(RowFocus, showsAllOfARowThatIsHigherThanTheTableBeforeItGoesOn)
+{
+    TableWorld world({ 3 });
+    world.source.firstRowHeight = 60;
+    world.source.rowHeight = 2000;
+    world.show();
+    const double height = world.table.height();
+    kit::RowFocus& focus = *world.table.rowFocus();
+    for (const auto& [key, isPage] : { std::pair{ 1, false }, std::pair{ 1, true } }) {
+        SCOPED_TRACE(isPage ? "by pages" : "by rows");
+        const auto go = [&, isByPage = isPage](
+                            int direction) { isByPage ? focus.moveByPage(direction) : focus.moveBy(direction); };
+        focus.moveTo(0, 0);
+        go(1);
+        EXPECT_EQ(focus.row(), 1);
+        EXPECT_EQ(world.table.contentOffset(), 60) << "it begins with its beginning";
+        double seen = 60 + height;
+        while (focus.row() == 1 && world.table.contentOffset() < 2060 - height) {
+            go(1);
+            ASSERT_GT(world.table.contentOffset() + height, seen) << "it goes on";
+            ASSERT_LT(world.table.contentOffset(), seen) << "and leaves nothing out";
+            seen = world.table.contentOffset() + height;
+        }
+        EXPECT_EQ(focus.row(), 1);
+        EXPECT_EQ(world.table.contentOffset(), 2060 - height) << "up to its end";
+        go(1);
+        EXPECT_EQ(focus.row(), 2);
+        EXPECT_EQ(world.table.contentOffset(), 2060);
+        go(-1);
+        EXPECT_EQ(focus.row(), 1);
+        EXPECT_EQ(world.table.contentOffset(), 2060 - height) << "from below it begins with its end";
+        go(-1);
+        EXPECT_EQ(focus.row(), 1);
+        EXPECT_LT(world.table.contentOffset(), 2060 - height);
+    }
+}
+
+TEST(RowFocus, standsStillAtTheEndsOfRowsHigherThanTheTable)
+{
+    TableWorld world({ 2 });
+    world.source.rowHeight = 2000;
+    world.show();
+    const double height = world.table.height();
+    kit::RowFocus& focus = *world.table.rowFocus();
+    focus.moveToLast();
+    EXPECT_EQ(world.table.contentOffset(), 4000 - height);
+    focus.moveBy(1);
+    EXPECT_EQ(world.table.contentOffset(), 4000 - height);
+    focus.moveByPage(1);
+    EXPECT_EQ(world.table.contentOffset(), 4000 - height);
+    focus.moveToFirst();
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    focus.moveBy(-1);
+    EXPECT_EQ(world.table.contentOffset(), 0);
+    focus.moveByPage(1);
+    focus.moveToFirst();
+    EXPECT_EQ(world.table.contentOffset(), 0) << "from the middle of the first";
+}
+
+TEST(RowFocus, goesOnFromARowHigherThanTheTableThatWasScrolledAway)
+{
+    TableWorld world({ 40 });
+    world.source.firstRowHeight = 2000;
+    world.source.rowHeight = 60;
+    world.show();
+    kit::RowFocus& focus = *world.table.rowFocus();
+    focus.moveToFirst();
+    world.table.setContentOffset(3000);
+    focus.moveBy(1);
+    EXPECT_EQ(focus.row(), 1);
 }

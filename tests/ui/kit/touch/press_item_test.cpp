@@ -69,20 +69,3 @@ TEST(PressItem, isPressedOnceByAKeyThatIsHeld)
     EXPECT_TRUE(takes(item, Qt::Key_Space, Repeat::Yes));
     EXPECT_EQ(pressed.count(), 1);
 }
-
-TEST(PressItem, keepsTheFingerAndTheMouseOnlyWhileItIsToldTo)
-{
-    kit::PressItem item;
-    const QSignalSpy changed(&item, &kit::PressItem::keepsFingerChanged);
-    EXPECT_FALSE(item.keepMouseGrab());
-    EXPECT_FALSE(item.keepTouchGrab());
-    item.setKeepsFinger(true);
-    item.setKeepsFinger(true);
-    EXPECT_TRUE(item.keepMouseGrab());
-    EXPECT_TRUE(item.keepTouchGrab());
-    EXPECT_EQ(changed.count(), 1);
-    item.setKeepsFinger(false);
-    EXPECT_FALSE(item.keepMouseGrab());
-    EXPECT_FALSE(item.keepTouchGrab());
-    EXPECT_EQ(changed.count(), 2);
-}
