@@ -305,3 +305,13 @@ TEST_F(NavigationControllerTest, doesNotTellTheNextScreenThatItAppearedBeforeItD
     EXPECT_FALSE(moments.contains(QStringLiteral("third did appear")));
     EXPECT_TRUE(moments.contains(QStringLiteral("second did appear")));
 }
+
+TEST_F(NavigationControllerTest, laysTheScreenThatLeavesOutInItsNewSizeToo)
+{
+    kit::Animations::setEnabled(true);
+    push(QStringLiteral("second"), Animation::Animated);
+    stack.layOut({ 0, 0, 600, 320 });
+    ASSERT_TRUE(stack.isTransitioning());
+    EXPECT_EQ(stack.leavingViewController()->view()->frame(), QRectF(0, 44, 600, 276));
+    EXPECT_EQ(stack.topViewController()->view()->frame(), QRectF(0, 44, 600, 276));
+}

@@ -130,6 +130,18 @@ TEST_F(TabBarControllerTest, goesIntoTheSearchFieldFromAnotherTab)
     EXPECT_TRUE(searchBar()->isActive());
 }
 
+TEST_F(TabBarControllerTest, goesIntoTheFirstSearchFieldOfItsTabs)
+{
+    auto* const own = new kit::SearchController;
+    first->viewControllers().front()->navigationItem()->setSearchController(own);
+    show();
+    tabs.tapTab(1);
+    tabs.activateSearch();
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+    EXPECT_TRUE(own->searchBar()->isActive());
+    EXPECT_FALSE(searchBar()->isActive());
+}
+
 TEST_F(TabBarControllerTest, goesIntoTheSearchFieldFromAScreenAboveIt)
 {
     show();

@@ -8,15 +8,15 @@ namespace {
 
 constexpr QRgb White = qRgb(255, 255, 255);
 
-// A red box with a blue edge of two points on white, grabbed.
-QImage boxOfSize(const QSizeF& size)
+// A box with a blue edge of two points on white, grabbed.
+QImage boxOfSize(const QSizeF& size, const QColor& fill = Qt::red)
 {
     QQuickWindow window;
     window.setColor(Qt::white);
     window.resize(60, 40);
     auto* const box = new kit::RoundedBox(window.contentItem());
-    box->setProperty("upper", QColor(Qt::red));
-    box->setProperty("lower", QColor(Qt::red));
+    box->setProperty("upper", fill);
+    box->setProperty("lower", fill);
     box->setProperty("edge", QColor(Qt::blue));
     box->setProperty("edgeWidth", 2);
     box->setProperty("radius", 10);
@@ -59,4 +59,12 @@ TEST(RoundedBox, drawsNothingWithoutASize)
 TEST(RoundedBox, isStretchedToASizeThatIsTooLargeToBePainted)
 {
     EXPECT_EQ(boxOfSize({ 20'000, 30 }).pixel(40, 15), qRgb(255, 0, 0));
+}
+
+TEST(RoundedBox, showsWhatIsBehindItThroughItsFillAndNotItsEdge)
+{
+    const QImage picture = boxOfSize({ 50, 30 }, QColor(255, 0, 0, 51));
+    EXPECT_EQ(picture.pixel(25, 1), qRgb(0, 0, 255));
+    EXPECT_EQ(picture.pixel(25, 15), qRgb(255, 204, 204)) << "a fifth of red on white";
+    EXPECT_EQ(boxOfSize({ 50, 30 }, Qt::transparent).pixel(25, 15), White);
 }
