@@ -136,6 +136,15 @@ TEST(PanelShape, hasCornersOfItsRadius)
     }
 }
 
+TEST(PanelShape, hasNoStepsInItsOutline)
+{
+    const QImage picture = pictureWithArrowUp(PanelPlace(Panel, AnchorOfEdge[0].second, Window));
+    int between = 0;
+    for (int column = 0; column < picture.width(); ++column)
+        between += qAlpha(picture.pixel(column, static_cast<int>(PanelShape::Reach) - 8)) % 255 != 0 ? 1 : 0;
+    EXPECT_GT(between, 1);
+}
+
 TEST(PanelShape, castsAShadowThatFadesOutBelowItAndBesideIt)
 {
     const QImage picture
@@ -148,10 +157,14 @@ TEST(PanelShape, castsAShadowThatFadesOutBelowItAndBesideIt)
     EXPECT_GT(qAlpha(picture.pixel(right, middle)), 127);
     EXPECT_GT(qAlpha(picture.pixel(right + 14, middle)), 0);
     EXPECT_EQ(qAlpha(picture.pixel(right + 16, middle)), 0);
+    for (int distance = 0; distance < 16; ++distance)
+        EXPECT_EQ(
+            picture.pixel(right + distance, middle), picture.pixel(picture.width() - 1 - right - distance, middle))
+            << distance;
+    // The light comes from above: the shadow lies two points lower than the panel.
     const int column = picture.width() / 2;
-    const int fromEdge = static_cast<int>(PanelShape::Reach) - 8;
-    EXPECT_LT(qAlpha(picture.pixel(column, fromEdge)), qAlpha(picture.pixel(column, picture.height() - 1 - fromEdge)))
-        << "the light comes from above";
+    for (int row = 18; row < 32; ++row)
+        EXPECT_EQ(picture.pixel(column, row), picture.pixel(column, picture.height() - 1 - row + 4)) << row;
 }
 
 TEST(PanelShape, changesItsColourEvenlyFromItsTopToItsBottom)

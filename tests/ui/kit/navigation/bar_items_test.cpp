@@ -97,6 +97,7 @@ TEST(NavigationItem, tellsWhenAnythingOfItChanges)
     QSignalSpy changed(&item, &kit::NavigationItem::itemChanged);
     item.setTitle(QStringLiteral("Sources"));
     EXPECT_EQ(changed.count(), 1) << "the title";
+    EXPECT_EQ(item.title(), QStringLiteral("Sources"));
     item.setLeftBarButtonItem(new kit::BarButtonItem(QStringLiteral("Edit"), kit::BarButtonItem::Style::Plain, {}));
     EXPECT_EQ(changed.count(), 2) << "the left button";
     item.setRightBarButtonItem(new kit::BarButtonItem(QStringLiteral("Add"), kit::BarButtonItem::Style::Plain, {}));
@@ -113,4 +114,5 @@ TEST(TabBarItem, tellsWhenItChanges)
     item.setImage(kit::Image::systemNamed(QStringLiteral("house.fill")));
     EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(item.title(), QStringLiteral("Vesk"));
+    EXPECT_EQ(item.image(), kit::Image::systemNamed(QStringLiteral("house.fill")));
 }

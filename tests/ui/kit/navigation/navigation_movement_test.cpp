@@ -1,10 +1,11 @@
-// How the pages of a stack move, by a clock that goes as far as a test lets it.
+// How the pages of a stack move, by a clock that goes as far as the test lets it.
 #include "tests/ui/kit/navigation/LifeRecorder.h"
 #include "ui/kit/navigation/NavigationController.h"
 #include "ui/kit/paint/Animations.h"
 
 #include <QAbstractAnimation>
 #include <QCoreApplication>
+#include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
@@ -38,16 +39,7 @@ protected:
         stack.beginAppearance();
         stack.endAppearance();
     }
-    ~NavigationMovement() override
-    {
-        stack.beginDisappearance();
-        kit::Animations::setEnabled(false);
-    }
-    void push()
-    {
-        stack.pushViewController(
-            new LifeRecorder(QStringLiteral("second"), moments), kit::NavigationController::Animation::Animated);
-    }
+    ~NavigationMovement() override { kit::Animations::setEnabled(false); }
 
     Clock clock;
     QStringList moments;
@@ -58,11 +50,14 @@ protected:
 
 TEST_F(NavigationMovement, beginsFastAndEndsSlowlyWhereThePageIsToStand)
 {
-    push();
+    auto* const second = new LifeRecorder(QStringLiteral("second"), moments);
+    stack.pushViewController(second, kit::NavigationController::Animation::Animated);
     EXPECT_EQ(stack.progress(), 0);
+    const QSignalSpy moved(&stack, &kit::NavigationController::progressChanged);
     // What is left to go shrinks with the third power of the time that is left.
     clock.goTo(kit::Animations::Push / 2);
     EXPECT_NEAR(stack.progress(), 1 - 0.125, 0.01);
+    EXPECT_GE(moved.count(), 1);
     clock.goTo(kit::Animations::Push * 4 / 5);
     EXPECT_NEAR(stack.progress(), 1 - 0.008, 0.001);
     EXPECT_TRUE(stack.isTransitioning());

@@ -62,3 +62,12 @@ TEST(Hairline, showsTheColourThatItWasGivenWhileItWasHidden)
     line->setVisible(true);
     EXPECT_EQ(redPixelsInColumn(window.grabWindow(), 20), 1);
 }
+
+TEST(Hairline, takesItsHeightFromTheWindowThatItIsPutInto)
+{
+    kit::Hairline line;
+    EXPECT_EQ(line.height(), 0);
+    QQuickWindow window;
+    line.setParentItem(window.contentItem());
+    EXPECT_EQ(line.height(), 1 / window.effectiveDevicePixelRatio());
+}

@@ -115,3 +115,19 @@ TEST_F(PixelItemTest, tellsWhichWindowItIsIn)
     EXPECT_EQ(square->window(), &other);
     square->setParentItem(window.contentItem());
 }
+
+TEST_F(PixelItemTest, tellsItsNewSize)
+{
+    const QSignalSpy told(square, &QQuickItem::widthChanged);
+    square->setWidth(30);
+    EXPECT_EQ(told.count(), 1);
+}
+
+TEST_F(PixelItemTest, isGoneWhenItHasNoSizeAnyMore)
+{
+    ASSERT_EQ(shown(), QColor(Qt::red));
+    square->setHeight(0);
+    EXPECT_NE(shown(), QColor(Qt::red));
+    square->setHeight(20);
+    EXPECT_EQ(shown(), QColor(Qt::red));
+}

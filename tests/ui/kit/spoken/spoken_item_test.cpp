@@ -60,3 +60,17 @@ TEST_F(SpokenItemTest, isInSightWithinItsWindowOnly)
     EXPECT_TRUE(isOffscreen()) << "without a window";
     delete item;
 }
+
+TEST_F(SpokenItemTest, isInvisibleWithoutAWindowThatShowsIt)
+{
+    const auto isInvisible = [this] { return QAccessible::queryAccessibleInterface(item)->state().invisible; };
+    EXPECT_TRUE(isInvisible()) << "in a window that is not shown yet";
+    window.show();
+    EXPECT_FALSE(isInvisible());
+    item->setVisible(false);
+    EXPECT_TRUE(isInvisible());
+    item->setVisible(true);
+    item->setParentItem(nullptr);
+    EXPECT_TRUE(isInvisible()) << "without a window";
+    delete item;
+}

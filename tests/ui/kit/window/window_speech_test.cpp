@@ -94,6 +94,15 @@ TEST_F(Speech, meetsALineFromTheLeftToTheRight)
     EXPECT_EQ(metOf(names), names);
 }
 
+TEST_F(Speech, meetsWhatStandsLowerAfterwardsAlsoIfItBeginsFartherToTheLeft)
+{
+    addToHeader(QStringLiteral("Lower"), { 10, 80, 50, 20 });
+    addToHeader(QStringLiteral("Upper"), { 220, 60, 50, 20 });
+    grabbed();
+    const QStringList names{ QStringLiteral("Upper"), QStringLiteral("Lower") };
+    EXPECT_EQ(metOf(names), names);
+}
+
 TEST_F(Speech, meetsTheListsPartsFromTopToBottom)
 {
     QAccessibleInterface* const list = accessible(QStringLiteral("Row 0.0"))->parent();
