@@ -251,6 +251,11 @@ class Listener:
         return [gained for kind, gained, *what in self.heard
                 if kind == f"object:state-changed:{state}" and what[:2] == [role, name]]
 
+    def changes_heard(self, what, role):
+        """Name and description, as they were then, of each thing of that role that was told to have changed in that."""
+        return [(name, description) for kind, _, source, name, description in self.heard
+                if kind == f"object:property-change:{what}" and source == role]
+
     def focus_heard(self):
         return [what for kind, gained, *what in self.heard if kind == "object:state-changed:focused" and gained]
 

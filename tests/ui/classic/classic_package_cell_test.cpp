@@ -5,6 +5,7 @@
 #include "tests/ui/classic/IconNetwork.h"
 #include "tests/ui/classic/TestPackage.h"
 #include "ui/classic/ClassicUI.h"
+#include "ui/kit/text/TextScale.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -16,6 +17,7 @@ class PackageCell : public testing::Test
 {
 protected:
     PackageCell() { cell.setFrame({ 0, 0, 390, 60 }); }
+    ~PackageCell() override { kit::TextScale::set(1); }
 
     QString detail() const { return cell.detailTextLabel()->text(); }
     void configure(int variant = 0) { cell.configureWithPackage(*package, variant); }
@@ -138,6 +140,15 @@ TEST_F(PackageCell, losesItsBadgeWhenItIsPreparedForReuse)
     EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
 }
 
+TEST_F(PackageCell, isNotSelectedAnyMoreWhenItIsPreparedForReuse)
+{
+    cell.setSelected(true, kit::TableViewCell::Fade::Immediately);
+    cell.setPressed(true);
+    ASSERT_TRUE(cell.isHighlighted());
+    cell.prepareForReuse();
+    EXPECT_FALSE(cell.isHighlighted());
+}
+
 TEST_F(PackageCell, losesItsBadgeWhenItIsConfiguredForAnotherPackage)
 {
     package->setInstalledVersion(QStringLiteral("0.9"));
@@ -200,6 +211,32 @@ TEST_F(PackageCell, hasAFixedGeometry)
     EXPECT_EQ(cell.imageView()->frame(), QRectF(12, 9, 42, 42));
     EXPECT_EQ(cell.textLabel()->frame(), QRectF(66, 11, width - 110, 22));
     EXPECT_EQ(cell.detailTextLabel()->frame(), QRectF(66, 33, width - 110, 18));
+}
+
+TEST_F(PackageCell, hasTheRoomThatALargerTextNeeds)
+{
+    struct Expected
+    {
+        double scale;
+        double rowHeight;
+        double iconTop;
+        double nameTop;
+        double nameHeight;
+        double detailHeight;
+    };
+    // Three fifths of a row of 60 grow with the texts, whose lines of 22 and 18 stand in its middle, one point lower.
+    for (const Expected& expected : { Expected{ 1.25, 69, 13, 10, 28, 23 }, Expected{ 1.5, 78, 18, 10, 33, 27 },
+             Expected{ 1.75, 87, 22, 9, 39, 32 }, Expected{ 2, 96, 27, 9, 44, 36 } }) {
+        SCOPED_TRACE(expected.scale);
+        kit::TextScale::set(expected.scale);
+        cell.setFrame({ 0, 0, 390, expected.rowHeight });
+        cell.layoutSubviews();
+        const double width = cell.contentView()->width() - 110;
+        EXPECT_EQ(cell.imageView()->frame(), QRectF(12, expected.iconTop, 42, 42));
+        EXPECT_EQ(cell.textLabel()->frame(), QRectF(66, expected.nameTop, width, expected.nameHeight));
+        EXPECT_EQ(cell.detailTextLabel()->frame(),
+            QRectF(66, expected.nameTop + expected.nameHeight, width, expected.detailHeight));
+    }
 }
 
 TEST_F(PackageCell, keepsItsGeometryWhenTheIconArrives)

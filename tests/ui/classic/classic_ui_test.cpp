@@ -67,12 +67,13 @@ TEST(Palette, passesComponentsAbove255OnUnclamped)
     EXPECT_DOUBLE_EQ(ClassicUI::colorWithRed(0, 0, 0, 1.5).alpha, 1.5);
 }
 
-TEST(Palette, hasItsFourNamedColors)
+TEST(Palette, hasItsNamedColors)
 {
     expectColor(ClassicUI::veskTextColor(), 25, 50, 80);
     expectColor(ClassicUI::veskSecondaryTextColor(), 74, 84, 98);
     expectColor(ClassicUI::veskBlueColor(), 48, 88, 145);
     expectColor(ClassicUI::veskOrangeColor(), 236, 129, 17);
+    expectColor(ClassicUI::veskRedColor(), 175, 40, 35);
 }
 
 TEST(BackgroundColor, tilesTheAsset)
@@ -125,6 +126,14 @@ TEST(NavigationBarStyle, isOpaqueLightOnDarkWithTheAssetOverItsColor)
     expectColor(bar->standardAppearance().shadowColor, 44, 54, 66);
     expectColor(bar->standardAppearance().titleTextAttributes.foregroundColor, 255, 255, 255);
     expectFont(bar->standardAppearance().titleTextAttributes.font, 18, QFont::Bold);
+}
+
+TEST(NavigationBarStyle, tintsABarThatHadAnotherTint)
+{
+    kit::NavigationController controller(new kit::ViewController);
+    controller.navigationBar()->setTintColor(kit::Color::black());
+    ClassicUI::styleNavigationController(controller);
+    expectColor(controller.navigationBar()->tintColor(), 255, 255, 255);
 }
 
 TEST(NavigationBarStyle, doesNotChangeWhenContentScrollsUnderTheBar)
@@ -186,6 +195,14 @@ TEST(TableStyle, setsColorsAndHeights)
     EXPECT_FALSE(table.delaysContentTouches());
 }
 
+TEST(TableStyle, drawsSeparatorsFromEdgeToEdgeWhateverTheirInsetWas)
+{
+    kit::TableView table;
+    table.setSeparatorInset({ 0, 15, 0, 15 });
+    ClassicUI::styleTableView(table);
+    EXPECT_EQ(table.separatorInset(), kit::EdgeInsets());
+}
+
 TEST(TableStyle, drawsNoSeparatorsBelowTheLastRow)
 {
     kit::TableView table;
@@ -234,6 +251,22 @@ TEST(RowStyle, setsTextsAccessoryAndMargins)
     expectColor(cell.tintColor(), 48, 88, 145);
     EXPECT_EQ(cell.layoutMargins(), (kit::EdgeInsets{ 0, 10, 0, 10 }));
     EXPECT_EQ(cell.separatorInset(), (kit::EdgeInsets{ 0, 10, 0, 10 }));
+}
+
+TEST(RowStyle, replacesWhatAReusedCellLookedLike)
+{
+    kit::TableViewCell cell(kit::TableViewCell::Style::Subtitle, QStringLiteral("Cell"));
+    cell.setBackgroundColor(kit::Color::white());
+    for (kit::Label* const label : { cell.textLabel(), cell.detailTextLabel() }) {
+        label->setFont(kit::Font::boldSystemFont(30));
+        label->setTextColor(kit::Color::white());
+    }
+    ClassicUI::styleCell(cell, 0);
+    EXPECT_EQ(cell.backgroundColor(), kit::Color::clear());
+    expectColor(cell.textLabel()->textColor(), 25, 50, 80);
+    expectFont(cell.textLabel()->font(), 15, QFont::Bold);
+    expectColor(cell.detailTextLabel()->textColor(), 74, 84, 98);
+    expectFont(cell.detailTextLabel()->font(), 12, QFont::Normal);
 }
 
 TEST(RowStyle, acceptsACellWithoutADetailText)

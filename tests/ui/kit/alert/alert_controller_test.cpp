@@ -170,7 +170,9 @@ TEST(AlertController, isAnchoredToAllOfItsSourceUnlessToldWhere)
     kit::View screen({ 0, 44, 1024, 675 });
     auto* button = new kit::View({ 900, 20, 80, 30 });
     screen.addSubview(button);
+    const QSignalSpy changed(&sheet, &kit::AlertController::anchorChanged);
     sheet.setSource(button);
+    EXPECT_EQ(changed.count(), 1);
     EXPECT_EQ(sheet.sourceView(), button);
     EXPECT_EQ(sheet.anchor(), QRectF(900, 64, 80, 30));
     sheet.setSource(button, [] { return QRectF(10, 0, 20, 30); });

@@ -91,6 +91,21 @@ TEST(NavigationItem, letsAButtonReplaceItselfInItsOwnAction)
     EXPECT_EQ(item.rightBarButtonItem()->title(), QStringLiteral("Done"));
 }
 
+TEST(NavigationItem, tellsWhenAnythingOfItChanges)
+{
+    kit::NavigationItem item;
+    QSignalSpy changed(&item, &kit::NavigationItem::itemChanged);
+    item.setTitle(QStringLiteral("Sources"));
+    EXPECT_EQ(changed.count(), 1) << "the title";
+    EXPECT_EQ(item.title(), QStringLiteral("Sources"));
+    item.setLeftBarButtonItem(new kit::BarButtonItem(QStringLiteral("Edit"), kit::BarButtonItem::Style::Plain, {}));
+    EXPECT_EQ(changed.count(), 2) << "the left button";
+    item.setRightBarButtonItem(new kit::BarButtonItem(QStringLiteral("Add"), kit::BarButtonItem::Style::Plain, {}));
+    EXPECT_EQ(changed.count(), 3) << "the right button";
+    item.setSearchController(new kit::SearchController);
+    EXPECT_EQ(changed.count(), 4) << "the search field";
+}
+
 TEST(TabBarItem, tellsWhenItChanges)
 {
     kit::TabBarItem item;
@@ -99,4 +114,5 @@ TEST(TabBarItem, tellsWhenItChanges)
     item.setImage(kit::Image::systemNamed(QStringLiteral("house.fill")));
     EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(item.title(), QStringLiteral("Vesk"));
+    EXPECT_EQ(item.image(), kit::Image::systemNamed(QStringLiteral("house.fill")));
 }

@@ -47,6 +47,7 @@ TEST_F(NavigationControllerTest, showsItsRootScreenBelowItsBar)
     EXPECT_EQ(stack.topViewController()->objectName(), QStringLiteral("root"));
     EXPECT_EQ(stack.topViewController()->view()->frame(), QRectF(0, 44, 320, 556));
     EXPECT_EQ(stack.topViewController()->navigationController(), &stack);
+    EXPECT_EQ(stack.topViewController()->parent(), &stack);
     EXPECT_EQ(stack.navigationController(), nullptr);
     EXPECT_FALSE(stack.canGoBack());
 }
@@ -71,6 +72,7 @@ TEST_F(NavigationControllerTest, letsTheOldScreenGoAndTheNewOneComeAtAPush)
             QStringLiteral("second did appear") }));
     EXPECT_TRUE(stack.canGoBack());
     EXPECT_EQ(stack.topViewController()->view()->frame(), QRectF(0, 44, 320, 556));
+    EXPECT_EQ(stack.topViewController()->navigationController(), &stack);
 }
 
 TEST_F(NavigationControllerTest, bringsTheScreenBelowBackAtAPop)
@@ -304,4 +306,85 @@ TEST_F(NavigationControllerTest, doesNotTellTheNextScreenThatItAppearedBeforeItD
     EXPECT_TRUE(stack.isTransitioning());
     EXPECT_FALSE(moments.contains(QStringLiteral("third did appear")));
     EXPECT_TRUE(moments.contains(QStringLiteral("second did appear")));
+}
+
+TEST_F(NavigationControllerTest, laysTheScreenThatLeavesOutInItsNewSizeToo)
+{
+    kit::Animations::setEnabled(true);
+    push(QStringLiteral("second"), Animation::Animated);
+    stack.layOut({ 0, 0, 600, 320 });
+    ASSERT_TRUE(stack.isTransitioning());
+    EXPECT_EQ(stack.leavingViewController()->view()->frame(), QRectF(0, 44, 600, 276));
+    EXPECT_EQ(stack.topViewController()->view()->frame(), QRectF(0, 44, 600, 276));
+}
+
+TEST_F(NavigationControllerTest, tellsOfTheScreenThatComesAsItsMovementBegins)
+{
+    kit::Animations::setEnabled(true);
+    const QSignalSpy changed(&stack, &kit::NavigationController::stackChanged);
+    push(QStringLiteral("second"), Animation::Animated);
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_TRUE(stack.isTransitioning());
+}
+
+TEST_F(NavigationControllerTest, staysAtItsEndOnceItWasBroughtThereBeforeItsTime)
+{
+    kit::Animations::setEnabled(true);
+    push(QStringLiteral("second"), Animation::Animated);
+    stack.popViewController(Animation::None);
+    const QSignalSpy moved(&stack, &kit::NavigationController::progressChanged);
+    kit::NavigationController other(new kit::ViewController);
+    other.beginAppearance();
+    other.endAppearance();
+    other.pushViewController(new kit::ViewController, Animation::Animated);
+    QSignalSpy changed(&other, &kit::NavigationController::stackChanged);
+    ASSERT_TRUE(changed.wait()) << "a movement that began later is over";
+    EXPECT_EQ(stack.progress(), 1);
+    EXPECT_EQ(moved.count(), 0);
+}
+
+TEST_F(NavigationControllerTest, endsARunningTransitionOnTheWayToTheRoot)
+{
+    kit::Animations::setEnabled(true);
+    push(QStringLiteral("second"));
+    push(QStringLiteral("third"), Animation::Animated);
+    taken(moments);
+    stack.popToRootViewController(Animation::None);
+    EXPECT_EQ(moments,
+        (QStringList{ QStringLiteral("second did disappear"), QStringLiteral("third did appear"),
+            QStringLiteral("third will disappear"), QStringLiteral("root will appear"),
+            QStringLiteral("third did disappear"), QStringLiteral("root did appear") }));
+}
+
+namespace {
+
+// A screen that makes its search field as it is loaded, as they all do.
+class SearchingScreen : public kit::ViewController
+{
+public:
+    void viewDidLoad() override { navigationItem()->setSearchController(new kit::SearchController); }
+};
+
+} // namespace
+
+TEST(HiddenNavigationController, laysAScreenOutBelowTheSearchFieldThatItMakesWhenItIsLoaded)
+{
+    kit::NavigationController stack(new SearchingScreen);
+    stack.layOut({ 0, 0, 320, 600 });
+    EXPECT_EQ(stack.barHeight(), 96);
+    EXPECT_EQ(stack.topViewController()->view()->frame(), QRectF(0, 96, 320, 504));
+}
+
+TEST(TheNavigationBar, tellsWhenItLooksAnotherWay)
+{
+    kit::NavigationBar bar;
+    const QSignalSpy changed(&bar, &kit::NavigationBar::barChanged);
+    bar.setTintColor(kit::Color::black());
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(bar.tint(), QColor(Qt::black));
+    kit::BarAppearance appearance;
+    appearance.shadowColor = kit::Color::white();
+    bar.setStandardAppearance(appearance);
+    EXPECT_EQ(changed.count(), 2);
+    EXPECT_EQ(bar.shadowColor(), QColor(Qt::white));
 }

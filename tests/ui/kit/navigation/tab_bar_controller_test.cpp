@@ -130,6 +130,18 @@ TEST_F(TabBarControllerTest, goesIntoTheSearchFieldFromAnotherTab)
     EXPECT_TRUE(searchBar()->isActive());
 }
 
+TEST_F(TabBarControllerTest, goesIntoTheFirstSearchFieldOfItsTabs)
+{
+    auto* const own = new kit::SearchController;
+    first->viewControllers().front()->navigationItem()->setSearchController(own);
+    show();
+    tabs.tapTab(1);
+    tabs.activateSearch();
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+    EXPECT_TRUE(own->searchBar()->isActive());
+    EXPECT_FALSE(searchBar()->isActive());
+}
+
 TEST_F(TabBarControllerTest, goesIntoTheSearchFieldFromAScreenAboveIt)
 {
     show();
@@ -200,6 +212,53 @@ TEST_F(TabBarControllerTest, canBeLeftWithoutTabs)
     tabs.layOut({ 0, 0, 500, 500 });
     tabs.beginDisappearance();
     tabs.endDisappearance();
+}
+
+TEST_F(TabBarControllerTest, showsTabsThatCameAfterItHadNone)
+{
+    show();
+    tabs.setViewControllers({});
+    taken(moments);
+    tabs.setViewControllers({ new kit::NavigationController(new LifeRecorder(QStringLiteral("third"), moments)) });
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+    EXPECT_EQ(moments,
+        (QStringList{
+            QStringLiteral("third loaded"), QStringLiteral("third will appear"), QStringLiteral("third did appear") }));
+}
+
+TEST_F(TabBarControllerTest, loadsNothingByASelectionBeforeItIsShown)
+{
+    tabs.setSelectedIndex(1);
+    EXPECT_FALSE(tabs.isViewLoaded());
+    EXPECT_FALSE(second->isViewLoaded());
+    EXPECT_TRUE(moments.isEmpty());
+}
+
+TEST_F(TabBarControllerTest, leavesATabNoHeightInAWindowThatIsLowerThanItsBar)
+{
+    tabs.layOut({ 0, 0, 320, 20 });
+    EXPECT_EQ(first->view()->height(), 0);
+}
+
+namespace {
+
+class SearchingScreen : public kit::ViewController
+{
+public:
+    void viewDidLoad() override { navigationItem()->setSearchController(new kit::SearchController); }
+};
+
+} // namespace
+
+TEST_F(TabBarControllerTest, findsTheSearchFieldOfAScreenThatWasNeverShown)
+{
+    auto* const searching = new SearchingScreen;
+    tabs.setViewControllers({ first, new kit::NavigationController(searching) });
+    show();
+    tabs.activateSearch();
+    EXPECT_EQ(tabs.selectedIndex(), 1);
+    ASSERT_NE(searching->navigationItem()->searchController(), nullptr);
+    EXPECT_TRUE(searching->navigationItem()->searchController()->searchBar()->isActive());
 }
 
 TEST_F(TabBarControllerTest, tellsThatNoTabIsSelectedAnyMore)
@@ -275,7 +334,9 @@ TEST(TheTabBar, looksAsItsAppearanceTellsForEachLayout)
     appearance.inlineLayoutAppearance = itemsOfColor(kit::Color::black());
     appearance.compactInlineLayoutAppearance = itemsOfColor(kit::Color::black(0.5));
     kit::TabBar bar;
+    const QSignalSpy changes(&bar, &kit::TabBar::barChanged);
     bar.setStandardAppearance(appearance);
+    EXPECT_EQ(changes.count(), 1);
     EXPECT_EQ(bar.iconColor(), QColor(Qt::white));
     bar.fitInto({ 1280, 720 });
     EXPECT_EQ(bar.iconColor(), QColor(Qt::black));

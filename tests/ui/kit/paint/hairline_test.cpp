@@ -45,3 +45,29 @@ TEST(Hairline, staysOneWholePixelBesideARowThatEndsBetweenTwo)
     EXPECT_EQ(redPixelsInColumn(lineAt(10.01), 20), 1);
     EXPECT_EQ(redPixelsInColumn(lineAt(10.4), 20), 1);
 }
+
+TEST(Hairline, showsTheColourThatItWasGivenWhileItWasHidden)
+{
+    QQuickWindow window;
+    window.setColor(Qt::white);
+    window.resize(60, 40);
+    auto* const line = new kit::Hairline(window.contentItem());
+    line->setProperty("color", QColor(Qt::blue));
+    line->setSize({ 50, line->height() });
+    window.show();
+    window.grabWindow();
+    line->setVisible(false);
+    line->setProperty("color", QColor(Qt::red));
+    window.grabWindow();
+    line->setVisible(true);
+    EXPECT_EQ(redPixelsInColumn(window.grabWindow(), 20), 1);
+}
+
+TEST(Hairline, takesItsHeightFromTheWindowThatItIsPutInto)
+{
+    kit::Hairline line;
+    EXPECT_EQ(line.height(), 0);
+    QQuickWindow window;
+    line.setParentItem(window.contentItem());
+    EXPECT_EQ(line.height(), 1 / window.effectiveDevicePixelRatio());
+}

@@ -63,6 +63,8 @@ TEST(ImageComposer, measuresCapsInPointsAtEveryScale)
     const QImage twice = kit::ImageComposer::composed({ image, { 200, 100 }, 2, Mode::ScaleToFill, {}, 0 });
     EXPECT_EQ(twice.pixelColor(11, 11), QColor(Qt::red));
     EXPECT_EQ(twice.pixelColor(12, 12), QColor(Qt::green));
+    EXPECT_EQ(twice.pixelColor(188, 88), QColor(Qt::blue));
+    EXPECT_EQ(twice.pixelColor(187, 87), QColor(Qt::green));
     const QImage once = kit::ImageComposer::composed({ image, { 100, 50 }, 1, Mode::ScaleToFill, {}, 0 });
     EXPECT_EQ(once.pixelColor(4, 4), QColor(Qt::red));
     EXPECT_EQ(once.pixelColor(8, 8), QColor(Qt::green));
@@ -78,6 +80,22 @@ TEST(ImageComposer, staysWithinAPictureSmallerThanItsCaps)
     EXPECT_EQ(picture.pixelColor(7, 0), QColor(Qt::green));
     EXPECT_EQ(picture.pixelColor(3, 3), QColor(Qt::red));
     EXPECT_EQ(picture.pixelColor(4, 4), QColor(Qt::blue));
+}
+
+TEST(ImageComposer, stretchesTheMiddleOnceInsteadOfRepeatingIt)
+{
+    QImage pixels(4, 4, QImage::Format_ARGB32);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 4; ++x)
+            pixels.setPixelColor(x, y, x < 2 ? Qt::red : Qt::blue);
+    const kit::Image image = imageOf(pixels).resizable({ 1, 1, 1, 1 }, kit::Image::ResizingMode::Stretch);
+    const QImage picture = kit::ImageComposer::composed({ image, { 42, 12 }, 1, Mode::ScaleToFill, {}, 0 });
+    // Between red and blue it may be smooth.
+    for (const int y : { 0, 6, 11 })
+        for (int x = 0; x < 10; ++x) {
+            EXPECT_EQ(picture.pixelColor(x, y), QColor(Qt::red)) << x << ' ' << y;
+            EXPECT_EQ(picture.pixelColor(41 - x, y), QColor(Qt::blue)) << x << ' ' << y;
+        }
 }
 
 TEST(ImageComposer, stretchesTheFirstCapOverTheMiddleWhereTheCapsMeet)
@@ -113,18 +131,22 @@ TEST(ImageComposer, repeatsTheMiddleAndTheEdgesOfATiledPictureBetweenItsCaps)
     for (int y = 0; y < 6; ++y)
         for (int x = 0; x < 6; ++x)
             pixels.setPixelColor(x, y, QColor(40 * x, 40 * y, 7));
-    const kit::Image image = imageOf(pixels).resizable({ 2, 1, 1, 2 }, kit::Image::ResizingMode::Tile);
-    const QImage picture = kit::ImageComposer::composed({ image, { 15, 16 }, 1, Mode::ScaleToFill, {}, 0 });
     const auto sourceOf = [](int place, int before, int after, int length) {
         const int period = 6 - before - after;
         return place < before         ? place
             : place >= length - after ? 6 - (length - place)
                                       : before + (place - before) % period;
     };
-    for (int y = 0; y < 16; ++y)
-        for (int x = 0; x < 15; ++x)
-            ASSERT_EQ(picture.pixelColor(x, y), QColor(40 * sourceOf(x, 1, 2, 15), 40 * sourceOf(y, 2, 1, 16), 7))
-                << x << ' ' << y;
+    for (const double scale : { 1, 2 }) {
+        const kit::Image image
+            = imageOf(pixels, scale)
+                  .resizable({ 2 / scale, 1 / scale, 1 / scale, 2 / scale }, kit::Image::ResizingMode::Tile);
+        const QImage picture = kit::ImageComposer::composed({ image, { 15, 16 }, scale, Mode::ScaleToFill, {}, 0 });
+        for (int y = 0; y < 16; ++y)
+            for (int x = 0; x < 15; ++x)
+                ASSERT_EQ(picture.pixelColor(x, y), QColor(40 * sourceOf(x, 1, 2, 15), 40 * sourceOf(y, 2, 1, 16), 7))
+                    << scale << ' ' << x << ' ' << y;
+    }
 }
 
 TEST(ImageComposer, fillsATiledPictureAtAFractionalScaleAndWithCapsThatMeet)
@@ -184,10 +206,14 @@ TEST(ImageComposer, fitsAPictureIntoTheMiddle)
 
 TEST(ImageComposer, tilesPixelForPixelAtItsOwnScale)
 {
-    const QImage picture = kit::ImageComposer::composed({ imageOf(checkered()), { 31, 17 }, 1, Mode::Tile, {}, 0 });
-    for (int y = 0; y < 17; ++y)
-        for (int x = 0; x < 31; ++x)
-            ASSERT_EQ(picture.pixelColor(x, y), QColor((x + y) % 2 == 0 ? Qt::black : Qt::white)) << x << ' ' << y;
+    for (const double scale : { 1, 2, 3 }) {
+        const kit::ImageLook look{ imageOf(checkered(), scale), { 31, 17 }, scale, Mode::Tile, {}, 0 };
+        const QImage picture = kit::ImageComposer::composed(look);
+        for (int y = 0; y < 17; ++y)
+            for (int x = 0; x < 31; ++x)
+                ASSERT_EQ(picture.pixelColor(x, y), QColor((x + y) % 2 == 0 ? Qt::black : Qt::white))
+                    << scale << ' ' << x << ' ' << y;
+    }
 }
 
 TEST(ImageComposer, tilesWithoutSeamsAtAFractionalScale)
@@ -237,6 +263,13 @@ TEST(ImageComposer, cutsRoundCornersInPoints)
     EXPECT_EQ(picture.pixelColor(3, 3).alpha(), 0);
     EXPECT_EQ(picture.pixelColor(8, 8).alpha(), 255);
     EXPECT_EQ(picture.pixelColor(40, 0).alpha(), 255);
+    int between = 0;
+    for (int x = 0; x < 16; ++x)
+        between += picture.pixelColor(x, 5).alpha() % 255 != 0 ? 1 : 0;
+    EXPECT_GT(between, 0) << "a corner without steps";
+    const QImage small = kit::ImageComposer::composed({ imageOf(flat), { 80, 80 }, 3, Mode::ScaleToFill, {}, 1 });
+    EXPECT_LT(small.pixelColor(0, 0).alpha(), 128);
+    EXPECT_EQ(small.pixelColor(3, 3).alpha(), 255);
 }
 
 TEST(ImageComposer, givesTheSamePictureForTheSameLook)
@@ -290,4 +323,18 @@ TEST(ImageComposer, averagesThePixelsOfAPictureThatIsMadeSmaller)
         EXPECT_NEAR(picture.pixelColor(15, 15).lightness(), 128, 3);
         EXPECT_NEAR(picture.pixelColor(16, 15).lightness(), 128, 3);
     }
+}
+
+TEST(ImageComposer, averagesThePixelsOfAPictureThatIsMadeSmallerInOneDirectionOnly)
+{
+    // One of four is black, and four make one: three quarters as light as white.
+    QImage bars(120, 120, QImage::Format_ARGB32);
+    for (int y = 0; y < 120; ++y)
+        for (int x = 0; x < 120; ++x)
+            bars.setPixelColor(x, y, x % 4 == 0 ? Qt::black : Qt::white);
+    const QImage taller = kit::ImageComposer::composed({ imageOf(bars), { 30, 240 }, 1, Mode::ScaleToFill, {}, 0 });
+    EXPECT_NEAR(taller.pixelColor(15, 120).lightness(), 191, 3);
+    const kit::Image turned = imageOf(bars.transformed(QTransform().rotate(90)));
+    const QImage wider = kit::ImageComposer::composed({ turned, { 240, 30 }, 1, Mode::ScaleToFill, {}, 0 });
+    EXPECT_NEAR(wider.pixelColor(120, 15).lightness(), 191, 3);
 }

@@ -1,12 +1,18 @@
 #include "ui/kit/paint/Image.h"
 
+#include "tests/ui/kit/paint/DocumentPlugin.h"
+
 #include <QBuffer>
+#include <QImageReader>
 #include <QLoggingCategory>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
 
 #include <array>
+
+extern "C" QObject* qt_plugin_instance();
+extern "C" QPluginMetaData qt_plugin_query_metadata_v2();
 
 namespace {
 
@@ -209,12 +215,29 @@ TEST(DecodedImage, scalesDownALargePicture)
     EXPECT_EQ(kit::Image::fromData(png(2, 4'096), 1).size(), QSizeF(1, 512));
 }
 
+TEST(DecodedImage, standsAsACameraSaysThatItWasHeld)
+{
+    QByteArray photograph = encoded(QImage(20, 10, QImage::Format_RGB32), "JPEG");
+    // The camera's note, with one entry: it was held upright.
+    photograph.insert(2,
+        QByteArray::fromHex("ffe10022457869660000"
+                            "49492a0008000000"
+                            "0100120103000100000006000000"
+                            "00000000"));
+    EXPECT_EQ(kit::Image::fromData(photograph, 1).size(), QSizeF(10, 20));
+}
+
 TEST(DecodedImage, isNoneForAPictureThatIsADocument)
 {
+    qRegisterStaticPluginFunction({ qt_plugin_instance, qt_plugin_query_metadata_v2 });
     const QByteArray drawing = QByteArrayLiteral(
         "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\" width=\"10\" height=\"10\"><rect "
         "width=\"10\" height=\"10\"/></svg>");
+    EXPECT_FALSE(QImage::fromData(drawing).isNull());
     EXPECT_TRUE(kit::Image::fromData(drawing, 1).isNull());
+    const QByteArray page = QByteArrayLiteral("%PDF-1.7\n");
+    EXPECT_FALSE(QImage::fromData(page).isNull());
+    EXPECT_TRUE(kit::Image::fromData(page, 1).isNull());
 }
 
 TEST(DecodedImage, takesTheFirstFrameOfAGifAndRefusesAnEnormousOne)

@@ -1,6 +1,7 @@
 #include "ui/kit/paint/PixelItem.h"
 
 #include <QQuickWindow>
+#include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
@@ -91,4 +92,42 @@ TEST_F(PixelItemTest, isNotPaintedAgainByBeingHiddenForAWhile)
     square->setVisible(true);
     EXPECT_EQ(shown(), QColor(Qt::red));
     EXPECT_EQ(square->paintings(), 1);
+}
+
+TEST_F(PixelItemTest, isPaintedAgainInItsNewSizeButNotAtAnotherPlace)
+{
+    shown();
+    square->setPosition({ 5, 5 });
+    EXPECT_EQ(shown(), QColor(Qt::red));
+    EXPECT_EQ(square->paintings(), 1);
+    square->setPosition({ 0, 0 });
+    square->setSize({ 9, 9 });
+    EXPECT_NE(shown(), QColor(Qt::red));
+    EXPECT_EQ(square->paintings(), 2);
+}
+
+TEST_F(PixelItemTest, tellsWhichWindowItIsIn)
+{
+    QQuickWindow other;
+    const QSignalSpy told(square, &QQuickItem::windowChanged);
+    square->setParentItem(other.contentItem());
+    EXPECT_GE(told.count(), 1);
+    EXPECT_EQ(square->window(), &other);
+    square->setParentItem(window.contentItem());
+}
+
+TEST_F(PixelItemTest, tellsItsNewSize)
+{
+    const QSignalSpy told(square, &QQuickItem::widthChanged);
+    square->setWidth(30);
+    EXPECT_EQ(told.count(), 1);
+}
+
+TEST_F(PixelItemTest, isGoneWhenItHasNoSizeAnyMore)
+{
+    ASSERT_EQ(shown(), QColor(Qt::red));
+    square->setHeight(0);
+    EXPECT_NE(shown(), QColor(Qt::red));
+    square->setHeight(20);
+    EXPECT_EQ(shown(), QColor(Qt::red));
 }

@@ -87,6 +87,13 @@ TEST(WritingDirection, keepsANameTogetherWithWhatStandsInside)
             + QStringLiteral(" removed?"));
 }
 
+TEST(WritingDirection, keepsTwoNamesApartWhereAWordStandsBetweenThem)
+{
+    EXPECT_EQ(kit::WritingDirection::shownSentence(QStringLiteral("אבג needs דהו 2.")),
+        LeftToRightMark + isolatedName(QStringLiteral("אבג")) + QStringLiteral(" needs ")
+            + isolatedName(QStringLiteral("דהו")) + QStringLiteral(" 2."));
+}
+
 TEST(WritingDirection, keepsArabicDigitsTogetherToo)
 {
     EXPECT_EQ(kit::WritingDirection::shownSentence(QStringLiteral("Was \u0663.\u0664 removed?")),

@@ -49,6 +49,12 @@ protected:
 
 } // namespace
 
+TEST_F(Room, isFilledByTheRootScreen)
+{
+    resize({ 500, 600 });
+    EXPECT_EQ(tabs->view()->frame(), QRectF(0, 0, 500, 600));
+}
+
 TEST_F(Room, showsTheTitleOfATabBelowItsSymbolInANarrowWindow)
 {
     grabbed();

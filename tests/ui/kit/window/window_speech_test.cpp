@@ -35,6 +35,19 @@ protected:
         field->setText(QAccessible::Value, text);
         return field;
     }
+    // The names of those of the list's parts, in the order in which they are met.
+    QStringList metOf(const QStringList& names) const
+    {
+        QStringList met = namesIn(accessible(QStringLiteral("Row 0.0"))->parent());
+        met.removeIf([&](const QString& name) { return !names.contains(name); });
+        return met;
+    }
+    void addToHeader(const QString& text, const QRectF& frame)
+    {
+        auto* const label = new kit::Label(frame);
+        label->setText(text);
+        table().tableHeaderView()->addSubview(label);
+    }
     static QString written(QAccessibleInterface* field) { return field->text(QAccessible::Value); }
 };
 
@@ -63,15 +76,31 @@ TEST_F(Speech, meetsNothingMoreOfWhatWasTakenAway)
 TEST_F(Speech, meetsWhatStandsAtOnePlaceInTheOrderInWhichItWasPutThere)
 {
     const QStringList names{ QStringLiteral("Lowest"), QStringLiteral("Middle"), QStringLiteral("Topmost") };
-    for (const QString& name : names) {
-        auto* const label = new kit::Label({ 10, 60, 100, 20 });
-        label->setText(name);
-        table().tableHeaderView()->addSubview(label);
-    }
+    for (const QString& name : names)
+        addToHeader(name, { 10, 60, 100, 20 });
     grabbed();
-    QStringList met = namesIn(accessible(QStringLiteral("Row 0.0"))->parent());
-    met.removeIf([&](const QString& name) { return !names.contains(name); });
-    EXPECT_EQ(met, names);
+    EXPECT_EQ(metOf(names), names);
+}
+
+TEST_F(Speech, meetsALineFromTheLeftToTheRight)
+{
+    addToHeader(QStringLiteral("Third"), { 220, 60, 50, 20 });
+    addToHeader(QStringLiteral("First"), { 10, 62, 50, 20 });
+    addToHeader(QStringLiteral("Second"), { 110, 58, 50, 20 });
+    addToHeader(QStringLiteral("Next line"), { 0, 78, 50, 20 });
+    grabbed();
+    const QStringList names{ QStringLiteral("First"), QStringLiteral("Second"), QStringLiteral("Third"),
+        QStringLiteral("Next line") };
+    EXPECT_EQ(metOf(names), names);
+}
+
+TEST_F(Speech, meetsWhatStandsLowerAfterwardsAlsoIfItBeginsFartherToTheLeft)
+{
+    addToHeader(QStringLiteral("Lower"), { 10, 80, 50, 20 });
+    addToHeader(QStringLiteral("Upper"), { 220, 60, 50, 20 });
+    grabbed();
+    const QStringList names{ QStringLiteral("Upper"), QStringLiteral("Lower") };
+    EXPECT_EQ(metOf(names), names);
 }
 
 TEST_F(Speech, meetsTheListsPartsFromTopToBottom)

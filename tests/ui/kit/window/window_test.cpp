@@ -480,6 +480,13 @@ TEST_F(KitWindowTest, boundsTheTitlesOfItsBarAndTheNamesOfItsControls)
     EXPECT_EQ(control.accessibilityLabel(), endless.left(1'000));
 }
 
+TEST_F(KitWindowTest, takesWhatIsOnTheScreenWithIt)
+{
+    const QPointer<QQuickWindow> shown(quick());
+    window.reset();
+    EXPECT_TRUE(shown.isNull());
+}
+
 TEST_F(KitWindowTest, closesInTheMiddleOfEverything)
 {
     grabbed();
