@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <pthread.h>
+#include <thread>
 
 namespace {
 
@@ -73,6 +74,15 @@ TEST_F(QueueExecution, callsTheCompletionOnTheMainThreadInALaterTurn)
     EXPECT_EQ(completions, 0);
     ASSERT_TRUE(waitForCompletions(1));
     EXPECT_EQ(thread, QCoreApplication::instance()->thread());
+}
+
+TEST_F(QueueExecution, callsTheCompletionOnTheMainThreadWhereverItWasMade)
+{
+    std::thread([this] {
+        installer = std::make_unique<PackageInstaller>(
+            InstallerSurroundings{ .urlOpener = std::make_unique<RecordingOpener>(opener) });
+    }).join();
+    run();
 }
 
 TEST_F(QueueExecution, letsGoOfTheCompletionOnTheMainThread)

@@ -220,6 +220,11 @@ TEST_F(ActionQueue, keepsThePackageOfAnEntryWithItsSourceAlive)
     EXPECT_TRUE(source.expired());
 }
 
+TEST(SharedInstaller, takesArchivesOfUpToEightGibibytes)
+{
+    EXPECT_EQ(InstallerSurroundings::standardRequest().limits.largestBody, 8LL * 1024 * 1024 * 1024);
+}
+
 TEST(SharedInstaller, isOneInstanceWithAnEmptyQueue)
 {
     EXPECT_EQ(&PackageInstaller::sharedInstaller(), &PackageInstaller::sharedInstaller());

@@ -1,6 +1,7 @@
 // A program on the user's own sources, for tests of what happens when a process ends: refreshes all of them, prints
 // "finished" when that is done, quits as soon as its standard input ends, and prints the name of a thread that
-// outlives the application.
+// outlives the application. With the argument "names" it prints those of the packages before "finished", in their
+// order.
 #include "catalog/RepoManager.h"
 
 #include <QCoreApplication>
@@ -15,10 +16,21 @@
 
 namespace {
 
+void printNames()
+{
+    for (const VeskPackagePtr& package : RepoManager::sharedManager()->packagesSortedByName())
+        std::puts(package->name().toUtf8().constData());
+}
+
 int runApplication(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    RepoManager::sharedManager()->refreshAllWithCompletion([] { std::puts("finished"); });
+    RepoManager::sharedManager()->refreshAllWithCompletion([] {
+        if (QCoreApplication::arguments().contains(QStringLiteral("names")))
+            printNames();
+        std::puts("finished");
+        std::fflush(stdout);
+    });
     QSocketNotifier inputEnd(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&inputEnd, &QSocketNotifier::activated, [] { QCoreApplication::quit(); });
     return QCoreApplication::exec();

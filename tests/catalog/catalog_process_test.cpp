@@ -16,16 +16,18 @@ constexpr int longestWait = 60000;
 class CatalogProcess : public testing::Test
 {
 protected:
-    void start()
+    void start(const QStringList& arguments = {}, const QString& language = {})
     {
         JsonSourceStore store(m_directory.filePath(QStringLiteral("vesk/defaults.json")));
         ASSERT_TRUE(store.setSources({ { m_server.url(QStringLiteral("/1")), QStringLiteral("1"), true },
             { m_server.url(QStringLiteral("/2")), QStringLiteral("2"), true } }));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_directory.path());
+        if (!language.isEmpty())
+            environment.insert(QStringLiteral("LC_ALL"), language);
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_process.start(QStringLiteral(CATALOG_PROBE), {});
+        m_process.start(QStringLiteral(CATALOG_PROBE), arguments);
         ASSERT_TRUE(m_process.waitForStarted());
     }
 
@@ -50,6 +52,24 @@ protected:
 };
 
 } // namespace
+
+TEST_F(CatalogProcess, hasTheNamesInTheOrderOfThePersonsLanguage)
+{
+    m_server.serve("/1/Packages.bz2", "Package: o\nName: \xc3\x96rn\n\nPackage: z\nName: Zebra\n\n");
+    const std::pair<QString, QString> orders[]
+        = { { QStringLiteral("sv_SE.UTF-8"), QStringLiteral("Zebra\nÖrn\nfinished\n") },
+              { QStringLiteral("de_DE.UTF-8"), QStringLiteral("Örn\nZebra\nfinished\n") } };
+    for (const auto& [language, names] : orders) {
+        start({ QStringLiteral("names") }, language);
+        QString printed;
+        ASSERT_TRUE(waitFor([&] {
+            printed += QString::fromUtf8(m_process.readAll());
+            return printed.contains(QStringLiteral("finished"));
+        }));
+        EXPECT_TRUE(printed.endsWith(names)) << printed.toStdString();
+        end();
+    }
+}
 
 TEST_F(CatalogProcess, endsCleanlyBeforeAnAnswerHasCome)
 {

@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <pthread.h>
 #include <spawn.h>
@@ -206,6 +207,17 @@ TEST_F(ChildProcess, inheritsWhatWasIgnoredFromTheStart)
     EXPECT_EQ(ignoredByChild() & maskOf(SIGHUP), maskOf(SIGHUP));
     signal(SIGPIPE, previousPipe);
     signal(SIGHUP, previousHangUp);
+}
+
+// In a process of its own, for in this one the start may have been noted by another test.
+TEST_F(ChildProcess, inheritsWhatIsIgnoredWhereNobodyNotedTheStart)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto isInherited = [this] {
+        signal(SIGHUP, SIG_IGN);
+        return (ignoredByChild() & maskOf(SIGHUP)) != 0;
+    };
+    EXPECT_EXIT(std::_Exit(isInherited() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(ChildProcess, inheritsOfNoSignalThatItCameToBeIgnored)

@@ -35,15 +35,15 @@ private:
 };
 
 // Until the decoder waits or ends.
-DecodeState decodeMore(IndexDecoder& decoder, TextBatch& batch, QByteArray& text)
+void decodeMore(IndexDecoder& decoder, TextBatch& batch, Decoded& decoded)
 {
-    DecodeState state = DecodeState::Going;
-    while (state == DecodeState::Going) {
-        state = decoder.decode(batch);
-        text.append(batch.text().data(), static_cast<qsizetype>(batch.text().size()));
+    decoded.state = DecodeState::Going;
+    while (decoded.state == DecodeState::Going) {
+        decoded.state = decoder.decode(batch);
+        decoded.steps += decoded.state == DecodeState::Waiting ? 0 : 1;
+        decoded.text.append(batch.text().data(), static_cast<qsizetype>(batch.text().size()));
         batch.clear();
     }
-    return state;
 }
 
 } // namespace
@@ -60,14 +60,14 @@ Decoded decodeInPieces(const QByteArray& body, Compression compression, const Pi
         const std::string_view piece = rest.substr(0, static_cast<std::size_t>(std::max<qsizetype>(1, pieceSize())));
         received->append(piece);
         rest.remove_prefix(piece.size());
-        decoded.state = decodeMore(*decoder, batch, decoded.text);
+        decodeMore(*decoder, batch, decoded);
     }
     received->finish();
     if (decoded.state == DecodeState::Waiting)
-        decoded.state = decodeMore(*decoder, batch, decoded.text);
+        decodeMore(*decoder, batch, decoded);
     while (decoded.state == DecodeState::Waiting) {
         resumption->await();
-        decoded.state = decodeMore(*decoder, batch, decoded.text);
+        decodeMore(*decoder, batch, decoded);
     }
     return decoded;
 }

@@ -12,6 +12,8 @@ struct Decoded
     // Complete or Broken.
     DecodeState state;
     QByteArray text;
+    // How often the decoder was asked for more and had no need to wait.
+    int steps = 0;
 };
 
 // The sizes of the pieces in which a body comes, asked for one after the other.

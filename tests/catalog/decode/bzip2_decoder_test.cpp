@@ -39,6 +39,15 @@ TEST(Bzip2Decoder, givesTheBlocksInTheirOrder)
     EXPECT_TRUE(decoded.text == noise(550000));
 }
 
+// Whoever reads a stream in order gets through 16 KiB of it in a step.
+TEST(Bzip2Decoder, leavesTheWorkOnEachBlockToAWorker)
+{
+    constexpr int blocks = 6;
+    const Decoded decoded = decodeWhole(manyBlocks(), Compression::Bzip2);
+    EXPECT_TRUE(decoded.text == noise(550000));
+    EXPECT_LE(decoded.steps, 2 * blocks + 1);
+}
+
 TEST(Bzip2Decoder, endsWithTheFirstStream)
 {
     expectWhatTheLibraryGives(manyBlocks() + manyBlocks());
@@ -67,6 +76,15 @@ TEST(Bzip2Decoder, givesMixedUsualAndUnusualBlocksInTheirOrder)
     expectWhatTheLibraryGives(packedInSmallBlocks(noise(350000) + QByteArray(20'000'000, 'x') + noise(350000)));
     expectWhatTheLibraryGives(packedInSmallBlocks(noise(550000), 20000));
     expectWhatTheLibraryGives(packedInSmallBlocks(noise(550000), 250000));
+}
+
+// All of it is packed so small that the usual blocks and the unusual one come out of one piece.
+TEST(Bzip2Decoder, goesOnWithinAPieceOfTextBehindUsualBlocksThatPackWell)
+{
+    const QByteArray lines = QByteArray("one line and\n").repeated(27000);
+    const QByteArray packed = packedInSmallBlocks(lines + QByteArray(20'000'000, 'x') + lines);
+    ASSERT_LT(packed.size(), 16384);
+    expectWhatTheLibraryGives(packed);
 }
 
 TEST(Bzip2Decoder, failsOnABodyCutOffInAnyBlock)

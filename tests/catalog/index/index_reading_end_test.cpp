@@ -72,6 +72,26 @@ TEST_F(TheEndOfReading, isToldOnceTheBodyIsWholeAndNotBefore)
     EXPECT_EQ(m_doneCount, 1);
 }
 
+// What was installed then is in the packages.
+TEST_F(TheEndOfReading, comesOfWorkThatIsDoneWhileTheBodyArrives)
+{
+    QTemporaryDir directory;
+    IndexJob job = jobFor(Compression::None);
+    job.statusPaths = QStringList(directory.filePath(QStringLiteral("status")));
+    QFile status(job.statusPaths.front());
+    ASSERT_TRUE(status.open(QIODevice::WriteOnly));
+    status.write("Package: a\nStatus: install ok installed\nVersion: 7\n\n");
+    status.close();
+    std::promise<QString> installed;
+    IndexReading reading(job, *m_workers, m_stop.get_token(),
+        [&](const ParsedIndex& index) { installed.set_value(index.packages.front()->installedVersion()); });
+    reading.receive("Package: a\n");
+    finishAllWork();
+    ASSERT_TRUE(status.remove());
+    reading.finish();
+    EXPECT_EQ(installed.get_future().get(), QStringLiteral("7"));
+}
+
 TEST_F(TheEndOfReading, isToldWhenNothingCameAtAll)
 {
     for (const Compression compression : { Compression::None, Compression::Bzip2, Compression::Gzip }) {
@@ -158,4 +178,21 @@ TEST_F(TheEndOfReading, leavesNothingBehind)
     }
     m_workers.reset();
     EXPECT_EQ(source.use_count(), countBefore);
+}
+
+// It can be much, and who drops the reading is the thread that draws.
+TEST_F(TheEndOfReading, letsGoOfWhatWasReadOnAWorker)
+{
+    IndexJob job = jobFor(Compression::None);
+    job.repository = VeskRepository::repositoryWithURLString(QStringLiteral("https://b.example"), QStringLiteral("B"));
+    const long countBefore = job.repository.use_count();
+    auto reading = std::make_unique<IndexReading>(job, *m_workers, m_stop.get_token(), [](const ParsedIndex&) {});
+    reading->receive("Package: a\n\n");
+    std::promise<void> mayGoOn;
+    m_workers->post([future = mayGoOn.get_future().share()] { future.wait(); });
+    reading.reset();
+    EXPECT_GT(job.repository.use_count(), countBefore);
+    mayGoOn.set_value();
+    finishAllWork();
+    EXPECT_EQ(job.repository.use_count(), countBefore);
 }

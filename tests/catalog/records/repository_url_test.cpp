@@ -37,8 +37,9 @@ TEST(RepositoryURL, refusesCharactersThatNoUrlCanHold)
 
 TEST(RepositoryURL, refusesAPercentSignWithoutTwoDigitsBehindIt)
 {
-    for (const QString& text : { QStringLiteral("https://h/%"), QStringLiteral("https://h/%4"),
-             QStringLiteral("https://h/%zz"), QStringLiteral("https://h/%4g"), QStringLiteral("https://h/%%41") })
+    for (const QString& text :
+        { QStringLiteral("https://h/%"), QStringLiteral("https://h/%4"), QStringLiteral("https://h/%zz"),
+            QStringLiteral("https://h/%4g"), QStringLiteral("https://h/%%41"), QStringLiteral("%zz.example") })
         EXPECT_FALSE(RepositoryURL::fromString(text).has_value()) << text.toStdString();
 }
 

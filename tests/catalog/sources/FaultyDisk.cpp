@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -36,8 +37,12 @@ int FaultyDisk::open(const char* path, int flags, mode_t mode)
 
 ssize_t FaultyDisk::read(int file, void* bytes, std::size_t size)
 {
+    if (m_record->atReading)
+        m_record->atReading();
     if (isInterrupted() || !passes(QStringLiteral("read")))
         return -1;
+    const auto place = static_cast<std::size_t>(::lseek(file, 0, SEEK_CUR));
+    m_record->furthestRead = std::max(m_record->furthestRead, place + size);
     return FileOperations::read(file, bytes, std::min(size, m_record->largestPiece));
 }
 

@@ -20,6 +20,10 @@ struct DiskRecord
     std::size_t largestPiece = std::size_t(1) << 20;
     // So many calls more are interrupted by a signal.
     int interruptions = 0;
+    // The place in a file behind the last byte that was asked for.
+    std::size_t furthestRead = 0;
+    // Called before anything is read.
+    std::function<void()> atReading;
     // Called before a file is renamed, with its old name.
     std::function<void(const char* from)> atRenaming;
 };

@@ -10,6 +10,7 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -210,6 +211,18 @@ TEST_F(JsonStore, doesNotBlockOnAPipeInItsPlace)
     EXPECT_FALSE(read().has_value());
     ASSERT_TRUE(save(m_two));
     EXPECT_EQ(read(), m_two);
+}
+
+// Whoever starts the program may have closed it.
+TEST_F(JsonStore, isReadAndWrittenWithoutAStandardInput)
+{
+    const int kept = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    close(STDIN_FILENO);
+    EXPECT_TRUE(save(m_two));
+    EXPECT_EQ(read(), m_two);
+    EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1);
+    dup2(kept, STDIN_FILENO);
+    close(kept);
 }
 
 TEST_F(JsonStore, movesADirectoryInItsPlaceAway)

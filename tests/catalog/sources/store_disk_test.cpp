@@ -171,6 +171,25 @@ TEST_F(StoreOnAFaultyDisk, writesAndReadsInPiecesAndAfterInterruptions)
     }
 }
 
+TEST_F(StoreOnAFaultyDisk, isNotReadBeyondWhatThereIsRoomForWhenItComesInPieces)
+{
+    m_disk->largestPiece = 10;
+    EXPECT_EQ(store()->sources(), m_old);
+    EXPECT_EQ(m_disk->furthestRead, static_cast<std::size_t>(m_oldContents.size()));
+}
+
+// An interruption is long over when the end of the file comes.
+TEST_F(StoreOnAFaultyDisk, isReadToItsNewEndWhenItIsCutMeanwhile)
+{
+    m_disk->interruptions = 1;
+    m_disk->atReading = [this] {
+        write("{\"VeskDefaultRepos_v1\":[]}");
+        if (m_disk->calls.count(QStringLiteral("read")) > 10)
+            m_disk->failing = QStringList(QStringLiteral("read"));
+    };
+    EXPECT_EQ(store()->sources(), std::vector<StoredSource>());
+}
+
 TEST_F(StoreOnAFaultyDisk, saysSoWhenItTakesNotASingleByte)
 {
     ASSERT_TRUE(QFile::remove(path()));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <sys/mman.h>
 
 TEST(TextPool, givesBackTextsOfEveryLength)
 {
@@ -35,4 +36,17 @@ TEST(TextPool, tellsNullFromEmpty)
     const std::string_view empty = pool.text(pool.add(""));
     EXPECT_NE(empty.data(), nullptr);
     EXPECT_TRUE(empty.empty());
+}
+
+// The text stands where nothing can be read: what does not fit is refused by its size alone.
+TEST(TextPool, answersNullForATextThatDoesNotFitIntoAGibibyte)
+{
+    constexpr std::size_t gibibyte = std::size_t(1) << 30;
+    void* const unreadable = mmap(nullptr, gibibyte, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(unreadable, MAP_FAILED);
+    TextPool pool;
+    const std::string_view tooLong(static_cast<const char*>(unreadable), gibibyte - TextPool::largestSizeOf({}) - 2);
+    EXPECT_EQ(pool.add(tooLong), TextPool::null);
+    EXPECT_EQ(pool.text(pool.add("short")), "short");
+    munmap(unreadable, gibibyte);
 }
