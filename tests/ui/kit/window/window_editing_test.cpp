@@ -56,6 +56,10 @@ protected:
     {
         return accessible(QLatin1String(choice))->rect().center() - quick()->position();
     }
+    QRect rectOf(const char* choice) const
+    {
+        return accessible(QLatin1String(choice))->rect().translated(-quick()->position());
+    }
     void choose(const char* choice)
     {
         ASSERT_TRUE(offers(choice)) << choice;
@@ -103,6 +107,30 @@ TEST_F(Editing, selectsTheWordThatIsHeldAndThenOffersToCutIt)
     EXPECT_EQ(clipboard(), QStringLiteral("small"));
 }
 
+TEST_F(Editing, selectsAWordHoweverQuicklyThatIsTouchedTwice)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    const QPoint select = placeOf("Select");
+    touch(select);
+    touch(select);
+    grabbed();
+    choose("Copy");
+    EXPECT_EQ(clipboard(), QStringLiteral("small"));
+}
+
+TEST_F(Editing, movesWithItsChoices)
+{
+    openSearch(QStringLiteral("small theme of many words"));
+    hold(inField(120));
+    choose("Select");
+    const QRect moved = rectOf("Cut");
+    press(Qt::Key_Escape);
+    ASSERT_FALSE(offersAnything());
+    clickRight(inField(120));
+    EXPECT_EQ(rectOf("Cut"), moved) << "where it stands when it opens with them";
+}
+
 TEST_F(Editing, copiesTheWholeText)
 {
     openSearch(QStringLiteral("small theme"));
@@ -110,6 +138,7 @@ TEST_F(Editing, copiesTheWholeText)
     choose("Select All");
     EXPECT_FALSE(offers("Select") || offers("Select All"));
     choose("Copy");
+    EXPECT_FALSE(offersAnything());
     EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
     EXPECT_EQ(searchBar().text(), QStringLiteral("small theme"));
 }
@@ -182,7 +211,8 @@ TEST_F(Editing, closesWhenAPersonTypes)
 TEST_F(Editing, closesWhenTheWindowBecomesWiderOrLower)
 {
     openSearch(QStringLiteral("lantern"));
-    for (const QSize size : { QSize(420, 844), QSize(420, 700) }) {
+    const QSize before = quick()->size();
+    for (const QSize size : { before + QSize(30, 0), before + QSize(30, -100) }) {
         hold(inField(4));
         ASSERT_TRUE(offersAnything());
         quick()->resize(size);
@@ -200,8 +230,12 @@ TEST_F(Editing, staysInsideANarrowWindow)
     for (const double distance : { 5.0, 150.0 }) {
         hold(inField(distance));
         ASSERT_TRUE(offers("Select") && offers("Paste"));
-        EXPECT_GE(placeOf("Select").x(), 0);
-        EXPECT_LE(placeOf("Paste").x(), 320);
+        EXPECT_GE(rectOf("Select").left(), 0);
+        EXPECT_LT(rectOf("Paste").right(), 320);
+        choose("Select");
+        ASSERT_TRUE(offers("Select All") && offers("Paste")) << "and with more of them";
+        EXPECT_GE(rectOf("Select All").left(), 0);
+        EXPECT_LT(rectOf("Paste").right(), 320);
         press(Qt::Key_Escape);
     }
 }

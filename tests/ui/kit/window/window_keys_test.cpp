@@ -28,6 +28,13 @@ protected:
             press(Qt::Key_Tab);
         return focusedItemName() == name;
     }
+    // As a keyboard sends it again and again.
+    void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        for (int repeat = 0; repeat < 4; ++repeat)
+            QTest::simulateEvent(quick(), true, key, modifiers, QString(), repeat > 0);
+        QTest::simulateEvent(quick(), false, key, modifiers, QString(), false);
+    }
     // How many controls have a ring.
     int ringCount() const { return ringCountIn(*quick()->contentItem()); }
     static int ringCountIn(const QQuickItem& item)
@@ -90,6 +97,7 @@ TEST_F(Keys, showTheRowsRingOnlyWhileTheKeyboardIsInTheList)
 {
     press(Qt::Key_Down);
     EXPECT_TRUE(accessible(QStringLiteral("Row 0.0"))->state().focused);
+    EXPECT_FALSE(accessible(QStringLiteral("Row 0.0"))->parent()->state().focused) << "the row has it, not the list";
     ASSERT_TRUE(tabTo(QStringLiteral("Press")));
     EXPECT_FALSE(accessible(QStringLiteral("Row 0.0"))->state().focused);
 }
@@ -102,6 +110,33 @@ TEST_F(Keys, pressOnceHoweverLongTheyAreHeld)
         QCoreApplication::sendEvent(quick(), &event);
     }
     EXPECT_EQ(one->buttonPresses, 1);
+}
+
+TEST_F(Keys, goBackByOneScreenAndReloadOnceHoweverLongTheyAreHeld)
+{
+    hold(Qt::Key_F5);
+    EXPECT_EQ(one->reloads, 1);
+    for (const auto& [key, modifiers] : { std::pair<Qt::Key, Qt::KeyboardModifiers>(Qt::Key_Left, Qt::AltModifier),
+             std::pair<Qt::Key, Qt::KeyboardModifiers>(Qt::Key_Escape, Qt::NoModifier) }) {
+        for (const QString& title : { QStringLiteral("First"), QStringLiteral("Second"), QStringLiteral("Third") })
+            stack(0)->pushViewController(new ListScreen(title), kit::NavigationController::Animation::None);
+        grabbed();
+        hold(key, modifiers);
+        EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Second")) << key;
+        stack(0)->popToRootViewController(kit::NavigationController::Animation::None);
+        grabbed();
+    }
+}
+
+TEST_F(Keys, pressABarButtonByAShortcutOfOneLetter)
+{
+    auto* const reload = new kit::BarButtonItem(
+        QStringLiteral("Reload"), kit::BarButtonItem::Style::Plain, [this] { ++one->reloads; });
+    reload->setShortcut(QStringLiteral("R"));
+    one->navigationItem()->setRightBarButtonItem(reload);
+    grabbed();
+    press(Qt::Key_R);
+    EXPECT_EQ(one->reloads, 1);
 }
 
 TEST_F(Keys, showTheDeleteButtonByTheFirstDeleteAndPressItByTheSecond)
@@ -218,6 +253,32 @@ TEST_F(Keys, showTheRingOfAControlOnlyOnceAKeyMovedThem)
     tap(middleOf({ 0, 2 }));
     grabbed();
     EXPECT_EQ(ringCount(), 0);
+}
+
+TEST_F(Keys, showNoRingWhereTheyDoNothing)
+{
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = { { Qt::Key_Shift, Qt::ShiftModifier },
+        { Qt::Key_Left, Qt::NoModifier }, { Qt::Key_F9, Qt::NoModifier }, { Qt::Key_K, Qt::ControlModifier } };
+    for (const auto& [key, modifiers] : keys) {
+        press(key, modifiers);
+        EXPECT_EQ(ringCount(), 0) << key;
+    }
+}
+
+TEST_F(Keys, showTheRingOfTheWholeListInsideIt)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    ASSERT_EQ(tabbed(1), QStringList(QStringLiteral("One")));
+    const QQuickItem& list = *itemDrawnBy(QLatin1String("TableBody"));
+    const QQuickItem* ring = nullptr;
+    for (const QQuickItem* part : list.childItems())
+        if (part->isVisible() && QLatin1String(part->metaObject()->className()).startsWith(QLatin1String("FocusRing")))
+            ring = part;
+    ASSERT_NE(ring, nullptr);
+    EXPECT_EQ(
+        QRectF(ring->x(), ring->y(), ring->width(), ring->height()), QRectF(2, 2, list.width() - 4, list.height() - 4));
+    press(Qt::Key_Down);
+    EXPECT_FALSE(ring->isVisible()) << "the row has one";
 }
 
 TEST_F(Keys, leaveTheSearchFieldForWhatItFoundByEitherReturn)

@@ -1,0 +1,130 @@
+// How what is pressed, and what a pointer stands above, looks; and how often it is pressed.
+#include "tests/ui/kit/window/FingerTest.h"
+
+namespace {
+
+class PressLook : public FingerTest
+{
+protected:
+    PressLook() { grabbed(); }
+
+    QQuickItem& itemNamed(const QString& name) const { return *qobject_cast<QQuickItem*>(accessible(name)->object()); }
+    static QPoint middleOf(const QQuickItem& item)
+    {
+        return item.mapToScene({ item.width() / 2, item.height() / 2 }).toPoint();
+    }
+    void pointAt(const QPoint& point)
+    {
+        QTest::mouseMove(quick(), point);
+        drawFrame();
+        QCoreApplication::processEvents();
+    }
+    // How clearly the texts and pictures of a control are drawn, from 0 to 1; all of them the same.
+    static double clearnessOf(const QQuickItem& control)
+    {
+        double clearness = -1;
+        collectClearness(control, 1, clearness);
+        return clearness;
+    }
+    static void collectClearness(const QQuickItem& item, double above, double& clearness)
+    {
+        const double here = above * item.opacity();
+        if (!item.isVisible() || item.inherits("kit::RoundedBox"))
+            return;
+        if (item.inherits("QQuickText") || item.inherits("kit::ImageItem")) {
+            EXPECT_TRUE(clearness < 0 || clearness == here) << "one part is clearer than the other";
+            clearness = here;
+        }
+        for (const QQuickItem* child : item.childItems())
+            collectClearness(*child, here, clearness);
+    }
+    void expectLessClearUnderThePointerAndStillLessPressed(const QString& name)
+    {
+        const QPoint elsewhere(195, 22);
+        const QQuickItem& control = itemNamed(name);
+        pointAt(elsewhere);
+        EXPECT_EQ(clearnessOf(control), 1) << name.toStdString();
+        pointAt(middleOf(control));
+        const double underPointer = clearnessOf(control);
+        EXPECT_LT(underPointer, 1) << name.toStdString();
+        QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(control));
+        EXPECT_LT(clearnessOf(control), underPointer) << name.toStdString();
+        EXPECT_GT(clearnessOf(control), 0.3) << name.toStdString();
+        pointAt(elsewhere);
+        QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, elsewhere);
+        pointAt(elsewhere + QPoint(1, 0));
+        EXPECT_EQ(clearnessOf(control), 1) << name.toStdString();
+    }
+};
+
+} // namespace
+
+TEST_F(PressLook, fadesTheControlsOfTheBars)
+{
+    for (const QString& name : { QStringLiteral("Reload"), QStringLiteral("About"), QStringLiteral("Two") })
+        expectLessClearUnderThePointerAndStillLessPressed(name);
+}
+
+TEST_F(PressLook, fadesTheWordsBesideAndInTheSearchField)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("vesk"));
+    grabbed();
+    for (const QString& name : { QStringLiteral("Cancel"), QStringLiteral("Clear text") })
+        expectLessClearUnderThePointerAndStillLessPressed(name);
+}
+
+TEST_F(PressLook, fadesTheDeleteButtonOfARow)
+{
+    one->tableView()->openRow()->open(0, 3);
+    grabbed();
+    expectLessClearUnderThePointerAndStillLessPressed(QStringLiteral("Delete"));
+    EXPECT_EQ(one->firstSectionRows, 5);
+}
+
+TEST_F(PressLook, fadesABarButtonThatIsDisabledWhateverIsAboveIt)
+{
+    one->navigationItem()->rightBarButtonItem()->setEnabled(false);
+    grabbed();
+    const QQuickItem& reload = itemNamed(QStringLiteral("Reload"));
+    const double disabled = clearnessOf(reload);
+    EXPECT_LT(disabled, 0.5) << "clearly less than one that is pressed";
+    pointAt(middleOf(reload));
+    EXPECT_EQ(clearnessOf(reload), disabled);
+}
+
+TEST_F(PressLook, letsWhatStandsOnAButtonShowThroughItsShade)
+{
+    const QQuickItem& button = *itemDrawnBy(QLatin1String("ButtonView"));
+    const QPoint middle = middleOf(button);
+    const auto shade = [&]() -> const QQuickItem* {
+        for (const QQuickItem* child : button.childItems())
+            if (child->inherits("QQuickRectangle") && child->isVisible())
+                return child;
+        return nullptr;
+    };
+    EXPECT_EQ(shade(), nullptr);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middle);
+    ASSERT_NE(shade(), nullptr);
+    EXPECT_GT(shade()->opacity(), 0.3);
+    EXPECT_LT(shade()->opacity(), 0.8);
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middle);
+}
+
+TEST_F(PressLook, switchesOnceByAClickAfterADoubleClickThatSlippedOff)
+{
+    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
+    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
+    const QPoint edge = item.mapToScene({ item.width() + 5, item.height() / 2 }).toPoint();
+    tap(edge);
+    ASSERT_TRUE(control.isOn());
+    for (const QEvent::Type type : { QEvent::MouseButtonPress, QEvent::MouseButtonDblClick }) {
+        QMouseEvent event(type, edge, quick()->mapToGlobal(edge), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(quick(), &event);
+    }
+    QTest::mouseMove(quick(), edge + QPoint(3, 0));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, edge + QPoint(3, 0));
+    ASSERT_TRUE(control.isOn()) << "given up";
+    tap(middleOf(item));
+    EXPECT_FALSE(control.isOn());
+}
