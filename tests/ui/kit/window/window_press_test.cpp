@@ -1,6 +1,8 @@
 // How what is pressed, and what a pointer stands above, looks; and how often it is pressed.
 #include "tests/ui/kit/window/FingerTest.h"
 
+#include <QtMath>
+
 namespace {
 
 class PressLook : public FingerTest
@@ -127,4 +129,56 @@ TEST_F(PressLook, switchesOnceByAClickAfterADoubleClickThatSlippedOff)
     ASSERT_TRUE(control.isOn()) << "given up";
     tap(middleOf(item));
     EXPECT_FALSE(control.isOn());
+}
+
+TEST_F(PressLook, findsASwitchWithinSixPointsOnEverySide)
+{
+    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
+    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
+    const QRectF exact = item.mapRectToScene({ -6, -6, item.width() + 12, item.height() + 12 });
+    // The points that are wholly inside.
+    const QRect reach(
+        QPoint(qCeil(exact.left()), qCeil(exact.top())), QPoint(qCeil(exact.right()) - 1, qCeil(exact.bottom()) - 1));
+    bool isOn = false;
+    for (const QPoint& inside : { QPoint(reach.center().x(), reach.top()), QPoint(reach.center().x(), reach.bottom()),
+             QPoint(reach.right(), reach.center().y()) }) {
+        touch(inside);
+        isOn = !isOn;
+        EXPECT_EQ(control.isOn(), isOn) << inside.x() << ", " << inside.y();
+        EXPECT_FALSE(stack(0)->canGoBack());
+    }
+    for (const QPoint& outside : { QPoint(reach.center().x(), reach.top() - 1),
+             QPoint(reach.center().x(), reach.bottom() + 1), QPoint(reach.right() + 1, reach.center().y()) }) {
+        touch(outside);
+        EXPECT_EQ(control.isOn(), isOn) << outside.x() << ", " << outside.y();
+        EXPECT_TRUE(stack(0)->canGoBack()) << "that was the row";
+        stack(0)->popToRootViewController(kit::NavigationController::Animation::None);
+        grabbed();
+    }
+}
+
+TEST_F(PressLook, marksAChoiceOfTheEditMenuAndMoreWhenItIsPressed)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("vesk"));
+    grabbed();
+    QTest::mouseClick(
+        quick(), Qt::RightButton, Qt::NoModifier, quick()->activeFocusItem()->mapToScene({ 8, 8 }).toPoint());
+    grabbed();
+    const QQuickItem& choice = itemNamed(QStringLiteral("Select All"));
+    const QQuickItem* mark = nullptr;
+    for (const QQuickItem* part : choice.childItems())
+        if (part->inherits("QQuickRectangle"))
+            mark = part;
+    ASSERT_NE(mark, nullptr);
+    EXPECT_FALSE(mark->isVisible());
+    pointAt(middleOf(choice));
+    ASSERT_TRUE(mark->isVisible());
+    EXPECT_EQ(QRectF(mark->x(), mark->y(), mark->width(), mark->height()),
+        QRectF(5, 5, choice.width() - 10, choice.height() - 10));
+    const double underPointer = mark->opacity();
+    EXPECT_LT(underPointer, 0.5) << "the word stays legible";
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(choice));
+    EXPECT_GT(mark->opacity(), underPointer * 2);
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(choice));
 }
