@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethod>
 
 namespace {
 
@@ -119,15 +120,78 @@ TEST_F(Editing, selectsAWordHoweverQuicklyThatIsTouchedTwice)
     EXPECT_EQ(clipboard(), QStringLiteral("small"));
 }
 
+TEST_F(Editing, offersToSelectASingleLetter)
+{
+    openSearch(QStringLiteral("v"));
+    hold(inField(3));
+    choose("Select");
+    EXPECT_TRUE(offers("Cut"));
+    EXPECT_FALSE(offers("Select"));
+}
+
+TEST_F(Editing, takesAScreenReadersPress)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    for (const char* choice : { "Select All", "Copy" }) {
+        ASSERT_TRUE(offers(choice));
+        accessible(QLatin1String(choice))->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        grabbed();
+    }
+    EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
+}
+
+TEST_F(Editing, goesWithTheFieldThatMakesRoomForAKeyboard)
+{
+    copy(QStringLiteral("vesk"));
+    openAlert();
+    hold(inField(10));
+    const int below = placeOf("Paste").y() - inField(0).y();
+    const int field = inField(0).y();
+    quick()->setProperty("keyboard", QRectF(0, quick()->height() / 2.0, 390, quick()->height() / 2.0));
+    Q_EMIT QGuiApplication::inputMethod()->keyboardRectangleChanged();
+    grabbed();
+    ASSERT_LT(inField(0).y(), field);
+    ASSERT_TRUE(offers("Paste"));
+    EXPECT_EQ(placeOf("Paste").y() - inField(0).y(), below);
+}
+
+TEST_F(Editing, takesTheKeyboardToTheFieldThatItStandsOver)
+{
+    openSearch(QStringLiteral("small theme"));
+    const QPoint onText = inField(8);
+    searchBar().cancel();
+    grabbed();
+    copy(QStringLiteral("vesk"));
+    clickRight(onText);
+    EXPECT_TRUE(searchBar().isActive());
+    type(QStringLiteral("new"));
+    EXPECT_EQ(searchBar().text(), QStringLiteral("new"));
+}
+
+TEST_F(Editing, offersWhatAMouseSelected)
+{
+    openSearch(QStringLiteral("small theme"));
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, inField(0));
+    for (int distance = 0; distance <= 200; distance += 20)
+        QTest::mouseMove(quick(), inField(distance));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, inField(200));
+    clickRight(inField(8));
+    choose("Copy");
+    EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
+}
+
 TEST_F(Editing, movesWithItsChoices)
 {
     openSearch(QStringLiteral("small theme of many words"));
     hold(inField(120));
     choose("Select");
+    ASSERT_TRUE(offers("Cut"));
     const QRect moved = rectOf("Cut");
     press(Qt::Key_Escape);
     ASSERT_FALSE(offersAnything());
     clickRight(inField(120));
+    ASSERT_TRUE(offers("Cut"));
     EXPECT_EQ(rectOf("Cut"), moved) << "where it stands when it opens with them";
 }
 
@@ -205,6 +269,15 @@ TEST_F(Editing, closesWhenAPersonTypes)
     openSearch(QStringLiteral("small theme"));
     hold(inField(8));
     type(QStringLiteral("x"));
+    EXPECT_FALSE(offersAnything());
+}
+
+TEST_F(Editing, closesWhenTheKeyboardGoesElsewhere)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    ASSERT_TRUE(offersAnything());
+    press(Qt::Key_Tab);
     EXPECT_FALSE(offersAnything());
 }
 

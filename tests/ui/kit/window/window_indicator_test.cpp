@@ -96,9 +96,9 @@ TEST_F(Indicator, isTakenHoldOfWithinTwelvePointsBesideItAndEightAboveAndBelow)
     flick();
     EXPECT_TRUE(isHeldAt(place().left(), std::ceil(place().top() - 8)));
     flick();
-    EXPECT_FALSE(isHeldAt(place().left(), std::floor(place().top() - 8) - 1));
+    EXPECT_FALSE(isHeldAt(place().left(), std::ceil(place().top() - 8) - 1));
     flick();
-    EXPECT_TRUE(isHeldAt(place().left(), std::floor(place().bottom() + 7.9)));
+    EXPECT_TRUE(isHeldAt(place().left(), std::ceil(place().bottom() + 8) - 1));
     flick();
     EXPECT_FALSE(isHeldAt(place().left(), std::ceil(place().bottom() + 8)));
 }

@@ -277,6 +277,7 @@ TEST_F(Keys, showTheRingOfTheWholeListInsideIt)
     ASSERT_NE(ring, nullptr);
     EXPECT_EQ(
         QRectF(ring->x(), ring->y(), ring->width(), ring->height()), QRectF(2, 2, list.width() - 4, list.height() - 4));
+    EXPECT_TRUE(accessible(QStringLiteral("Row 0.0"))->parent()->state().focused) << "as a screen reader says too";
     press(Qt::Key_Down);
     EXPECT_FALSE(ring->isVisible()) << "the row has one";
 }
@@ -314,6 +315,18 @@ TEST_F(Keys, giveWayToTheMousesBackButton)
     EXPECT_FALSE(stack(0)->canGoBack());
 }
 
+TEST_F(Keys, goToTheListWhoseRowIsTouchedOrGivenTheKeyboard)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    accessible(QStringLiteral("Row 0.3"))->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(focusedItemName(), QStringLiteral("One"));
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    tap(middleOf({ 0, 3 }));
+    press(Qt::Key_Escape);
+    grabbed();
+    EXPECT_EQ(focusedItemName(), QStringLiteral("One"));
+}
+
 TEST_F(Keys, goToTheListThatIsDragged)
 {
     ASSERT_TRUE(tabTo(QStringLiteral("Press")));
@@ -336,6 +349,19 @@ TEST_F(Keys, pressAPanelsButtonWithSpaceToo)
     press(Qt::Key_Space);
     EXPECT_EQ(pressed, 2);
     EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(Keys, goRoundInAnAlertByWayOfItsFields)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    alert->addTextField()->setPlaceholder(QStringLiteral("Address"));
+    alert->addTextField()->setPlaceholder(QStringLiteral("Name"));
+    alert->addAction(QStringLiteral("Cancel"), kit::AlertAction::Style::Cancel);
+    one->present(alert);
+    grabbed();
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Address"));
+    EXPECT_EQ(tabbed(3), (QStringList{ QStringLiteral("Name"), QStringLiteral("Cancel"), QStringLiteral("Address") }));
+    press(Qt::Key_Escape);
 }
 
 TEST_F(Keys, cancelTheSearchWithEnterToo)

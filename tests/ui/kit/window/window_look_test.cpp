@@ -35,6 +35,29 @@ protected:
         }
         return 0;
     }
+    // The item that draws a text, or null.
+    const QQuickItem* itemWith(const QString& text) const
+    {
+        std::vector<QQuickItem*> open{ quick()->contentItem() };
+        while (!open.empty()) {
+            const QQuickItem* const item = open.back();
+            open.pop_back();
+            if (item->inherits("QQuickText") && item->property("text").toString() == text)
+                return item;
+            for (QQuickItem* child : item->childItems())
+                open.push_back(child);
+        }
+        return nullptr;
+    }
+    // As many letters as there is room for in a font of so many pixels.
+    static QString filling(double width, QFont font, int pixels)
+    {
+        font.setPixelSize(pixels);
+        QString text;
+        while (QFontMetricsF(font).horizontalAdvance(text + u'i') < width)
+            text += u'i';
+        return text;
+    }
     int drawnItems() const
     {
         int count = 0;
@@ -63,6 +86,28 @@ TEST_F(Look, drawsTheTextsOfRowsBarsAndTabsInTheirNewSize)
     EXPECT_EQ(one->tableView()->rectForRow({ 0, 3 }).height(), 96);
 }
 
+TEST_F(Look, shrinksATitleToItsUsualSizeBeforeItIsCutShort)
+{
+    constexpr int Usual = 16;
+    const auto present = [this](const QString& title) {
+        kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+        alert->addAction(title, kit::AlertAction::Style::Default);
+        one->present(alert);
+        grabbed();
+    };
+    enlargeTexts();
+    present(QStringLiteral("OK"));
+    const QQuickItem& button = *itemWith(QStringLiteral("OK"));
+    const QString title = filling(button.width(), button.property("font").value<QFont>(), Usual);
+    press(Qt::Key_Return);
+    present(title);
+    EXPECT_FALSE(itemWith(title)->property("truncated").toBool());
+    press(Qt::Key_Return);
+    present(title + QStringLiteral("iii"));
+    EXPECT_TRUE(itemWith(title + QStringLiteral("iii"))->property("truncated").toBool());
+    press(Qt::Key_Return);
+}
+
 TEST_F(Look, keepsWhatAPersonWasDoing)
 {
     press(Qt::Key_F, Qt::ControlModifier);
@@ -70,6 +115,7 @@ TEST_F(Look, keepsWhatAPersonWasDoing)
     two->tableView()->setContentOffset(300);
     enlargeTexts();
     EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("vesk"));
+    EXPECT_EQ(accessible(QStringLiteral("Find"))->text(QAccessible::Value), QStringLiteral("vesk"));
     EXPECT_EQ(tabs->selectedIndex(), 1);
     EXPECT_EQ(two->tableView()->contentOffset(), 300);
     EXPECT_TRUE(waitUntil([this] { return drawnSizeOf(QStringLiteral("Cancel")) > 15; }));

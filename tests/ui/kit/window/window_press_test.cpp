@@ -157,6 +157,34 @@ TEST_F(PressLook, findsASwitchWithinSixPointsOnEverySide)
     }
 }
 
+TEST_F(PressLook, fadesADisabledButtonOfARow)
+{
+    const QQuickItem& button = *itemDrawnBy(QLatin1String("ButtonView"));
+    EXPECT_EQ(button.opacity(), 1);
+    static_cast<kit::Button*>(one->tableView()->cellForRow({ 0, 1 })->accessoryView())->setEnabled(false);
+    EXPECT_LT(button.opacity(), 0.7);
+    EXPECT_GT(button.opacity(), 0.3);
+}
+
+TEST_F(PressLook, findsAButtonNoFurtherThanItsSides)
+{
+    const QQuickItem& button = *itemDrawnBy(QLatin1String("ButtonView"));
+    const QPointF left = button.mapToScene({ 0, button.height() / 2 });
+    touch({ qCeil(left.x()), qRound(left.y()) });
+    EXPECT_EQ(one->buttonPresses, 1);
+    touch({ qCeil(left.x()) - 1, qRound(left.y()) });
+    EXPECT_EQ(one->buttonPresses, 1);
+    EXPECT_TRUE(stack(0)->canGoBack()) << "that was the row";
+}
+
+TEST_F(PressLook, findsABarButtonAsFarAsTheBarGoes)
+{
+    touch({ 370, 43 });
+    EXPECT_EQ(one->reloads, 1);
+    touch({ 370, 44 });
+    EXPECT_EQ(one->reloads, 1);
+}
+
 TEST_F(PressLook, marksAChoiceOfTheEditMenuAndMoreWhenItIsPressed)
 {
     press(Qt::Key_F, Qt::ControlModifier);
@@ -181,4 +209,29 @@ TEST_F(PressLook, marksAChoiceOfTheEditMenuAndMoreWhenItIsPressed)
     QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(choice));
     EXPECT_GT(mark->opacity(), underPointer * 2);
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(choice));
+}
+
+TEST_F(PressLook, marksAPanelsButtonUnderThePointerAndFadesThePressedOne)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("Close"), kit::AlertAction::Style::Default);
+    one->present(alert);
+    grabbed();
+    const QQuickItem& button = itemNamed(QStringLiteral("Close"));
+    const QQuickItem* face = nullptr;
+    for (const QQuickItem* part : button.childItems())
+        if (part->inherits("kit::RoundedBox") && part->isVisible())
+            face = part;
+    ASSERT_NE(face, nullptr);
+    const QQuickItem& mark = *face->childItems().constFirst();
+    EXPECT_FALSE(mark.isVisible());
+    pointAt(middleOf(button));
+    EXPECT_TRUE(mark.isVisible());
+    EXPECT_LT(mark.opacity(), 0.5) << "its title stays legible";
+    EXPECT_EQ(face->opacity(), 1);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(button));
+    EXPECT_FALSE(mark.isVisible());
+    EXPECT_LT(face->opacity(), 1);
+    EXPECT_GT(face->opacity(), 0.5);
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(button));
 }

@@ -39,6 +39,18 @@ TEST_F(SearchFieldTest, offersToClearWhatIsTypedFromTheFirstLetterOn)
     EXPECT_FALSE(offersToClear());
 }
 
+TEST_F(SearchFieldTest, leavesItsClearButtonOutOfTheWayOfTab)
+{
+    setText(QStringLiteral("vesk"));
+    QStringList names;
+    for (int step = 0; step < 10; ++step) {
+        press(Qt::Key_Tab);
+        names.append(focusedItemName());
+    }
+    EXPECT_TRUE(names.contains(QStringLiteral("Cancel"))) << names.join(u',').toStdString();
+    EXPECT_FALSE(names.contains(QStringLiteral("Clear text"))) << "keys clear in the field itself";
+}
+
 TEST_F(SearchFieldTest, keepsTheKeyboardWhenItIsCleared)
 {
     setText(QStringLiteral("vesk"));

@@ -49,6 +49,11 @@ protected:
 
 } // namespace
 
+TEST_F(Room, isNeverLessThanThatOfASmallPhone)
+{
+    EXPECT_EQ(quick()->minimumSize(), QSize(320, 320));
+}
+
 TEST_F(Room, showsTheTitleOfATabBelowItsSymbolInANarrowWindow)
 {
     grabbed();
@@ -64,6 +69,18 @@ TEST_F(Room, showsTheTitleOfATabBesideItsSymbolInAWideWindow)
         EXPECT_NEAR(title().center().y(), symbol().center().y(), 1) << size.height();
         EXPECT_EQ(symbol().topLeft(), QPointF(symbol().topLeft().toPoint())) << "a symbol between pixels is not crisp";
     }
+}
+
+TEST_F(Room, isSharedByTheTabsUpToSixHundredPoints)
+{
+    const auto widthOfTab = [this] { return itemDrawnBy(QLatin1String("TabButton"))->width(); };
+    grabbed();
+    EXPECT_EQ(widthOfTab(), 195);
+    resize({ 700, 800 });
+    EXPECT_EQ(widthOfTab(), 300);
+    tabs->setViewControllers({ tabs->viewControllers()[0] });
+    grabbed();
+    EXPECT_EQ(widthOfTab(), 600);
 }
 
 TEST_F(Room, endsTheListAboveAnOnScreenKeyboard)
@@ -99,4 +116,12 @@ TEST_F(Room, leavesTheListAsItIsUnderAKeyboardThatFloats)
     const double before = two->tableView()->frame().height();
     showKeyboard({ 40, 300, 310, 200 });
     EXPECT_EQ(two->tableView()->frame().height(), before);
+}
+
+TEST_F(Room, leavesTheListAsItIsOverAKeyboardBelowTheWindow)
+{
+    grabbed();
+    const double before = one->tableView()->frame().height();
+    showKeyboard({ 0, quick()->height() + 100.0, 390, 300 });
+    EXPECT_EQ(one->tableView()->frame().height(), before);
 }
