@@ -103,10 +103,18 @@ TEST_F(Indicator, isTakenHoldOfWithinTwelvePointsBesideItAndEightAboveAndBelow)
     EXPECT_FALSE(isHeldAt(place().left(), std::ceil(place().bottom() + 8)));
 }
 
+TEST_F(Indicator, staysAwayWhereAPersonWantsNothingToComeAndGo)
+{
+    press(Qt::Key_End);
+    ASSERT_GT(table().contentOffset(), 0);
+    EXPECT_FALSE(bar().isVisible());
+}
+
 TEST_F(Indicator, showsAndIsWideWhileItIsHeldThoughNothingMoves)
 {
     flick();
     EXPECT_EQ(bar().width(), 4);
+    EXPECT_EQ(bar().property("radius").toDouble(), 2) << "its ends are round";
     begin(place().center().toPoint());
     drawFrame();
     drawFrame();

@@ -169,3 +169,37 @@ TEST_F(Look, drawsNothingMoreOfAViewThatWasTakenAway)
     grabbed();
     EXPECT_EQ(drawnItems(), before);
 }
+
+TEST_F(Look, drawsNothingOfALabelThatIsHidden)
+{
+    QQuickItem* const drawn = const_cast<QQuickItem*>(itemWith(QStringLiteral("Welcome")));
+    ASSERT_TRUE(drawn && drawn->isVisible());
+    auto* const label = drawn->property("view").value<kit::View*>();
+    label->setHidden(true);
+    EXPECT_FALSE(drawn->isVisible());
+    label->setHidden(false);
+    EXPECT_TRUE(drawn->isVisible());
+}
+
+TEST_F(Look, drawsALongTextToItsEnd)
+{
+    constexpr int Lines = 900;
+    constexpr int LineHeight = 30;
+    auto* const header = new kit::View({ 0, 0, 390, Lines * LineHeight });
+    header->setBackgroundColor(kit::Color::white());
+    auto* const label = new kit::Label({ 0, 0, 390, Lines * LineHeight });
+    label->setNumberOfLines(0);
+    label->setText(QStringLiteral("a line of many\n").repeated(Lines));
+    header->addSubview(label);
+    one->tableView()->setTableHeaderView(header);
+    const QQuickItem& drawn = *itemWith(label->shownText());
+    const double text = drawn.property("contentHeight").toDouble();
+    // The label stands in the middle of its frame.
+    one->tableView()->setContentOffset((header->frame().height() + text) / 2 - 400);
+    const QImage picture = grabbed();
+    int inked = 0;
+    for (int y = 100; y < 400; ++y)
+        for (int x = 0; x < 200; ++x)
+            inked += qGray(picture.pixel(x, y)) < 128 ? 1 : 0;
+    EXPECT_GT(inked, 1'000);
+}
