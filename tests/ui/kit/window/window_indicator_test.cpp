@@ -129,9 +129,10 @@ TEST_F(Indicator, goesAsFarAsTheFingerThatHoldsIt)
     flick();
     begin(place().center().toPoint());
     const double before = top();
-    moveTo(place().center().toPoint() + QPoint(0, 100));
-    EXPECT_NEAR(top(), before + 100, 1.5);
-    moveTo(place().center().toPoint() - QPoint(0, 60));
-    EXPECT_NEAR(top(), before + 40, 2.5);
+    const QPoint hand = FingerTest::place;
+    moveTo(hand + QPoint(0, 300));
+    EXPECT_NEAR(top(), before + 300, 0.2);
+    moveTo(hand + QPoint(0, 40));
+    EXPECT_NEAR(top(), before + 40, 0.2);
     end();
 }

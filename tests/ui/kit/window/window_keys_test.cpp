@@ -128,6 +128,15 @@ TEST_F(Keys, goBackByOneScreenAndReloadOnceHoweverLongTheyAreHeld)
     }
 }
 
+TEST_F(Keys, goToATabOnceHoweverLongTheyAreHeld)
+{
+    auto* const pushed = new ListScreen(QStringLiteral("Pushed"));
+    stack(1)->pushViewController(pushed, kit::NavigationController::Animation::None);
+    hold(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(tabs->selectedIndex(), 1);
+    EXPECT_EQ(stack(1)->topViewController(), pushed) << "as it would not be after a second time";
+}
+
 TEST_F(Keys, pressABarButtonByAShortcutOfOneLetter)
 {
     auto* const reload = new kit::BarButtonItem(
@@ -257,11 +266,13 @@ TEST_F(Keys, showTheRingOfAControlOnlyOnceAKeyMovedThem)
 
 TEST_F(Keys, showNoRingWhereTheyDoNothing)
 {
-    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = { { Qt::Key_Shift, Qt::ShiftModifier },
-        { Qt::Key_Left, Qt::NoModifier }, { Qt::Key_F9, Qt::NoModifier }, { Qt::Key_K, Qt::ControlModifier } };
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[]
+        = { { Qt::Key_Shift, Qt::ShiftModifier }, { Qt::Key_Left, Qt::NoModifier }, { Qt::Key_F9, Qt::NoModifier },
+              { Qt::Key_Backspace, Qt::NoModifier }, { Qt::Key_K, Qt::ControlModifier } };
     for (const auto& [key, modifiers] : keys) {
         press(key, modifiers);
         EXPECT_EQ(ringCount(), 0) << key;
+        EXPECT_EQ(table().rowFocus()->row(), -1) << key;
     }
 }
 

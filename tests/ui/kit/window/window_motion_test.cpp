@@ -79,6 +79,31 @@ TEST_F(Motion, keepsTheKnobOfASwitchUnderTheFinger)
     end();
 }
 
+TEST_F(Motion, drawsTheKnobOfASwitchThatIsOnFromWhereItIs)
+{
+    const double last = itemDrawnBy(QLatin1String("SwitchView"))->width() - knob().width() - 2;
+    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
+    touch(start);
+    ASSERT_TRUE(waitUntil([&] { return knob().x() == last; }));
+    begin(start);
+    moveTo(start - QPoint(12, 0), 12);
+    EXPECT_LT(knob().x(), last);
+    EXPECT_GE(knob().x(), last - 12);
+    end();
+}
+
+TEST_F(Motion, drawsASwitchFromSixPointsBesideItAndLeavesTheRestToTheRow)
+{
+    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
+    const QPointF left = itemDrawnBy(QLatin1String("SwitchView"))->mapToScene({ 0, 10 });
+    for (const int distance : { 7, 6 }) {
+        begin(left.toPoint() - QPoint(distance, 0));
+        moveTo(left.toPoint() + QPoint(50, 0), 20);
+        end();
+        EXPECT_EQ(control.isOn(), distance == 6) << distance;
+    }
+}
+
 TEST_F(Motion, keepsARowUnderTheFingerThatDrawsItAside)
 {
     const QString row = ListScreen::nameOf({ 0, 3 });

@@ -1,6 +1,8 @@
 // What a list shows of a refresh, and one that has none.
 #include "tests/ui/kit/window/FingerTest.h"
 
+#include <algorithm>
+
 namespace {
 
 class Refresh : public FingerTest
@@ -34,6 +36,27 @@ TEST_F(Refresh, spinsInTheRoomAboveAListThatIsAtItsBeginning)
     ASSERT_TRUE(waitUntil([this] { return table().contentOffset() == -60; }));
     grabbed();
     EXPECT_EQ(spinner().center(), QPointF(195, 30));
+}
+
+TEST_F(Refresh, turnsTwelveSpokesOfWhichEachIsFainterThanTheNext)
+{
+    table().refreshControl()->beginRefreshing();
+    table().setContentOffset(300);
+    grabbed();
+    const auto& spinner = *qobject_cast<QQuickItem*>(accessible(QStringLiteral("Refreshing"))->object());
+    std::vector<double> rotations;
+    std::vector<double> opacities;
+    for (const QQuickItem* part : spinner.childItems())
+        if (part->width() > 0) {
+            rotations.push_back(part->rotation());
+            opacities.push_back(part->opacity());
+        }
+    ASSERT_EQ(rotations.size(), 12U);
+    std::sort(opacities.begin(), opacities.end());
+    for (int spoke = 0; spoke < 12; ++spoke) {
+        EXPECT_EQ(rotations[static_cast<std::size_t>(spoke)], spoke * 30);
+        EXPECT_NEAR(opacities[static_cast<std::size_t>(spoke)], 1 - 0.07 * (11 - spoke), 0.001);
+    }
 }
 
 TEST_F(Refresh, isNothingToAListThatHasNone)

@@ -83,6 +83,16 @@ TEST_F(Room, isSharedByTheTabsUpToSixHundredPoints)
     EXPECT_EQ(widthOfTab(), 600);
 }
 
+TEST_F(Room, keepsALongButtonOfTheBarFromTheTitle)
+{
+    const QString endless(200, u'W');
+    one->navigationItem()->setRightBarButtonItem(new kit::BarButtonItem(endless, kit::BarButtonItem::Style::Plain, {}));
+    grabbed();
+    EXPECT_NEAR(placeOf(endless).width(), 140 + 24, 1);
+    EXPECT_NEAR(placeOf(endless).right(), 390, 1);
+    EXPECT_LE(placeOf(QStringLiteral("One")).right(), placeOf(endless).left());
+}
+
 TEST_F(Room, endsTheListAboveAnOnScreenKeyboard)
 {
     openSearch();
