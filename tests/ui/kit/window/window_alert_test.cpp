@@ -30,6 +30,42 @@ TEST_F(KitWindowTest, asksForATextAndTakesItAtReturn)
     EXPECT_EQ(one->tableView()->rowFocus()->row(), 0) << "the table has the keyboard again";
 }
 
+TEST_F(KitWindowTest, takesEnterForReturnInAnAlert)
+{
+    bool isConfirmed = false;
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("OK"), Style::Default, [&] { isConfirmed = true; });
+    one->present(alert);
+    grabbed();
+    press(Qt::Key_Enter);
+    EXPECT_TRUE(isConfirmed);
+}
+
+TEST_F(KitWindowTest, keepsNoRoomInAnAlertForATextThatItLacks)
+{
+    const auto placeOfMessage = [this](const QString& title, const QString& message) {
+        auto* alert = new kit::AlertController(title, message, kit::AlertController::Style::Alert);
+        alert->addAction(QStringLiteral("OK"), Style::Default);
+        one->present(alert);
+        grabbed();
+        const double fromTop = 14;
+        double bottom = 0;
+        for (const auto* item : quick()->findChildren<QQuickItem*>())
+            if (item->inherits("QQuickText") && item->isVisible()
+                && (item->property("text") == title || item->property("text") == message))
+                bottom = std::max(bottom, item->y() + item->height());
+        press(Qt::Key_Return);
+        grabbed();
+        return bottom + fromTop;
+    };
+    const double both = placeOfMessage(QStringLiteral("T"), QStringLiteral("M"));
+    const double title = placeOfMessage(QStringLiteral("T"), QString());
+    const double message = placeOfMessage(QString(), QStringLiteral("M"));
+    EXPECT_GT(title, 14);
+    EXPECT_GT(message, 14);
+    EXPECT_EQ(both, title + message - 14 + 8);
+}
+
 TEST_F(KitWindowTest, holdsBackTouchesAndKeysBehindAnAlert)
 {
     kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
@@ -47,6 +83,49 @@ TEST_F(KitWindowTest, holdsBackTouchesAndKeysBehindAnAlert)
     press(Qt::Key_Escape);
     EXPECT_EQ(window->presentedAlert(), nullptr);
     grabbed();
+}
+
+TEST_F(KitWindowTest, boundsTheTextsOfAnAlert)
+{
+    auto* alert
+        = new kit::AlertController(QString(3'000, u'T'), QString(3'000, u'M'), kit::AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("OK"), Style::Default);
+    one->present(alert);
+    grabbed();
+    const QAccessibleInterface* const dialog
+        = QAccessible::queryAccessibleInterface(itemDrawnBy(QLatin1String("AlertPanel")));
+    EXPECT_EQ(dialog->role(), QAccessible::Dialog);
+    EXPECT_EQ(dialog->text(QAccessible::Name), QString(500, u'T'));
+    EXPECT_EQ(dialog->text(QAccessible::Description), QString(2'000, u'M'));
+}
+
+TEST_F(KitWindowTest, leavesTheTextOfAnAlertsFieldTenPointsAtEitherSide)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    alert->addTextField();
+    alert->addAction(QStringLiteral("OK"), Style::Default);
+    one->present(alert);
+    grabbed();
+    const QQuickItem& input = *quick()->activeFocusItem();
+    EXPECT_EQ(input.x(), 10);
+    EXPECT_EQ(input.parentItem()->width() - input.x() - input.width(), 10);
+}
+
+TEST_F(KitWindowTest, sharesALowWindowBetweenALongMessageAndManyChoices)
+{
+    quick()->resize(320, 320);
+    ASSERT_TRUE(waitUntil([this] { return one->tableView()->width() == 320; }));
+    auto* alert = new kit::AlertController(QStringLiteral("Title"),
+        QStringLiteral("words that go on and on ").repeated(50), kit::AlertController::Style::Alert);
+    for (int choice = 0; choice < 9; ++choice)
+        alert->addAction(QStringLiteral("Choice %1").arg(choice), Style::Default);
+    one->present(alert);
+    grabbed();
+    std::vector<double> heights;
+    for (const auto* item : itemDrawnBy(QLatin1String("AlertPanel"))->findChildren<QQuickItem*>())
+        if (item->inherits("QQuickFlickable"))
+            heights.push_back(item->height());
+    EXPECT_EQ(heights, (std::vector<double>{ 134, 134 }));
 }
 
 TEST_F(KitWindowTest, showsAlertsOneAfterTheOther)
@@ -196,5 +275,8 @@ TEST_F(KitWindowTest, scrollsALongMessageByTheArrows)
     EXPECT_GT(scrolled(), 0);
     for (int step = 0; step < 100; ++step)
         press(Qt::Key_Down);
-    EXPECT_EQ(scrolled(), (*texts)->property("contentHeight").toDouble() - (*texts)->height());
+    const double end = (*texts)->property("contentHeight").toDouble() - (*texts)->height();
+    EXPECT_EQ(scrolled(), end);
+    press(Qt::Key_Up);
+    EXPECT_LT(scrolled(), end);
 }

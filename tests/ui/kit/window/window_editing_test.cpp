@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethod>
 
 namespace {
 
@@ -56,6 +57,10 @@ protected:
     {
         return accessible(QLatin1String(choice))->rect().center() - quick()->position();
     }
+    QRect rectOf(const char* choice) const
+    {
+        return accessible(QLatin1String(choice))->rect().translated(-quick()->position());
+    }
     void choose(const char* choice)
     {
         ASSERT_TRUE(offers(choice)) << choice;
@@ -103,6 +108,93 @@ TEST_F(Editing, selectsTheWordThatIsHeldAndThenOffersToCutIt)
     EXPECT_EQ(clipboard(), QStringLiteral("small"));
 }
 
+TEST_F(Editing, selectsAWordHoweverQuicklyThatIsTouchedTwice)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    const QPoint select = placeOf("Select");
+    touch(select);
+    touch(select);
+    grabbed();
+    choose("Copy");
+    EXPECT_EQ(clipboard(), QStringLiteral("small"));
+}
+
+TEST_F(Editing, offersToSelectASingleLetter)
+{
+    openSearch(QStringLiteral("v"));
+    hold(inField(3));
+    choose("Select");
+    EXPECT_TRUE(offers("Cut"));
+    EXPECT_FALSE(offers("Select"));
+}
+
+TEST_F(Editing, takesAScreenReadersPress)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    for (const char* choice : { "Select All", "Copy" }) {
+        ASSERT_TRUE(offers(choice));
+        accessible(QLatin1String(choice))->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        grabbed();
+    }
+    EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
+}
+
+TEST_F(Editing, goesWithTheFieldThatMakesRoomForAKeyboard)
+{
+    copy(QStringLiteral("vesk"));
+    openAlert();
+    hold(inField(10));
+    const int below = placeOf("Paste").y() - inField(0).y();
+    const int field = inField(0).y();
+    quick()->setProperty("keyboard", QRectF(0, quick()->height() / 2.0, 390, quick()->height() / 2.0));
+    Q_EMIT QGuiApplication::inputMethod()->keyboardRectangleChanged();
+    grabbed();
+    ASSERT_LT(inField(0).y(), field);
+    ASSERT_TRUE(offers("Paste"));
+    EXPECT_EQ(placeOf("Paste").y() - inField(0).y(), below);
+}
+
+TEST_F(Editing, takesTheKeyboardToTheFieldThatItStandsOver)
+{
+    openSearch(QStringLiteral("small theme"));
+    const QPoint onText = inField(8);
+    searchBar().cancel();
+    grabbed();
+    copy(QStringLiteral("vesk"));
+    clickRight(onText);
+    EXPECT_TRUE(searchBar().isActive());
+    type(QStringLiteral("new"));
+    EXPECT_EQ(searchBar().text(), QStringLiteral("new"));
+}
+
+TEST_F(Editing, offersWhatAMouseSelected)
+{
+    openSearch(QStringLiteral("small theme"));
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, inField(0));
+    for (int distance = 0; distance <= 200; distance += 20)
+        QTest::mouseMove(quick(), inField(distance));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, inField(200));
+    clickRight(inField(8));
+    choose("Copy");
+    EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
+}
+
+TEST_F(Editing, movesWithItsChoices)
+{
+    openSearch(QStringLiteral("small theme of many words"));
+    hold(inField(120));
+    choose("Select");
+    ASSERT_TRUE(offers("Cut"));
+    const QRect moved = rectOf("Cut");
+    press(Qt::Key_Escape);
+    ASSERT_FALSE(offersAnything());
+    clickRight(inField(120));
+    ASSERT_TRUE(offers("Cut"));
+    EXPECT_EQ(rectOf("Cut"), moved) << "where it stands when it opens with them";
+}
+
 TEST_F(Editing, copiesTheWholeText)
 {
     openSearch(QStringLiteral("small theme"));
@@ -110,6 +202,7 @@ TEST_F(Editing, copiesTheWholeText)
     choose("Select All");
     EXPECT_FALSE(offers("Select") || offers("Select All"));
     choose("Copy");
+    EXPECT_FALSE(offersAnything());
     EXPECT_EQ(clipboard(), QStringLiteral("small theme"));
     EXPECT_EQ(searchBar().text(), QStringLiteral("small theme"));
 }
@@ -179,10 +272,20 @@ TEST_F(Editing, closesWhenAPersonTypes)
     EXPECT_FALSE(offersAnything());
 }
 
+TEST_F(Editing, closesWhenTheKeyboardGoesElsewhere)
+{
+    openSearch(QStringLiteral("small theme"));
+    hold(inField(8));
+    ASSERT_TRUE(offersAnything());
+    press(Qt::Key_Tab);
+    EXPECT_FALSE(offersAnything());
+}
+
 TEST_F(Editing, closesWhenTheWindowBecomesWiderOrLower)
 {
     openSearch(QStringLiteral("lantern"));
-    for (const QSize size : { QSize(420, 844), QSize(420, 700) }) {
+    const QSize before = quick()->size();
+    for (const QSize size : { before + QSize(30, 0), before + QSize(30, -100) }) {
         hold(inField(4));
         ASSERT_TRUE(offersAnything());
         quick()->resize(size);
@@ -200,8 +303,12 @@ TEST_F(Editing, staysInsideANarrowWindow)
     for (const double distance : { 5.0, 150.0 }) {
         hold(inField(distance));
         ASSERT_TRUE(offers("Select") && offers("Paste"));
-        EXPECT_GE(placeOf("Select").x(), 0);
-        EXPECT_LE(placeOf("Paste").x(), 320);
+        EXPECT_GE(rectOf("Select").left(), 0);
+        EXPECT_LT(rectOf("Paste").right(), 320);
+        choose("Select");
+        ASSERT_TRUE(offers("Select All") && offers("Paste")) << "and with more of them";
+        EXPECT_GE(rectOf("Select All").left(), 0);
+        EXPECT_LT(rectOf("Paste").right(), 320);
         press(Qt::Key_Escape);
     }
 }

@@ -87,6 +87,14 @@ TEST_F(Hover, widensTheScrollIndicatorUnderThePointer)
     kit::Animations::setEnabled(false);
 }
 
+TEST_F(Hover, endsWhenAFingerTouchesTheWindow)
+{
+    pointAt(middleOf({ 1, 2 }).toPoint());
+    ASSERT_TRUE(showsSomething());
+    touch({ 195, 22 });
+    EXPECT_FALSE(showsSomething());
+}
+
 TEST_F(Hover, followsTheRowsThatScrollUnderThePointer)
 {
     const QPoint spot(120, 400);

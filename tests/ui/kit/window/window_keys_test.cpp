@@ -28,6 +28,13 @@ protected:
             press(Qt::Key_Tab);
         return focusedItemName() == name;
     }
+    // As a keyboard sends it again and again.
+    void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        for (int repeat = 0; repeat < 4; ++repeat)
+            QTest::simulateEvent(quick(), true, key, modifiers, QString(), repeat > 0);
+        QTest::simulateEvent(quick(), false, key, modifiers, QString(), false);
+    }
     // How many controls have a ring.
     int ringCount() const { return ringCountIn(*quick()->contentItem()); }
     static int ringCountIn(const QQuickItem& item)
@@ -90,6 +97,7 @@ TEST_F(Keys, showTheRowsRingOnlyWhileTheKeyboardIsInTheList)
 {
     press(Qt::Key_Down);
     EXPECT_TRUE(accessible(QStringLiteral("Row 0.0"))->state().focused);
+    EXPECT_FALSE(accessible(QStringLiteral("Row 0.0"))->parent()->state().focused) << "the row has it, not the list";
     ASSERT_TRUE(tabTo(QStringLiteral("Press")));
     EXPECT_FALSE(accessible(QStringLiteral("Row 0.0"))->state().focused);
 }
@@ -102,6 +110,42 @@ TEST_F(Keys, pressOnceHoweverLongTheyAreHeld)
         QCoreApplication::sendEvent(quick(), &event);
     }
     EXPECT_EQ(one->buttonPresses, 1);
+}
+
+TEST_F(Keys, goBackByOneScreenAndReloadOnceHoweverLongTheyAreHeld)
+{
+    hold(Qt::Key_F5);
+    EXPECT_EQ(one->reloads, 1);
+    for (const auto& [key, modifiers] : { std::pair<Qt::Key, Qt::KeyboardModifiers>(Qt::Key_Left, Qt::AltModifier),
+             std::pair<Qt::Key, Qt::KeyboardModifiers>(Qt::Key_Escape, Qt::NoModifier) }) {
+        for (const QString& title : { QStringLiteral("First"), QStringLiteral("Second"), QStringLiteral("Third") })
+            stack(0)->pushViewController(new ListScreen(title), kit::NavigationController::Animation::None);
+        grabbed();
+        hold(key, modifiers);
+        EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Second")) << key;
+        stack(0)->popToRootViewController(kit::NavigationController::Animation::None);
+        grabbed();
+    }
+}
+
+TEST_F(Keys, goToATabOnceHoweverLongTheyAreHeld)
+{
+    auto* const pushed = new ListScreen(QStringLiteral("Pushed"));
+    stack(1)->pushViewController(pushed, kit::NavigationController::Animation::None);
+    hold(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(tabs->selectedIndex(), 1);
+    EXPECT_EQ(stack(1)->topViewController(), pushed) << "as it would not be after a second time";
+}
+
+TEST_F(Keys, pressABarButtonByAShortcutOfOneLetter)
+{
+    auto* const reload = new kit::BarButtonItem(
+        QStringLiteral("Reload"), kit::BarButtonItem::Style::Plain, [this] { ++one->reloads; });
+    reload->setShortcut(QStringLiteral("R"));
+    one->navigationItem()->setRightBarButtonItem(reload);
+    grabbed();
+    press(Qt::Key_R);
+    EXPECT_EQ(one->reloads, 1);
 }
 
 TEST_F(Keys, showTheDeleteButtonByTheFirstDeleteAndPressItByTheSecond)
@@ -220,6 +264,35 @@ TEST_F(Keys, showTheRingOfAControlOnlyOnceAKeyMovedThem)
     EXPECT_EQ(ringCount(), 0);
 }
 
+TEST_F(Keys, showNoRingWhereTheyDoNothing)
+{
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[]
+        = { { Qt::Key_Shift, Qt::ShiftModifier }, { Qt::Key_Left, Qt::NoModifier }, { Qt::Key_F9, Qt::NoModifier },
+              { Qt::Key_Backspace, Qt::NoModifier }, { Qt::Key_K, Qt::ControlModifier } };
+    for (const auto& [key, modifiers] : keys) {
+        press(key, modifiers);
+        EXPECT_EQ(ringCount(), 0) << key;
+        EXPECT_EQ(table().rowFocus()->row(), -1) << key;
+    }
+}
+
+TEST_F(Keys, showTheRingOfTheWholeListInsideIt)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    ASSERT_EQ(tabbed(1), QStringList(QStringLiteral("One")));
+    const QQuickItem& list = *itemDrawnBy(QLatin1String("TableBody"));
+    const QQuickItem* ring = nullptr;
+    for (const QQuickItem* part : list.childItems())
+        if (part->isVisible() && QLatin1String(part->metaObject()->className()).startsWith(QLatin1String("FocusRing")))
+            ring = part;
+    ASSERT_NE(ring, nullptr);
+    EXPECT_EQ(
+        QRectF(ring->x(), ring->y(), ring->width(), ring->height()), QRectF(2, 2, list.width() - 4, list.height() - 4));
+    EXPECT_TRUE(accessible(QStringLiteral("Row 0.0"))->parent()->state().focused) << "as a screen reader says too";
+    press(Qt::Key_Down);
+    EXPECT_FALSE(ring->isVisible()) << "the row has one";
+}
+
 TEST_F(Keys, leaveTheSearchFieldForWhatItFoundByEitherReturn)
 {
     for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter }) {
@@ -253,6 +326,18 @@ TEST_F(Keys, giveWayToTheMousesBackButton)
     EXPECT_FALSE(stack(0)->canGoBack());
 }
 
+TEST_F(Keys, goToTheListWhoseRowIsTouchedOrGivenTheKeyboard)
+{
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    accessible(QStringLiteral("Row 0.3"))->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(focusedItemName(), QStringLiteral("One"));
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    tap(middleOf({ 0, 3 }));
+    press(Qt::Key_Escape);
+    grabbed();
+    EXPECT_EQ(focusedItemName(), QStringLiteral("One"));
+}
+
 TEST_F(Keys, goToTheListThatIsDragged)
 {
     ASSERT_TRUE(tabTo(QStringLiteral("Press")));
@@ -275,6 +360,19 @@ TEST_F(Keys, pressAPanelsButtonWithSpaceToo)
     press(Qt::Key_Space);
     EXPECT_EQ(pressed, 2);
     EXPECT_EQ(window->presentedAlert(), nullptr);
+}
+
+TEST_F(Keys, goRoundInAnAlertByWayOfItsFields)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    alert->addTextField()->setPlaceholder(QStringLiteral("Address"));
+    alert->addTextField()->setPlaceholder(QStringLiteral("Name"));
+    alert->addAction(QStringLiteral("Cancel"), kit::AlertAction::Style::Cancel);
+    one->present(alert);
+    grabbed();
+    EXPECT_EQ(focusedItemName(), QStringLiteral("Address"));
+    EXPECT_EQ(tabbed(3), (QStringList{ QStringLiteral("Name"), QStringLiteral("Cancel"), QStringLiteral("Address") }));
+    press(Qt::Key_Escape);
 }
 
 TEST_F(Keys, cancelTheSearchWithEnterToo)

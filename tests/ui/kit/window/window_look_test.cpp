@@ -35,6 +35,29 @@ protected:
         }
         return 0;
     }
+    // The item that draws a text, or null.
+    const QQuickItem* itemWith(const QString& text) const
+    {
+        std::vector<QQuickItem*> open{ quick()->contentItem() };
+        while (!open.empty()) {
+            const QQuickItem* const item = open.back();
+            open.pop_back();
+            if (item->inherits("QQuickText") && item->property("text").toString() == text)
+                return item;
+            for (QQuickItem* child : item->childItems())
+                open.push_back(child);
+        }
+        return nullptr;
+    }
+    // As many letters as there is room for in a font of so many pixels.
+    static QString filling(double width, QFont font, int pixels)
+    {
+        font.setPixelSize(pixels);
+        QString text;
+        while (QFontMetricsF(font).horizontalAdvance(text + u'i') < width)
+            text += u'i';
+        return text;
+    }
     int drawnItems() const
     {
         int count = 0;
@@ -63,6 +86,28 @@ TEST_F(Look, drawsTheTextsOfRowsBarsAndTabsInTheirNewSize)
     EXPECT_EQ(one->tableView()->rectForRow({ 0, 3 }).height(), 96);
 }
 
+TEST_F(Look, shrinksATitleToItsUsualSizeBeforeItIsCutShort)
+{
+    constexpr int Usual = 16;
+    const auto present = [this](const QString& title) {
+        kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+        alert->addAction(title, kit::AlertAction::Style::Default);
+        one->present(alert);
+        grabbed();
+    };
+    enlargeTexts();
+    present(QStringLiteral("OK"));
+    const QQuickItem& button = *itemWith(QStringLiteral("OK"));
+    const QString title = filling(button.width(), button.property("font").value<QFont>(), Usual);
+    press(Qt::Key_Return);
+    present(title);
+    EXPECT_FALSE(itemWith(title)->property("truncated").toBool());
+    press(Qt::Key_Return);
+    present(title + QStringLiteral("iii"));
+    EXPECT_TRUE(itemWith(title + QStringLiteral("iii"))->property("truncated").toBool());
+    press(Qt::Key_Return);
+}
+
 TEST_F(Look, keepsWhatAPersonWasDoing)
 {
     press(Qt::Key_F, Qt::ControlModifier);
@@ -70,6 +115,7 @@ TEST_F(Look, keepsWhatAPersonWasDoing)
     two->tableView()->setContentOffset(300);
     enlargeTexts();
     EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("vesk"));
+    EXPECT_EQ(accessible(QStringLiteral("Find"))->text(QAccessible::Value), QStringLiteral("vesk"));
     EXPECT_EQ(tabs->selectedIndex(), 1);
     EXPECT_EQ(two->tableView()->contentOffset(), 300);
     EXPECT_TRUE(waitUntil([this] { return drawnSizeOf(QStringLiteral("Cancel")) > 15; }));
@@ -122,4 +168,38 @@ TEST_F(Look, drawsNothingMoreOfAViewThatWasTakenAway)
     label->removeFromSuperview();
     grabbed();
     EXPECT_EQ(drawnItems(), before);
+}
+
+TEST_F(Look, drawsNothingOfALabelThatIsHidden)
+{
+    QQuickItem* const drawn = const_cast<QQuickItem*>(itemWith(QStringLiteral("Welcome")));
+    ASSERT_TRUE(drawn && drawn->isVisible());
+    auto* const label = drawn->property("view").value<kit::View*>();
+    label->setHidden(true);
+    EXPECT_FALSE(drawn->isVisible());
+    label->setHidden(false);
+    EXPECT_TRUE(drawn->isVisible());
+}
+
+TEST_F(Look, drawsALongTextToItsEnd)
+{
+    constexpr int Lines = 900;
+    constexpr int LineHeight = 30;
+    auto* const header = new kit::View({ 0, 0, 390, Lines * LineHeight });
+    header->setBackgroundColor(kit::Color::white());
+    auto* const label = new kit::Label({ 0, 0, 390, Lines * LineHeight });
+    label->setNumberOfLines(0);
+    label->setText(QStringLiteral("a line of many\n").repeated(Lines));
+    header->addSubview(label);
+    one->tableView()->setTableHeaderView(header);
+    const QQuickItem& drawn = *itemWith(label->shownText());
+    const double text = drawn.property("contentHeight").toDouble();
+    // The label stands in the middle of its frame.
+    one->tableView()->setContentOffset((header->frame().height() + text) / 2 - 400);
+    const QImage picture = grabbed();
+    int inked = 0;
+    for (int y = 100; y < 400; ++y)
+        for (int x = 0; x < 200; ++x)
+            inked += qGray(picture.pixel(x, y)) < 128 ? 1 : 0;
+    EXPECT_GT(inked, 1'000);
 }

@@ -129,6 +129,21 @@ TEST_F(SheetTest, pointsAtItsRowFromSixHundredByFourHundredAndEightyPointsOn)
     }
 }
 
+TEST_F(SheetTest, standsByASourceAtTheRightOfALargeWindowAndInTheMiddleOfAPhone)
+{
+    kit::AlertController* const sheet = addAlert(kit::AlertController::Style::ActionSheet);
+    sheet->addAction(QStringLiteral("Cancel"), Style::Cancel);
+    sheet->setSource(one->tableView(), [this] { return QRectF(one->tableView()->width() - 60, 100, 50, 40); });
+    resize({ 1'024, 768 });
+    one->present(sheet);
+    grabbed();
+    EXPECT_GT(panel().center().x(), 800);
+    EXPECT_TRUE(windowRect().contains(panel()));
+    EXPECT_TRUE(hasArrow());
+    resize({ 390, 844 });
+    EXPECT_EQ(panel().center().x(), 195);
+}
+
 TEST_F(SheetTest, standsInTheMiddleWithoutASource)
 {
     resize({ 1'024, 768 });

@@ -55,6 +55,11 @@ TEST_F(Room, isFilledByTheRootScreen)
     EXPECT_EQ(tabs->view()->frame(), QRectF(0, 0, 500, 600));
 }
 
+TEST_F(Room, isNeverLessThanThatOfASmallPhone)
+{
+    EXPECT_EQ(quick()->minimumSize(), QSize(320, 320));
+}
+
 TEST_F(Room, showsTheTitleOfATabBelowItsSymbolInANarrowWindow)
 {
     grabbed();
@@ -70,6 +75,28 @@ TEST_F(Room, showsTheTitleOfATabBesideItsSymbolInAWideWindow)
         EXPECT_NEAR(title().center().y(), symbol().center().y(), 1) << size.height();
         EXPECT_EQ(symbol().topLeft(), QPointF(symbol().topLeft().toPoint())) << "a symbol between pixels is not crisp";
     }
+}
+
+TEST_F(Room, isSharedByTheTabsUpToSixHundredPoints)
+{
+    const auto widthOfTab = [this] { return itemDrawnBy(QLatin1String("TabButton"))->width(); };
+    grabbed();
+    EXPECT_EQ(widthOfTab(), 195);
+    resize({ 700, 800 });
+    EXPECT_EQ(widthOfTab(), 300);
+    tabs->setViewControllers({ tabs->viewControllers()[0] });
+    grabbed();
+    EXPECT_EQ(widthOfTab(), 600);
+}
+
+TEST_F(Room, keepsALongButtonOfTheBarFromTheTitle)
+{
+    const QString endless(200, u'W');
+    one->navigationItem()->setRightBarButtonItem(new kit::BarButtonItem(endless, kit::BarButtonItem::Style::Plain, {}));
+    grabbed();
+    EXPECT_NEAR(placeOf(endless).width(), 140 + 24, 1);
+    EXPECT_NEAR(placeOf(endless).right(), 390, 1);
+    EXPECT_LE(placeOf(QStringLiteral("One")).right(), placeOf(endless).left());
 }
 
 TEST_F(Room, endsTheListAboveAnOnScreenKeyboard)
@@ -105,4 +132,12 @@ TEST_F(Room, leavesTheListAsItIsUnderAKeyboardThatFloats)
     const double before = two->tableView()->frame().height();
     showKeyboard({ 40, 300, 310, 200 });
     EXPECT_EQ(two->tableView()->frame().height(), before);
+}
+
+TEST_F(Room, leavesTheListAsItIsOverAKeyboardBelowTheWindow)
+{
+    grabbed();
+    const double before = one->tableView()->frame().height();
+    showKeyboard({ 0, quick()->height() + 100.0, 390, 300 });
+    EXPECT_EQ(one->tableView()->frame().height(), before);
 }

@@ -302,3 +302,29 @@ TEST_F(Speech, findsADialogModalAndARunningRefreshBusy)
     EXPECT_EQ(dialog->role(), QAccessible::Dialog);
     EXPECT_TRUE(dialog->state().modal);
 }
+
+TEST_F(Speech, tellsADetailOfOneLetter)
+{
+    table().cellForRow({ 0, 3 })->detailTextLabel()->setText(QStringLiteral("7"));
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("7, 4 of 5"));
+}
+
+TEST_F(Speech, tellsThePlaceOfARowThatIsNotAlone)
+{
+    one->firstSectionRows = 2;
+    table().reloadData();
+    grabbed();
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.0"))->text(QAccessible::Description), QStringLiteral("Detail, 1 of 2"));
+    one->firstSectionRows = 1;
+    table().reloadData();
+    grabbed();
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.0"))->text(QAccessible::Description), QStringLiteral("Detail"));
+}
+
+TEST_F(Speech, tellsOfTheBackButtonAloneWhatElseIsWrittenOnIt)
+{
+    EXPECT_EQ(accessible(QStringLiteral("Reload"))->text(QAccessible::Description), QString());
+    stack(0)->pushViewController(new ListScreen(QStringLiteral("Next")), kit::NavigationController::Animation::None);
+    grabbed();
+    EXPECT_EQ(accessible(QStringLiteral("Back"))->text(QAccessible::Description), QStringLiteral("One"));
+}

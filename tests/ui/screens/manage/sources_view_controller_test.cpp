@@ -272,3 +272,13 @@ TEST_F(SourcesScreen, readsTheSourcesAtEveryAppearance)
     appearAgain();
     EXPECT_EQ(texts(Active), QStringList(QStringLiteral("other")));
 }
+
+TEST_F(SourcesScreen, namesTheSourceThatEachOfItsControlsIsFor)
+{
+    setSources({ "http://127.0.0.1/one" });
+    manager->repositories().front()->setName(QStringLiteral("Small Source"));
+    show();
+    EXPECT_EQ(switchOf(0)->accessibilityLabel(), QStringLiteral("Small Source"));
+    EXPECT_EQ(addButtonOf(0)->accessibilityLabel(),
+        QStringLiteral("Add ") + RepoManager::defaultRepositories().front()->name());
+}

@@ -33,6 +33,11 @@ TEST_F(InstanceLockTest, isHeldByOneAtATime)
     EXPECT_EQ(second.acquire(), State::Held);
 }
 
+TEST_F(InstanceLockTest, makesTheDirectoryOfAFileThatWasNeverWritten)
+{
+    EXPECT_EQ(InstanceLock(path(QStringLiteral("new/below/defaults.json"))).acquire(), State::Held);
+}
+
 TEST_F(InstanceLockTest, isOneForAllNamesOfAFile)
 {
     ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("elsewhere"))));

@@ -1,0 +1,151 @@
+// What slides and grows on its way, and what is with the finger at once.
+#include "tests/ui/kit/window/FingerTest.h"
+#include "ui/kit/paint/Animations.h"
+
+namespace {
+
+class Moving
+{
+protected:
+    Moving() { kit::Animations::setEnabled(true); }
+    ~Moving() { kit::Animations::setEnabled(false); }
+};
+
+// Of a window that moves from its beginning.
+class Motion : private Moving, public FingerTest
+{
+protected:
+    Motion() { grabbed(); }
+
+    QQuickItem* textItem(const QString& text) const
+    {
+        std::vector<QQuickItem*> open{ quick()->contentItem() };
+        while (!open.empty()) {
+            QQuickItem* const item = open.back();
+            open.pop_back();
+            if (item->inherits("QQuickText") && item->property("text").toString() == text)
+                return item;
+            for (QQuickItem* child : item->childItems())
+                open.push_back(child);
+        }
+        return nullptr;
+    }
+    // Where the text of a row begins, in the window.
+    double leftOf(const QString& text) const { return textItem(text)->mapToScene({ 0, 0 }).x(); }
+    const QQuickItem& knob() const
+    {
+        QQuickItem* found = nullptr;
+        for (QQuickItem* part : itemDrawnBy(QLatin1String("SwitchView"))->childItems())
+            if (part->inherits("kit::RoundedBox") && part->width() == part->height())
+                found = part;
+        return *found;
+    }
+    void present(kit::AlertController::Style style)
+    {
+        kit::AlertController* const alert = addAlert(style);
+        alert->addAction(QStringLiteral("Close"), kit::AlertAction::Style::Cancel);
+        one->present(alert);
+    }
+    const QQuickItem& panel() const
+    {
+        for (const QQuickItem* part : itemDrawnBy(QLatin1String("AlertPanel"))->childItems())
+            if (!part->inherits("QQuickRectangle") && !part->inherits("QQuickMouseArea"))
+                return *part;
+        return *quick()->contentItem();
+    }
+    const QQuickItem& shade() const
+    {
+        for (const QQuickItem* part : itemDrawnBy(QLatin1String("AlertPanel"))->childItems())
+            if (part->inherits("QQuickRectangle"))
+                return *part;
+        return *quick()->contentItem();
+    }
+};
+
+} // namespace
+
+TEST_F(Motion, keepsTheKnobOfASwitchUnderTheFinger)
+{
+    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
+    begin(start);
+    moveTo(start + QPoint(14, 0), 14);
+    const double before = knob().x();
+    moveTo(start + QPoint(19, 0), 1);
+    EXPECT_EQ(knob().x(), before + 5);
+    moveTo(start + QPoint(300, 0), 1);
+    EXPECT_EQ(knob().x() + knob().width(), itemDrawnBy(QLatin1String("SwitchView"))->width() - 2) << "and no further";
+    moveTo(start - QPoint(200, 0), 1);
+    EXPECT_EQ(knob().x(), 2) << "nor there";
+    end();
+}
+
+TEST_F(Motion, drawsTheKnobOfASwitchThatIsOnFromWhereItIs)
+{
+    const double last = itemDrawnBy(QLatin1String("SwitchView"))->width() - knob().width() - 2;
+    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
+    touch(start);
+    ASSERT_TRUE(waitUntil([&] { return knob().x() == last; }));
+    begin(start);
+    moveTo(start - QPoint(12, 0), 12);
+    EXPECT_LT(knob().x(), last);
+    EXPECT_GE(knob().x(), last - 12);
+    end();
+}
+
+TEST_F(Motion, drawsASwitchFromSixPointsBesideItAndLeavesTheRestToTheRow)
+{
+    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
+    const QPointF left = itemDrawnBy(QLatin1String("SwitchView"))->mapToScene({ 0, 10 });
+    for (const int distance : { 7, 6 }) {
+        begin(left.toPoint() - QPoint(distance, 0));
+        moveTo(left.toPoint() + QPoint(50, 0), 20);
+        end();
+        EXPECT_EQ(control.isOn(), distance == 6) << distance;
+    }
+}
+
+TEST_F(Motion, keepsARowUnderTheFingerThatDrawsItAside)
+{
+    const QString row = ListScreen::nameOf({ 0, 3 });
+    const double rest = leftOf(row);
+    const QPoint start(300, middleOf({ 0, 3 }).toPoint().y());
+    begin(start);
+    moveTo(start - QPoint(60, 0), 20);
+    const double before = leftOf(row);
+    EXPECT_LT(before, rest - 40);
+    moveTo(start - QPoint(70, 0), 1);
+    EXPECT_EQ(leftOf(row), before - 10);
+    moveTo(start + QPoint(60, 0), 1);
+    EXPECT_EQ(leftOf(row), rest) << "and not to the right";
+    end();
+}
+
+TEST_F(Motion, opensARowByItsButtonsWidth)
+{
+    const QString row = ListScreen::nameOf({ 0, 3 });
+    const double rest = leftOf(row);
+    one->tableView()->openRow()->open(0, 3);
+    EXPECT_GT(leftOf(row), rest - 88) << "it slides there";
+    EXPECT_TRUE(waitUntil([&] { return leftOf(row) == rest - 88; }));
+    one->tableView()->openRow()->close();
+    EXPECT_LT(leftOf(row), rest) << "and back";
+    EXPECT_TRUE(waitUntil([&] { return leftOf(row) == rest; }));
+}
+
+TEST_F(Motion, growsAnAlertIntoItsPlace)
+{
+    present(kit::AlertController::Style::Alert);
+    EXPECT_EQ(panel().scale(), 0.85);
+    EXPECT_EQ(shade().opacity(), 0);
+    EXPECT_TRUE(waitUntil([this] { return shade().opacity() == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return panel().scale() == 1; }));
+}
+
+TEST_F(Motion, showsASheetInItsSizeFromTheBeginning)
+{
+    present(kit::AlertController::Style::ActionSheet);
+    EXPECT_EQ(panel().scale(), 1);
+    drawFrame();
+    EXPECT_EQ(panel().scale(), 1);
+    EXPECT_TRUE(waitUntil([this] { return shade().opacity() == 1; }));
+}

@@ -1,0 +1,59 @@
+// A row that was drawn aside from its delete button.
+#include "tests/ui/kit/window/FingerTest.h"
+
+namespace {
+
+class OpenRowTest : public FingerTest
+{
+protected:
+    OpenRowTest() { grabbed(); }
+
+    kit::TableView& table() const { return *one->tableView(); }
+    // The item that draws the row, by its text.
+    QQuickItem* drawn(const kit::IndexPath& row) const
+    {
+        return qobject_cast<QQuickItem*>(accessible(ListScreen::nameOf(row))->object());
+    }
+};
+
+} // namespace
+
+TEST_F(OpenRowTest, isClosedByATouchElsewhereWhicheverRowItIs)
+{
+    for (int row = 0; row < one->firstSectionRows; ++row) {
+        table().openRow()->open(0, row);
+        grabbed();
+        touch({ 370, 22 });
+        EXPECT_EQ(table().openRow()->row(), -1) << row;
+        EXPECT_EQ(one->reloads, 0) << row;
+    }
+}
+
+TEST_F(OpenRowTest, keepsWhatItShowsInsideItself)
+{
+    EXPECT_FALSE(drawn({ 0, 3 })->clip());
+    begin({ 300, middleOf({ 0, 3 }).toPoint().y() });
+    moveTo(place - QPoint(30, 0), 10);
+    EXPECT_TRUE(drawn({ 0, 3 })->clip()) << "under the finger";
+    end();
+    table().openRow()->open(0, 3);
+    grabbed();
+    EXPECT_TRUE(drawn({ 0, 3 })->clip()) << "open";
+}
+
+TEST_F(OpenRowTest, keepsTheWordDeleteInsideItsButtonHoweverNarrowThatIs)
+{
+    table().openRow()->open(0, 3);
+    grabbed();
+    const auto* const button = qobject_cast<QQuickItem*>(accessible(QStringLiteral("Delete"))->object());
+    EXPECT_EQ(button->width(), 88);
+    EXPECT_TRUE(button->clip());
+}
+
+TEST_F(OpenRowTest, standsAloneOpen)
+{
+    table().openRow()->open(0, 3);
+    grabbed();
+    for (const kit::IndexPath& other : { kit::IndexPath{ 0, 2 }, kit::IndexPath{ 1, 3 } })
+        EXPECT_FALSE(drawn(other)->clip()) << other.section;
+}
