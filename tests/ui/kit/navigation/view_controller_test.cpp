@@ -128,3 +128,15 @@ TEST(TableViewController, isAsWideAsItsStackWhenItsViewIsLoaded)
     auto* screen = new EmptyTable(&stack);
     EXPECT_EQ(screen->tableView()->width(), 500);
 }
+
+TEST(ViewController, isToldOnceThatItAppears)
+{
+    QStringList moments;
+    LifeRecorder screen(QStringLiteral("screen"), moments);
+    screen.beginAppearance();
+    screen.endAppearance();
+    moments.clear();
+    screen.beginAppearance();
+    screen.endAppearance();
+    EXPECT_TRUE(moments.isEmpty());
+}
