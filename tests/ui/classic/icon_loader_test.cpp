@@ -137,6 +137,12 @@ TEST_F(Loader, asksTheNetworkForNothingThatIsNotAWebURL)
     EXPECT_TRUE(isEmpty());
 }
 
+TEST_F(Loader, asksTheNetworkForWhatIsToComeOverHttps)
+{
+    load(server.url(QStringLiteral("/icon.png")).replace(QStringLiteral("http:"), QStringLiteral("https:")), view);
+    EXPECT_EQ(network.requests, 1);
+}
+
 TEST_F(Loader, sendsNoUserAgentAndNothingThatSpeaksOfCachesOrCookies)
 {
     server.serve("/icon.png", pngOf(Qt::red));
@@ -146,6 +152,14 @@ TEST_F(Loader, sendsNoUserAgentAndNothingThatSpeaksOfCachesOrCookies)
     EXPECT_EQ(requests.front().method, "GET");
     for (const char* name : { "User-Agent", "Cache-Control", "Pragma", "Cookie", "Range" })
         EXPECT_TRUE(requests.front().header(name).isNull()) << name;
+}
+
+TEST_F(Loader, givesAnIconAMinuteAndFourMebibytesUnlessToldOtherwise)
+{
+    const http::Limits standard = IconLoader::Limits().download;
+    EXPECT_EQ(standard.inactivity, std::chrono::minutes(1));
+    EXPECT_EQ(standard.deadline, std::chrono::minutes(1));
+    EXPECT_EQ(standard.largestBody, 4'194'304);
 }
 
 TEST_F(Loader, givesUpOnAnIconThatTrickles)
@@ -176,6 +190,30 @@ TEST_F(Loader, asksForNoMoreThanSixteenIconsAtOnceAndForTheOthersAsThoseEnd)
     EXPECT_EQ(network.requests, All);
     for (const kit::ImageView& each : views)
         EXPECT_EQ(colorOf(each), QColor(Qt::red));
+}
+
+TEST_F(Loader, asksOnceForAViewThatWaitsItsTurnAndNothingForOneThatWentMeanwhile)
+{
+    IconLoader::Limits oneAtOnce;
+    oneAtOnce.mostAtOnce = 1;
+    restart(oneAtOnce);
+    server.setReply("/first.png", { .body = pngOf(Qt::red), .timing = LoopbackServer::Timing::Held });
+    for (const char* path : { "/gone.png", "/second.png", "/last.png" })
+        server.serve(path, pngOf(Qt::blue));
+    load(server.url(QStringLiteral("/first.png")), view);
+    auto passing = std::make_unique<kit::ImageView>();
+    load(server.url(QStringLiteral("/gone.png")), *passing);
+    passing.reset();
+    kit::ImageView patient;
+    for (int time = 0; time < 3; ++time)
+        load(server.url(QStringLiteral("/second.png")), patient);
+    kit::ImageView last;
+    load(server.url(QStringLiteral("/last.png")), last);
+    server.release("/first.png");
+    waitFor(3);
+    EXPECT_EQ(network.requests, 3);
+    EXPECT_EQ(colorOf(patient), QColor(Qt::blue));
+    EXPECT_EQ(colorOf(last), QColor(Qt::blue));
 }
 
 TEST_F(Loader, dropsWhatTheViewsOfAPassingListWantNoMore)
@@ -239,11 +277,13 @@ TEST_F(Loader, keepsWhatIsShownWhenTheDownloadFails)
     server.setReply("/broken.png", { .body = "this is no picture" });
     server.setReply("/half.png",
         { .body = pngOf(Qt::red).left(40), .declaredLength = 5000, .ending = LoopbackServer::Ending::Close });
+    server.setReply(
+        "/short.png", { .body = pngOf(Qt::red), .declaredLength = 5000, .ending = LoopbackServer::Ending::Close });
     server.setReply("/reset.png", { .garbage = "HTTP/1.1 2", .ending = LoopbackServer::Ending::Reset });
     server.setReply("/garbage.png", { .garbage = "no HTTP at all\r\n\r\n", .ending = LoopbackServer::Ending::Close });
-    for (const QString& path :
-        { QStringLiteral("/empty.png"), QStringLiteral("/broken.png"), QStringLiteral("/half.png"),
-            QStringLiteral("/reset.png"), QStringLiteral("/garbage.png"), QStringLiteral("/absent.png") }) {
+    for (const QString& path : { QStringLiteral("/empty.png"), QStringLiteral("/broken.png"),
+             QStringLiteral("/half.png"), QStringLiteral("/short.png"), QStringLiteral("/reset.png"),
+             QStringLiteral("/garbage.png"), QStringLiteral("/absent.png") }) {
         loadAndWait(path);
         EXPECT_EQ(colorOf(view), QColor(Qt::green)) << qPrintable(path);
     }

@@ -343,6 +343,24 @@ TEST_F(NavigationControllerTest, staysAtItsEndOnceItWasBroughtThereBeforeItsTime
     EXPECT_EQ(moved.count(), 0);
 }
 
+TEST_F(NavigationControllerTest, keepsItsRootAndTheScreenThatLeavesOnTheWayToTheRoot)
+{
+    kit::Animations::setEnabled(true);
+    push(QStringLiteral("second"));
+    push(QStringLiteral("third"));
+    const QPointer<kit::ViewController> root(stack.viewControllers()[0]);
+    const QPointer<kit::ViewController> second(stack.viewControllers()[1]);
+    const QPointer<kit::ViewController> third(stack.viewControllers()[2]);
+    stack.popToRootViewController(Animation::Animated);
+    deleteWhatIsToGo();
+    EXPECT_TRUE(second.isNull());
+    ASSERT_FALSE(third.isNull()) << "it is still seen as it leaves";
+    EXPECT_TRUE(stack.pageModel()->objects().contains(third));
+    ASSERT_FALSE(root.isNull());
+    EXPECT_TRUE(stack.pageModel()->objects().contains(root));
+    EXPECT_EQ(root->navigationController(), &stack);
+}
+
 TEST_F(NavigationControllerTest, endsARunningTransitionOnTheWayToTheRoot)
 {
     kit::Animations::setEnabled(true);

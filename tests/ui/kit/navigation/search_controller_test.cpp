@@ -51,6 +51,14 @@ TEST(SearchBar, callsTheUpdaterAtTheCancelOfAnEmptyFieldToo)
     EXPECT_FALSE(controller.searchBar()->isActive());
 }
 
+TEST(SearchBar, leavesTheKeyboardAloneWhenItIsLeftThatNobodyWasIn)
+{
+    kit::SearchBar bar;
+    const QSignalSpy told(&bar, &kit::SearchBar::activeChanged);
+    bar.setActive(false);
+    EXPECT_EQ(told.count(), 0);
+}
+
 TEST(SearchBar, tellsWhatItShows)
 {
     kit::SearchBar bar;

@@ -250,6 +250,28 @@ public:
 
 } // namespace
 
+TEST_F(TabBarControllerTest, staysAsItIsWhenItsTabIsSelectedAgain)
+{
+    show();
+    const QSignalSpy changed(&tabs, &kit::TabBarController::selectedIndexChanged);
+    tabs.setSelectedIndex(0);
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_TRUE(moments.isEmpty());
+}
+
+TEST_F(TabBarControllerTest, holdsScreensThatAreInNoStackToo)
+{
+    auto* const searching = new SearchingScreen;
+    tabs.setViewControllers({ new LifeRecorder(QStringLiteral("alone"), moments), searching });
+    show();
+    tabs.tapTab(0);
+    EXPECT_EQ(tabs.selectedIndex(), 0);
+    EXPECT_TRUE(moments.isEmpty());
+    tabs.activateSearch();
+    EXPECT_EQ(tabs.selectedIndex(), 1);
+    EXPECT_TRUE(searching->navigationItem()->searchController()->searchBar()->isActive());
+}
+
 TEST_F(TabBarControllerTest, findsTheSearchFieldOfAScreenThatWasNeverShown)
 {
     auto* const searching = new SearchingScreen;

@@ -160,3 +160,15 @@ TEST(TableViewController, namesItsTableByTheTitleThatItHas)
     screen.setTitle(QStringLiteral("Packages"));
     EXPECT_EQ(screen.tableView()->accessibilityLabel(), QStringLiteral("Packages"));
 }
+
+TEST(ViewController, isToldOnceThatItAppears)
+{
+    QStringList moments;
+    LifeRecorder screen(QStringLiteral("screen"), moments);
+    screen.beginAppearance();
+    screen.endAppearance();
+    moments.clear();
+    screen.beginAppearance();
+    screen.endAppearance();
+    EXPECT_TRUE(moments.isEmpty());
+}

@@ -1,4 +1,5 @@
 #include "ui/kit/paint/Color.h"
+#include "ui/kit/paint/KitLook.h"
 #include "ui/kit/text/Font.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +35,17 @@ TEST(Font, comesInTwoWeightsOfTheSizeAskedFor)
     EXPECT_EQ(kit::Font::systemFont(15).pixelSize(), 15);
     EXPECT_EQ(kit::Font::systemFont(15).weight(), QFont::Normal);
     EXPECT_EQ(kit::Font::boldSystemFont(15).weight(), QFont::Bold);
+}
+
+TEST(Font, isOfTheInterfacesFamilyWhereNoScreenSetsOne)
+{
+    const kit::KitLook look;
+    for (const QFont& font : { look.font(13, QFont::DemiBold), look.barFont(13, QFont::DemiBold) }) {
+        EXPECT_EQ(font.family(), QStringLiteral("Inter"));
+        EXPECT_EQ(font.pixelSize(), 13);
+        EXPECT_EQ(font.weight(), QFont::DemiBold);
+    }
+    EXPECT_EQ(kit::Font::systemFont(13).family(), QStringLiteral("Inter"));
 }
 
 TEST(Font, measuresATextByItsLines)

@@ -2,6 +2,8 @@
 
 #include <QAccessible>
 #include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -42,6 +44,57 @@ TEST_F(SpokenItemTest, isModalAsADialogAndBusyAsAProgressBarOnly)
     EXPECT_FALSE(stateAs(QAccessible::Dialog).busy);
     EXPECT_TRUE(stateAs(QAccessible::ProgressBar).busy);
     EXPECT_FALSE(stateAs(QAccessible::ProgressBar).modal);
+}
+
+TEST_F(SpokenItemTest, isFocusedWhileKeysActOnIt)
+{
+    const auto isFocused = [this] { return QAccessible::queryAccessibleInterface(item)->state().focused; };
+    window.show();
+    window.requestActivate();
+    EXPECT_FALSE(isFocused());
+    item->forceActiveFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isFocused(); }));
+    item->setSpokenFocused(false);
+    EXPECT_FALSE(isFocused()) << "keys act on a part of it";
+    item->setSpokenFocused(true);
+    item->setFocus(false);
+    EXPECT_TRUE(isFocused()) << "keys act on it through what holds it";
+    const kit::SpokenItem nowhere;
+    EXPECT_FALSE(nowhere.isSpokenFocused());
+}
+
+TEST_F(SpokenItemTest, canBeFocusedWhenTheKeyboardReachesItAndItIsEnabled)
+{
+    EXPECT_FALSE(stateAs(QAccessible::Button).focusable);
+    item->setActiveFocusOnTab(true);
+    EXPECT_TRUE(stateAs(QAccessible::Button).focusable);
+    item->setEnabled(false);
+    EXPECT_FALSE(stateAs(QAccessible::Button).focusable);
+    item->setActiveFocusOnTab(false);
+    item->setEnabled(true);
+    item->setProperty("spokenActions", QStringList(QAccessibleActionInterface::setFocusAction()));
+    EXPECT_TRUE(stateAs(QAccessible::Button).focusable);
+}
+
+TEST_F(SpokenItemTest, offersWhatItCanDoWhileItIsEnabled)
+{
+    const QString focus = QAccessibleActionInterface::setFocusAction();
+    item->setProperty("spokenActions", QStringList(QStringLiteral("Press")));
+    EXPECT_EQ(item->offeredActions(), QStringList(QStringLiteral("Press")));
+    item->setActiveFocusOnTab(true);
+    EXPECT_EQ(item->offeredActions(), (QStringList{ QStringLiteral("Press"), focus }));
+    item->setProperty("spokenActions", QStringList{ focus, QStringLiteral("Press") });
+    EXPECT_EQ(item->offeredActions(), (QStringList{ focus, QStringLiteral("Press") }));
+    const QSignalSpy acted(item, &kit::SpokenItem::acted);
+    item->act(QStringLiteral("Delete"));
+    EXPECT_EQ(acted.count(), 0);
+    item->act(QStringLiteral("Press"));
+    ASSERT_EQ(acted.count(), 1);
+    EXPECT_EQ(acted[0][0].toString(), QStringLiteral("Press"));
+    item->setEnabled(false);
+    EXPECT_TRUE(item->offeredActions().isEmpty());
+    item->act(QStringLiteral("Press"));
+    EXPECT_EQ(acted.count(), 1);
 }
 
 TEST_F(SpokenItemTest, isInSightWithinItsWindowOnly)

@@ -239,6 +239,8 @@ TEST_F(Speech, readsAFieldByParts)
     QAccessibleInterface* const field = openField(QStringLiteral("http://one"));
     EXPECT_TRUE(field->state().selectableText);
     EXPECT_FALSE(field->state().searchEdit);
+    EXPECT_EQ(field->text(QAccessible::Name), QStringLiteral("Address"));
+    EXPECT_EQ(field->text(QAccessible::Description), QString());
     QAccessibleTextInterface* const text = field->textInterface();
     EXPECT_EQ(text->characterCount(), 10);
     EXPECT_EQ(text->text(0, 4), QStringLiteral("http"));
