@@ -220,9 +220,11 @@ TEST_F(ActionQueue, keepsThePackageOfAnEntryWithItsSourceAlive)
     EXPECT_TRUE(source.expired());
 }
 
-TEST(SharedInstaller, takesArchivesOfUpToEightGibibytes)
+TEST(SharedInstaller, takesArchivesOfUpToEightGibibytesThatAreNotSilentForHalfAMinute)
 {
-    EXPECT_EQ(InstallerSurroundings::standardRequest().limits.largestBody, 8LL * 1024 * 1024 * 1024);
+    const http::Limits limits = InstallerSurroundings::standardRequest().limits;
+    EXPECT_EQ(limits.largestBody, 8LL * 1024 * 1024 * 1024);
+    EXPECT_EQ(limits.inactivity, std::chrono::seconds(30));
 }
 
 TEST(SharedInstaller, isOneInstanceWithAnEmptyQueue)

@@ -229,6 +229,15 @@ TEST_F(PrivateDirectoryTest, isMadeWithItsParentsForItsUserAlone)
         EXPECT_EQ(modeOf(path(name)), S_IFDIR | 0700U) << name.toStdString();
 }
 
+TEST_F(PrivateDirectoryTest, isMadeWithItsParentsBelowTheCurrentDirectory)
+{
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(m_parent.path()));
+    EXPECT_TRUE(PrivateDirectory::openFirst({ QStringLiteral("c/archives") }).has_value());
+    EXPECT_TRUE(QDir::setCurrent(before));
+    EXPECT_EQ(modeOf(path(QStringLiteral("c/archives"))), S_IFDIR | 0700U);
+}
+
 // Some file systems tell only then that there was no room.
 TEST_F(PrivateDirectoryTest, failsWhenTheCloseOfAFileFails)
 {

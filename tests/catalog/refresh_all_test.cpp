@@ -91,6 +91,32 @@ TEST_F(RefreshAll, stopsWhatItAskedTheNetworkForWhenItIsDropped)
     EXPECT_TRUE(stops.front().stop_requested());
 }
 
+TEST_F(RefreshAll, leavesNothingBehindOnceItIsDone)
+{
+    serve(QStringLiteral("/1"), "a");
+    ASSERT_TRUE(refreshAll());
+    EXPECT_TRUE(waitFor([this] { return manager().findChild<QObject*>() == nullptr; }));
+}
+
+// It can be much, and who asks for a refresh is the thread that draws.
+TEST_F(RefreshAll, letsGoOfTheOldCatalogOnAWorker)
+{
+    CatalogWorld own = world();
+    own.workers = std::make_shared<Workers>(1);
+    const std::shared_ptr<Workers> workers = own.workers;
+    m_manager = std::make_unique<RepoManager>(std::move(own));
+    manager().repositories().clear();
+    auto package = makePackage(QStringLiteral("a"));
+    const std::weak_ptr<VeskPackage> old = package;
+    manager().packages().push_back(std::exchange(package, nullptr));
+    QSemaphore mayGoOn;
+    workers->post([&mayGoOn] { mayGoOn.acquire(); });
+    ASSERT_TRUE(refreshAll());
+    EXPECT_FALSE(old.expired());
+    mayGoOn.release();
+    EXPECT_TRUE(waitFor([&old] { return old.expired(); }));
+}
+
 TEST_F(RefreshAll, isLoadingFromItsStartToItsCompletionInALaterTurn)
 {
     serve(QStringLiteral("/1"), "a");

@@ -9,7 +9,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <future>
+#include <unistd.h>
 
 using http::Failure;
 
@@ -30,6 +34,24 @@ http::Request patient(Way way, const std::string& url)
     http::Request request = requestOf(way, url);
     request.limits.inactivity = std::chrono::hours(1);
     return request;
+}
+
+// Whether every thread of this process but the one that asks sleeps at one time or another.
+bool comesToRest()
+{
+    const auto isAwake = [](const std::filesystem::directory_entry& thread) {
+        std::ifstream file(thread.path() / "stat");
+        const std::string stat{ std::istreambuf_iterator<char>(file), {} };
+        return stat.find(") R ") != std::string::npos && thread.path().filename() != std::to_string(gettid());
+    };
+    const std::filesystem::path threads = "/proc/self/task";
+    for (int tries = 0; tries < 3000; ++tries) {
+        const std::filesystem::directory_iterator each(threads);
+        if (std::none_of(begin(each), end(each), isAwake))
+            return true;
+        std::this_thread::yield();
+    }
+    return false;
 }
 
 class CountingReceiver : public http::Receiver
@@ -187,6 +209,16 @@ TEST(ClientTest, shouldAskForNothingWhenToldToStopBefore)
     for (const Way way : everyWay)
         EXPECT_EQ(ask(way, patient(way, server.url()), stop.get_token()).outcome.failure, Failure::Cancelled) << way;
     EXPECT_TRUE(server.requests().empty());
+}
+
+TEST(ClientTest, shouldSleepWhileNothingComes)
+{
+    Gate asked;
+    const ScriptedServer server(holding(asked));
+    http::Client client;
+    client.start(patient(Way::Index, server.url()), std::make_shared<GatheringReceiver>(), nullptr);
+    asked.waitFor(1);
+    EXPECT_TRUE(comesToRest());
 }
 
 TEST(ClientTest, shouldDropEverythingWithoutAWordWhenItGoes)

@@ -77,6 +77,16 @@ TEST(Bzip2Blocks, areNoneInAnythingElse)
     }
 }
 
+TEST(Bzip2Blocks, areFoundInStreamsOfEveryLevelAndOfNoOther)
+{
+    QByteArray packed = packedInSmallBlocks(noise(1000));
+    for (const char level : { '/', '0', '1', '2', '8', '9', ':' }) {
+        packed[3] = level;
+        const bool isLevel = level >= '1' && level <= '9';
+        EXPECT_EQ(takenApart(packed).texts.size(), isLevel ? 1U : 0U) << level;
+    }
+}
+
 TEST(Bzip2Blocks, areNotCompleteWhenTheStreamBreaksOff)
 {
     const QByteArray packed = packedInSmallBlocks(noise(150000));

@@ -43,9 +43,11 @@ TEST(Bzip2Decoder, givesTheBlocksInTheirOrder)
 TEST(Bzip2Decoder, leavesTheWorkOnEachBlockToAWorker)
 {
     constexpr int blocks = 6;
-    const Decoded decoded = decodeWhole(manyBlocks(), Compression::Bzip2);
-    EXPECT_TRUE(decoded.text == noise(550000));
-    EXPECT_LE(decoded.steps, 2 * blocks + 1);
+    for (const qsizetype pieceSize : { manyBlocks().size(), qsizetype(20011) }) {
+        const Decoded decoded = decodeInPieces(manyBlocks(), Compression::Bzip2, [&] { return pieceSize; });
+        EXPECT_TRUE(decoded.text == noise(550000));
+        EXPECT_LE(decoded.steps, 2 * blocks + 1);
+    }
 }
 
 TEST(Bzip2Decoder, endsWithTheFirstStream)

@@ -242,3 +242,8 @@ TEST_F(DpkgStatusFiles, giveTheManagerNullForAbsentAndEmptyForAnEmptyVersion)
     EXPECT_TRUE(manager().installedVersionForPackage(QStringLiteral("c")).isNull());
     EXPECT_TRUE(manager().installedVersionForPackage(QString()).isNull());
 }
+
+TEST_F(DpkgStatusFiles, areThoseOfThisMachineForTheUsersOwnCatalog)
+{
+    EXPECT_EQ(CatalogWorld::real().statusPaths, DpkgStatus::standardPaths());
+}

@@ -15,6 +15,13 @@ protected:
     bool hasFailed() { return manager().errorMessage() == QLatin1String(failureText) && manager().packages().empty(); }
 };
 
+TEST_F(IndexDownloading, takesBodiesOfUpTo256MebibytesThatAreNotSilentForTwentySeconds)
+{
+    const http::Limits limits = CatalogWorld::standardIndexRequest().limits;
+    EXPECT_EQ(limits.largestBody, 256 * 1024 * 1024);
+    EXPECT_EQ(limits.inactivity, std::chrono::seconds(20));
+}
+
 TEST_F(IndexDownloading, triesTheFiveNamesOneAfterTheOther)
 {
     const auto source = addServedSource(QStringLiteral("/r"));

@@ -82,3 +82,28 @@ TEST_F(APassOverAnIndex, isBrokenBeyondTheLimitOfItsTextWhateverStandsThere)
     m_source->job.limits.textSize = static_cast<std::size_t>(text.size());
     EXPECT_EQ(outcomesOf(gzipped(text + "Name: caf\xe9\n"), Compression::Gzip), Outcomes{ Outcome::Broken });
 }
+
+TEST_F(APassOverAnIndex, isBrokenBeyondTheLimitOfItsTextThoughNoBatchAloneIs)
+{
+    m_source->job.limits.textSize = 280000;
+    EXPECT_EQ(outcomesOf(gzipped(longText()), Compression::Gzip), Outcomes{ Outcome::Broken });
+}
+
+TEST_F(APassOverAnIndex, isSoundUpToTheLimitOfItsTextThoughItComesInPieces)
+{
+    const QByteArray text = stanza("a") + stanza("b");
+    m_source->job.limits.textSize = static_cast<std::size_t>(text.size());
+    const QByteArray packed = gzipped(text);
+    Outcomes outcomes;
+    const auto pass = std::make_shared<IndexPass>(m_source, Compression::Gzip, IndexPass::Encoding::Utf8,
+        [&outcomes](IndexPass&, Outcome outcome) { outcomes.push_back(outcome); });
+    for (const char& byte : packed) {
+        m_source->body->append({ &byte, 1 });
+        pass->goOn();
+        finishAllWork();
+    }
+    m_source->body->finish();
+    pass->goOn();
+    finishAllWork();
+    EXPECT_EQ(outcomes, Outcomes{ Outcome::Sound });
+}

@@ -13,6 +13,8 @@ TEST(PackageList, raisesItsRevisionWithEveryChange)
     EXPECT_TRUE(changes([&] { list.remove(package); }));
     EXPECT_TRUE(changes([&] { list.assign({ package, package }); }));
     EXPECT_TRUE(changes([&] { list.clear(); }));
+    EXPECT_TRUE(changes([&] { list.append({ package }); }));
+    EXPECT_TRUE(changes([&] { list.takeAll(); }));
 }
 
 TEST(PackageList, removesEveryOccurrenceOfThatVeryRecordAndNoOtherOfItsIdentifier)

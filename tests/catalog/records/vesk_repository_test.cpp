@@ -74,6 +74,8 @@ TEST(VeskRepository, takesTheRestOfUnusualTextsForTheLastSegment)
 {
     EXPECT_EQ(nameMadeFrom(QStringLiteral("http://")), QStringLiteral("http:"));
     EXPECT_EQ(nameMadeFrom(QStringLiteral("/")), QStringLiteral("/"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("//")), QStringLiteral("/"));
+    EXPECT_EQ(nameMadeFrom(QStringLiteral("a/")), QStringLiteral("a"));
     EXPECT_EQ(nameMadeFrom(QStringLiteral("https://h/a?b=c")), QStringLiteral("a?b=c"));
     EXPECT_TRUE(nameMadeFrom(QStringLiteral("")).isEmpty());
 }

@@ -22,8 +22,8 @@ TEST(Utf8Check, refusesOverlongFormsSurrogatesAndWhatIsBeyondTheLastCharacter)
 
 TEST(Utf8Check, refusesStrayAndMissingContinuations)
 {
-    for (const char* bytes :
-        { "\x80", "a\xbf", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xc3(", "\xe2\x82(", "12345678\xc3" })
+    for (const char* bytes : { "\x80", "a\xbf", "\xc3", "\xe2\x82", "\xf0\x9f\x98", "\xc3(", "\xe2\x82(",
+             "12345678\xc3", "\xc3zzzzzzzz\xa9", "\xe2\x82zzzzzzzz\xac" })
         EXPECT_FALSE(isUtf8(bytes));
 }
 
