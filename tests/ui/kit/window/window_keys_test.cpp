@@ -219,6 +219,16 @@ TEST_F(Keys, bringAControlIntoViewInItsOwnListAlone)
     EXPECT_EQ(two->tableView()->contentOffset(), offset);
 }
 
+TEST_F(Keys, bringAControlOfAHalfHiddenRowIntoView)
+{
+    constexpr double Header = 25;
+    ASSERT_TRUE(tabTo(QStringLiteral("Reload")));
+    table().setContentOffset(table().rectForRow({ 0, 1 }).center().y());
+    grabbed();
+    ASSERT_TRUE(tabTo(QStringLiteral("Press")));
+    EXPECT_LE(table().contentOffset(), table().rectForRow({ 0, 1 }).top() - Header);
+}
+
 TEST_F(Keys, findTheListUnderTheNameOfItsScreen)
 {
     QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(itemDrawnBy(QLatin1String("TableBody")));

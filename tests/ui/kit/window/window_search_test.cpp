@@ -94,3 +94,10 @@ TEST_F(SearchFieldTest, leavesALongTextAsMuchRoomAtTheRightAsAtTheLeft)
     EXPECT_EQ(box.width() - input.x() - input.width(), 32) << "left of the clear button";
     EXPECT_TRUE(input.clip());
 }
+
+TEST_F(SearchFieldTest, goesWithTheSearchOfItsScreen)
+{
+    two->navigationItem()->setSearchController(nullptr);
+    grabbed();
+    EXPECT_EQ(itemDrawnBy(QLatin1String("SearchField")), nullptr);
+}

@@ -89,6 +89,19 @@ TEST_F(Room, isSharedByTheTabsUpToSixHundredPoints)
     EXPECT_EQ(widthOfTab(), 600);
 }
 
+TEST_F(Room, showsTitlesOfASingleLetter)
+{
+    one->setTitle(QStringLiteral("A"));
+    auto* const next = new ListScreen(QStringLiteral("Next"));
+    next->view();
+    next->navigationItem()->setRightBarButtonItem(
+        new kit::BarButtonItem(QStringLiteral("X"), kit::BarButtonItem::Style::Plain, {}));
+    stack(0)->pushViewController(next, kit::NavigationController::Animation::None);
+    grabbed();
+    EXPECT_NE(accessible(QStringLiteral("Back")), nullptr);
+    EXPECT_GT(placeOf(QStringLiteral("X")).width(), 24 + 5) << "there is a letter in it";
+}
+
 TEST_F(Room, keepsALongButtonOfTheBarFromTheTitle)
 {
     const QString endless(200, u'W');
