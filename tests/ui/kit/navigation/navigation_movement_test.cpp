@@ -4,8 +4,8 @@
 #include "ui/kit/paint/Animations.h"
 
 #include <QAbstractAnimation>
-#include <QCoreApplication>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -19,8 +19,7 @@ public:
     qint64 elapsed() const override { return m_now; }
     void goTo(qint64 milliseconds)
     {
-        // An animation starts in a turn of the loop.
-        QCoreApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return isRunning(); })) << "an animation starts in a turn of the loop";
         m_now = milliseconds;
         advance();
     }
