@@ -114,11 +114,10 @@ SpokenItem::SpokenItem(QQuickItem* parent)
     disabled.disabled = true;
     QAccessible::State checked;
     checked.checked = true;
-    QAccessible::State selected;
-    selected.selected = true;
     connect(this, &QQuickItem::enabledChanged, this, [this, disabled] { tellState(this, disabled); });
     connect(this, &SpokenItem::spokenOnChanged, this, [this, checked] { tellState(this, checked); });
-    connect(this, &SpokenItem::spokenSelectedChanged, this, [this, selected] { tellState(this, selected); });
+    // On the bus nobody hears of it as of a state that changed.
+    connect(this, &SpokenItem::spokenSelectedChanged, this, [this] { tell(this, QAccessible::Selection); });
     connect(this, &SpokenItem::spokenNameChanged, this, [this] { tell(this, QAccessible::NameChanged); });
     connect(this, &SpokenItem::spokenDescriptionChanged, this, [this] { tell(this, QAccessible::DescriptionChanged); });
 }
