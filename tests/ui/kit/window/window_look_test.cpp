@@ -3,6 +3,8 @@
 #include "ui/kit/paint/Animations.h"
 #include "ui/kit/text/TextScale.h"
 
+#include <QFontMetricsF>
+
 namespace {
 
 class Look : public KitWindowTest

@@ -4,6 +4,7 @@
 #include "ui/kit/window/Window.h"
 
 #include <QPointer>
+#include <QQuickWindow>
 
 #include <gtest/gtest.h>
 
