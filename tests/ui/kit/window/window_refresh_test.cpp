@@ -17,6 +17,29 @@ protected:
         QAccessibleInterface* const found = accessible(QStringLiteral("Refreshing"));
         return QRectF(found->rect().translated(-quick()->position() - QPoint(0, 44)));
     }
+    // How many spinners turn: each that runs and is seen, and no other.
+    static int turningIn(const QQuickItem& item)
+    {
+        int count = 0;
+        for (const QObject* const part : item.children())
+            if (part->inherits("QQuickNumberAnimation") && item.property("phase").isValid()) {
+                const bool turns = part->property("running").toBool();
+                EXPECT_EQ(turns, item.property("running").toBool() && item.isVisible());
+                count += turns ? 1 : 0;
+            }
+        for (const QQuickItem* const child : item.childItems())
+            count += turningIn(*child);
+        return count;
+    }
+    static int seenIn(const QQuickItem& item)
+    {
+        int count = item.property("phase").isValid() && item.isVisible() ? 1 : 0;
+        for (const QQuickItem* const child : item.childItems())
+            count += seenIn(*child);
+        return count;
+    }
+    int seen() const { return seenIn(*quick()->contentItem()); }
+    int turning() const { return turningIn(*quick()->contentItem()); }
 };
 
 } // namespace
@@ -57,6 +80,30 @@ TEST_F(Refresh, turnsTwelveSpokesOfWhichEachIsFainterThanTheNext)
         EXPECT_EQ(rotations[static_cast<std::size_t>(spoke)], spoke * 30);
         EXPECT_NEAR(opacities[static_cast<std::size_t>(spoke)], 1 - 0.07 * (11 - spoke), 0.001);
     }
+}
+
+TEST_F(Refresh, turnsOnlyWhileItRunsAndIsSeen)
+{
+    EXPECT_EQ(turning(), 0);
+    table().setContentOffset(-40);
+    EXPECT_EQ(turning(), 0) << "seen, but drawn down only";
+    table().refreshControl()->beginRefreshing();
+    ASSERT_TRUE(waitUntil([this] { return table().contentOffset() == -60; }));
+    EXPECT_EQ(turning(), 1);
+    tabs->setSelectedIndex(1);
+    EXPECT_EQ(turning(), 0) << "behind another tab";
+    tabs->setSelectedIndex(0);
+    EXPECT_EQ(turning(), 1);
+    table().refreshControl()->endRefreshing();
+    EXPECT_EQ(turning(), 0);
+}
+
+TEST_F(Refresh, showsOnceTheListIsDrawnDownByMoreThanTwelvePoints)
+{
+    table().setContentOffset(-12);
+    EXPECT_EQ(seen(), 0);
+    table().setContentOffset(-12.5);
+    EXPECT_EQ(seen(), 1);
 }
 
 TEST_F(Refresh, isNothingToAListThatHasNone)
