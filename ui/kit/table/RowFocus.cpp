@@ -118,10 +118,13 @@ bool RowFocus::isTyping() const
 RowFocus::Offsets RowFocus::offsetsShowing(const IndexPath& indexPath) const
 {
     const QRectF rect = m_table.rectForRow(indexPath);
-    const double pinned = m_table.layout().headerHeight(indexPath.section);
-    // What stands above the first row, also the header of a section without rows, shows with it.
-    const bool isFirst = m_table.layout().rowAfter({ 0, 0 }, 0) == indexPath;
-    return { isFirst ? 0 : rect.top() - pinned, rect.bottom() - m_table.height() };
+    const double beginning = rect.top() - m_table.layout().headerHeight(indexPath.section);
+    const double end = rect.bottom() - m_table.height();
+    // What stands above the first row, also the header of a section without rows, shows with it as far as there is
+    // room.
+    if (m_table.layout().rowAfter({ 0, 0 }, 0) == indexPath)
+        return { end <= beginning ? std::max(0.0, end) : 0.0, end };
+    return { beginning, end };
 }
 
 // The whole row or, of one that is higher than the table, nothing else.

@@ -483,3 +483,15 @@ TEST(RowFocus, goesOnFromARowHigherThanTheTableThatWasScrolledAway)
     focus.moveBy(1);
     EXPECT_EQ(focus.row(), 1);
 }
+
+TEST(RowFocus, showsTheFirstRowWithAsMuchOfWhatStandsAboveItAsThereIsRoomFor)
+{
+    TableWorld world({ 40 });
+    world.show();
+    world.table.setTableHeaderView(new kit::View({ 0, 0, 320, world.table.height() - 20 }));
+    for (const double offset : { 0.0, 300.0, 1000.0 }) {
+        world.table.setContentOffset(offset);
+        world.table.rowFocus()->moveToFirst();
+        EXPECT_EQ(world.table.contentOffset(), 40) << offset;
+    }
+}
