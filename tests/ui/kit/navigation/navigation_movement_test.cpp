@@ -4,6 +4,7 @@
 #include "ui/kit/paint/Animations.h"
 
 #include <QAbstractAnimation>
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -20,6 +21,7 @@ public:
     void goTo(qint64 milliseconds)
     {
         EXPECT_TRUE(QTest::qWaitFor([this] { return isRunning(); })) << "an animation starts in a turn of the loop";
+        QCoreApplication::processEvents();
         m_now = milliseconds;
         advance();
     }
