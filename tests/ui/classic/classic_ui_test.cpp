@@ -46,6 +46,15 @@ void expectRowAssets(const kit::TableViewCell& cell, const QString& normal)
     expectStretched(shownBy(cell.selectedBackgroundView()), normal + QStringLiteral("high"), 12);
 }
 
+void expectLookOfRows(const kit::TableViewCell& cell)
+{
+    EXPECT_EQ(cell.backgroundColor(), kit::Color::clear());
+    expectColor(cell.textLabel()->textColor(), 25, 50, 80);
+    expectFont(cell.textLabel()->font(), 15, QFont::Bold);
+    expectColor(cell.detailTextLabel()->textColor(), 74, 84, 98);
+    expectFont(cell.detailTextLabel()->font(), 12, QFont::Normal);
+}
+
 } // namespace
 
 TEST(Palette, dividesComponentsBy255WithoutRoundingAndKeepsTheAlpha)
@@ -242,11 +251,7 @@ TEST(RowStyle, setsTextsAccessoryAndMargins)
 {
     kit::TableViewCell cell(kit::TableViewCell::Style::Subtitle, QStringLiteral("Cell"));
     ClassicUI::styleCell(cell, 0);
-    EXPECT_EQ(cell.backgroundColor(), kit::Color::clear());
-    expectColor(cell.textLabel()->textColor(), 25, 50, 80);
-    expectFont(cell.textLabel()->font(), 15, QFont::Bold);
-    expectColor(cell.detailTextLabel()->textColor(), 74, 84, 98);
-    expectFont(cell.detailTextLabel()->font(), 12, QFont::Normal);
+    expectLookOfRows(cell);
     EXPECT_EQ(cell.accessoryType(), kit::TableViewCell::AccessoryType::DisclosureIndicator);
     expectColor(cell.tintColor(), 48, 88, 145);
     EXPECT_EQ(cell.layoutMargins(), (kit::EdgeInsets{ 0, 10, 0, 10 }));
@@ -262,11 +267,7 @@ TEST(RowStyle, replacesWhatAReusedCellLookedLike)
         label->setTextColor(kit::Color::white());
     }
     ClassicUI::styleCell(cell, 0);
-    EXPECT_EQ(cell.backgroundColor(), kit::Color::clear());
-    expectColor(cell.textLabel()->textColor(), 25, 50, 80);
-    expectFont(cell.textLabel()->font(), 15, QFont::Bold);
-    expectColor(cell.detailTextLabel()->textColor(), 74, 84, 98);
-    expectFont(cell.detailTextLabel()->font(), 12, QFont::Normal);
+    expectLookOfRows(cell);
 }
 
 TEST(RowStyle, acceptsACellWithoutADetailText)

@@ -204,6 +204,20 @@ QQuickItem* KitWindowTest::itemDrawnBy(QLatin1String file) const
     return nullptr;
 }
 
+QQuickItem* KitWindowTest::itemWithText(const QString& text) const
+{
+    std::vector<QQuickItem*> open{ quick()->contentItem() };
+    while (!open.empty()) {
+        QQuickItem* const item = open.back();
+        open.pop_back();
+        if (item->inherits("QQuickText") && item->property("text").toString() == text)
+            return item;
+        for (QQuickItem* child : item->childItems())
+            open.push_back(child);
+    }
+    return nullptr;
+}
+
 QAccessibleInterface* KitWindowTest::accessible(const QString& name) const
 {
     std::vector<QAccessibleInterface*> open{ QAccessible::queryAccessibleInterface(quick()) };

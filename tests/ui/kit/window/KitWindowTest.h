@@ -70,6 +70,8 @@ protected:
     QString focusedItemName() const;
     // The first visible or hidden item in the window that a file of that name draws, or null.
     QQuickItem* itemDrawnBy(QLatin1String file) const;
+    // The item that draws the text, or null.
+    QQuickItem* itemWithText(const QString& text) const;
     // What a screen reader finds under a name in the window, or null.
     QAccessibleInterface* accessible(const QString& name) const;
 

@@ -26,30 +26,8 @@ protected:
     // Of the item in the window that draws that text.
     int drawnSizeOf(const QString& text) const
     {
-        std::vector<QQuickItem*> open{ quick()->contentItem() };
-        while (!open.empty()) {
-            const QQuickItem* const item = open.back();
-            open.pop_back();
-            if (item->inherits("QQuickText") && item->property("text").toString() == text)
-                return item->property("font").value<QFont>().pixelSize();
-            for (QQuickItem* child : item->childItems())
-                open.push_back(child);
-        }
-        return 0;
-    }
-    // The item that draws a text, or null.
-    const QQuickItem* itemWith(const QString& text) const
-    {
-        std::vector<QQuickItem*> open{ quick()->contentItem() };
-        while (!open.empty()) {
-            const QQuickItem* const item = open.back();
-            open.pop_back();
-            if (item->inherits("QQuickText") && item->property("text").toString() == text)
-                return item;
-            for (QQuickItem* child : item->childItems())
-                open.push_back(child);
-        }
-        return nullptr;
+        const QQuickItem* const item = itemWithText(text);
+        return item ? item->property("font").value<QFont>().pixelSize() : 0;
     }
     // As many letters as there is room for in a font of so many pixels.
     static QString filling(double width, QFont font, int pixels)
@@ -99,14 +77,14 @@ TEST_F(Look, shrinksATitleToItsUsualSizeBeforeItIsCutShort)
     };
     enlargeTexts();
     present(QStringLiteral("OK"));
-    const QQuickItem& button = *itemWith(QStringLiteral("OK"));
+    const QQuickItem& button = *itemWithText(QStringLiteral("OK"));
     const QString title = filling(button.width(), button.property("font").value<QFont>(), Usual);
     press(Qt::Key_Return);
     present(title);
-    EXPECT_FALSE(itemWith(title)->property("truncated").toBool());
+    EXPECT_FALSE(itemWithText(title)->property("truncated").toBool());
     press(Qt::Key_Return);
     present(title + QStringLiteral("iii"));
-    EXPECT_TRUE(itemWith(title + QStringLiteral("iii"))->property("truncated").toBool());
+    EXPECT_TRUE(itemWithText(title + QStringLiteral("iii"))->property("truncated").toBool());
     press(Qt::Key_Return);
 }
 
@@ -174,7 +152,7 @@ TEST_F(Look, drawsNothingMoreOfAViewThatWasTakenAway)
 
 TEST_F(Look, drawsNothingOfALabelThatIsHidden)
 {
-    QQuickItem* const drawn = const_cast<QQuickItem*>(itemWith(QStringLiteral("Welcome")));
+    QQuickItem* const drawn = const_cast<QQuickItem*>(itemWithText(QStringLiteral("Welcome")));
     ASSERT_TRUE(drawn && drawn->isVisible());
     auto* const label = drawn->property("view").value<kit::View*>();
     label->setHidden(true);
@@ -194,7 +172,7 @@ TEST_F(Look, drawsALongTextToItsEnd)
     label->setText(QStringLiteral("a line of many\n").repeated(Lines));
     header->addSubview(label);
     one->tableView()->setTableHeaderView(header);
-    const QQuickItem& drawn = *itemWith(label->shownText());
+    const QQuickItem& drawn = *itemWithText(label->shownText());
     const double text = drawn.property("contentHeight").toDouble();
     // The label stands in the middle of its frame.
     one->tableView()->setContentOffset((header->frame().height() + text) / 2 - 400);

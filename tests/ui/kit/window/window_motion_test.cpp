@@ -17,21 +17,8 @@ class Motion : private Moving, public FingerTest
 protected:
     Motion() { grabbed(); }
 
-    QQuickItem* textItem(const QString& text) const
-    {
-        std::vector<QQuickItem*> open{ quick()->contentItem() };
-        while (!open.empty()) {
-            QQuickItem* const item = open.back();
-            open.pop_back();
-            if (item->inherits("QQuickText") && item->property("text").toString() == text)
-                return item;
-            for (QQuickItem* child : item->childItems())
-                open.push_back(child);
-        }
-        return nullptr;
-    }
     // Where the text of a row begins, in the window.
-    double leftOf(const QString& text) const { return textItem(text)->mapToScene({ 0, 0 }).x(); }
+    double leftOf(const QString& text) const { return itemWithText(text)->mapToScene({ 0, 0 }).x(); }
     const QQuickItem& knob() const
     {
         QQuickItem* found = nullptr;
