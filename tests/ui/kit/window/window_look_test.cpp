@@ -161,6 +161,20 @@ TEST_F(Look, drawsNothingOfALabelThatIsHidden)
     EXPECT_TRUE(drawn->isVisible());
 }
 
+TEST_F(Look, letsNoTitleTurnTheLettersThatFollow)
+{
+    const QString title = QStringLiteral("Evening ") + QChar(0x202e) + QStringLiteral("gnp.exe");
+    const QString harmless = QStringLiteral("Evening gnp.exe");
+    stack(0)->pushViewController(new ListScreen(title), kit::NavigationController::Animation::None);
+    grabbed();
+    EXPECT_NE(itemWithText(harmless), nullptr) << "as the title of its screen";
+    EXPECT_EQ(itemWithText(title), nullptr);
+    stack(0)->pushViewController(new ListScreen(QStringLiteral("Next")), kit::NavigationController::Animation::None);
+    grabbed();
+    EXPECT_NE(itemWithText(harmless), nullptr) << "on the button that leads back to it";
+    EXPECT_EQ(itemWithText(title), nullptr);
+}
+
 TEST_F(Look, drawsALongTextToItsEnd)
 {
     constexpr int Lines = 900;

@@ -91,6 +91,17 @@ TEST_F(Motion, drawsASwitchFromSixPointsBesideItAndLeavesTheRestToTheRow)
     }
 }
 
+TEST_F(Motion, drawsTheKnobOnceTheFingerIsFartherAwayThanSixPoints)
+{
+    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
+    begin(start);
+    moveTo(start + QPoint(6, 0), 6);
+    EXPECT_EQ(knob().x(), 2);
+    moveTo(start + QPoint(7, 0), 1);
+    EXPECT_EQ(knob().x(), 2 + 7);
+    end();
+}
+
 TEST_F(Motion, keepsARowUnderTheFingerThatDrawsItAside)
 {
     const QString row = ListScreen::nameOf({ 0, 3 });
@@ -125,7 +136,7 @@ TEST_F(Motion, growsAnAlertIntoItsPlace)
     EXPECT_EQ(panel().scale(), 0.85);
     EXPECT_EQ(shade().opacity(), 0);
     EXPECT_TRUE(waitUntil([this] { return shade().opacity() == 1; }));
-    EXPECT_TRUE(waitUntil([this] { return panel().scale() == 1; }));
+    EXPECT_EQ(panel().scale(), 1) << "as soon as what is behind it is shaded";
 }
 
 TEST_F(Motion, showsASheetInItsSizeFromTheBeginning)

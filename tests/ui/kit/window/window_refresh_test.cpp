@@ -1,5 +1,6 @@
 // What a list shows of a refresh, and one that has none.
 #include "tests/ui/kit/window/FingerTest.h"
+#include "ui/kit/paint/KitLook.h"
 
 #include <algorithm>
 
@@ -51,6 +52,21 @@ TEST_F(Refresh, spinsInTheMiddleBelowAPinnedHeaderWhereTheListWasScrolledOn)
     grabbed();
     EXPECT_EQ(spinner().center().x(), 195);
     EXPECT_EQ(spinner().center().y(), 25 + 10 + 22);
+}
+
+TEST_F(Refresh, spinsOnAPanelWhereTheListWasScrolledOn)
+{
+    table().refreshControl()->beginRefreshing();
+    table().setContentOffset(300);
+    grabbed();
+    const auto* const turning = qobject_cast<QQuickItem*>(accessible(QStringLiteral("Refreshing"))->object());
+    const QQuickItem& panel = *turning->parentItem();
+    const kit::KitLook look;
+    EXPECT_EQ(panel.size(), QSizeF(44, 44));
+    EXPECT_EQ(panel.property("upper"), look.property("panelTop"));
+    EXPECT_EQ(panel.property("lower"), look.property("panelBottom"));
+    EXPECT_EQ(panel.property("edge"), look.property("edge"));
+    EXPECT_EQ(turning->property("tint"), look.property("panelText"));
 }
 
 TEST_F(Refresh, spinsInTheRoomAboveAListThatIsAtItsBeginning)

@@ -154,3 +154,14 @@ TEST_F(Room, leavesTheListAsItIsOverAKeyboardBelowTheWindow)
     showKeyboard({ 0, quick()->height() + 100.0, 390, 300 });
     EXPECT_EQ(one->tableView()->frame().height(), before);
 }
+
+TEST_F(Room, leavesAnAlertInTheMiddleOverAKeyboardBelowTheWindow)
+{
+    kit::AlertController* const alert = addAlert(kit::AlertController::Style::Alert);
+    alert->addAction(QStringLiteral("OK"), kit::AlertAction::Style::Default);
+    one->present(alert);
+    grabbed();
+    const QRectF before = placeOf(QStringLiteral("OK"));
+    showKeyboard({ 0, quick()->height() + 100.0, 390, 300 });
+    EXPECT_EQ(placeOf(QStringLiteral("OK")), before);
+}
