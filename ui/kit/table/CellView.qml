@@ -20,7 +20,7 @@ SpokenItem {
     width: view.frame.width
     height: view.frame.height
     visible: !view.hidden
-    clip: swipe.carries || content.x !== 0
+    clip: content.x !== 0
 
     spokenRole: Accessible.ListItem
     spokenName: view.textLabel.shownText
