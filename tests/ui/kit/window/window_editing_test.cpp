@@ -294,6 +294,18 @@ TEST_F(Editing, closesWhenTheWindowBecomesWiderOrLower)
     }
 }
 
+TEST_F(Editing, standsAtTheMiddleOfWhatIsSelected)
+{
+    openSearch(QStringLiteral("a small theme for the lantern"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    const QQuickItem& input = *quick()->activeFocusItem();
+    const double textWidth = input.property("cursorRectangle").toRectF().x();
+    clickRight(inField(textWidth / 4));
+    ASSERT_TRUE(offers("Cut") && offers("Copy") && !offers("Paste"));
+    const int middle = (rectOf("Cut").left() + rectOf("Copy").left() + rectOf("Copy").width()) / 2;
+    EXPECT_NEAR(middle, inField(textWidth / 2).x(), 1);
+}
+
 TEST_F(Editing, staysInsideANarrowWindow)
 {
     copy(QStringLiteral("vesk"));

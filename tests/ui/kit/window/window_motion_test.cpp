@@ -1,6 +1,7 @@
 // What slides and grows on its way, and what is with the finger at once.
 #include "tests/ui/kit/window/FingerTest.h"
 #include "ui/kit/paint/Animations.h"
+#include "ui/kit/paint/KitLook.h"
 
 namespace {
 
@@ -89,6 +90,17 @@ TEST_F(Motion, drawsASwitchFromSixPointsBesideItAndLeavesTheRestToTheRow)
         end();
         EXPECT_EQ(control.isOn(), distance == 6) << distance;
     }
+}
+
+TEST_F(Motion, changesTheColourOfASwitchWhileItsKnobMoves)
+{
+    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
+    const kit::KitLook look;
+    EXPECT_EQ(item.property("fill"), look.property("switchOff"));
+    touch(knob().mapToScene({ 10, 10 }).toPoint());
+    EXPECT_NE(item.property("fill"), look.property("switchOn")) << "not at once";
+    ASSERT_TRUE(waitUntil([&] { return knob().x() == item.width() - knob().width() - 2; }));
+    EXPECT_EQ(item.property("fill"), look.property("switchOn"));
 }
 
 TEST_F(Motion, drawsTheKnobOnceTheFingerIsFartherAwayThanSixPoints)

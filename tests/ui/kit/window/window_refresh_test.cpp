@@ -77,6 +77,14 @@ TEST_F(Refresh, spinsInTheRoomAboveAListThatIsAtItsBeginning)
     EXPECT_EQ(spinner().center(), QPointF(195, 30));
 }
 
+TEST_F(Refresh, hasItsRoomOnAScreenThatComesWhileItRuns)
+{
+    auto* const page = new ListScreen(QStringLiteral("Page"));
+    page->tableView()->refreshControl()->beginRefreshing();
+    stack(0)->pushViewController(page, kit::NavigationController::Animation::None);
+    EXPECT_TRUE(waitUntil([&] { return page->tableView()->contentOffset() == -60; }));
+}
+
 TEST_F(Refresh, turnsTwelveSpokesOfWhichEachIsFainterThanTheNext)
 {
     table().refreshControl()->beginRefreshing();

@@ -1,5 +1,6 @@
 // What a screen reader gets of the parts of a window: what it can ask of each, and what it can do with it.
 #include "tests/ui/kit/window/KitWindowTest.h"
+#include "ui/kit/view/ImageView.h"
 
 namespace {
 
@@ -329,4 +330,20 @@ TEST_F(Speech, tellsOfTheBackButtonAloneWhatElseIsWrittenOnIt)
     stack(0)->pushViewController(new ListScreen(QStringLiteral("Next")), kit::NavigationController::Animation::None);
     grabbed();
     EXPECT_EQ(accessible(QStringLiteral("Back"))->text(QAccessible::Description), QStringLiteral("One"));
+}
+
+TEST_F(Speech, findsAPictureThatHasANameAndNoOther)
+{
+    auto* const header = new kit::View({ 0, 0, 390, 60 });
+    auto* const named = new kit::ImageView;
+    named->setFrame({ 0, 0, 60, 60 });
+    named->setAccessibilityLabel(QStringLiteral("A lantern"));
+    header->addSubview(named);
+    header->addSubview(new kit::ImageView);
+    table().setTableHeaderView(header);
+    grabbed();
+    QAccessibleInterface* const found = accessible(QStringLiteral("A lantern"));
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->role(), QAccessible::Graphic);
+    EXPECT_FALSE(namesIn(found->parent()).contains(QString()));
 }
