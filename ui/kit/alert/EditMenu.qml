@@ -23,11 +23,12 @@ Item {
         stand();
     }
 
+    // Of what is selected, the end with the cursor is in sight; the other may be scrolled away.
     function stand() {
         const first = field.positionToRectangle(field.selectionStart);
         const last = field.positionToRectangle(field.selectionEnd);
-        const left = Math.max(0, Math.min(field.width, first.x));
-        const right = Math.max(0, Math.min(field.width, last.x));
+        const left = Math.max(0, first.x);
+        const right = Math.min(field.width, last.x);
         const text = field.mapToItem(root, left, 0, Math.max(1, right - left), field.height);
         place = PanelPlacing.beside(text, Qt.size(body.width, body.height), Qt.size(width, height));
     }

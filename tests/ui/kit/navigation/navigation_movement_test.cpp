@@ -1,34 +1,14 @@
 // How the pages of a stack move, by a clock that goes as far as the test lets it.
 #include "tests/ui/kit/navigation/LifeRecorder.h"
+#include "tests/ui/kit/paint/AnimationClock.h"
 #include "ui/kit/navigation/NavigationController.h"
 #include "ui/kit/paint/Animations.h"
 
-#include <QAbstractAnimation>
-#include <QCoreApplication>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-// What animations take for the time.
-class Clock : public QAnimationDriver
-{
-public:
-    Clock() { install(); }
-    qint64 elapsed() const override { return m_now; }
-    void goTo(qint64 milliseconds)
-    {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return isRunning(); })) << "an animation starts in a turn of the loop";
-        QCoreApplication::processEvents();
-        m_now = milliseconds;
-        advance();
-    }
-
-private:
-    qint64 m_now = 0;
-};
 
 class NavigationMovement : public testing::Test
 {
@@ -42,7 +22,7 @@ protected:
     }
     ~NavigationMovement() override { kit::Animations::setEnabled(false); }
 
-    Clock clock;
+    AnimationClock clock;
     QStringList moments;
     kit::NavigationController stack{ new LifeRecorder(QStringLiteral("root"), moments) };
 };

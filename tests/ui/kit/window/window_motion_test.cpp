@@ -1,16 +1,9 @@
 // What slides and grows on its way, and what is with the finger at once.
+#include "tests/ui/kit/paint/Moving.h"
 #include "tests/ui/kit/window/FingerTest.h"
-#include "ui/kit/paint/Animations.h"
 #include "ui/kit/paint/KitLook.h"
 
 namespace {
-
-class Moving
-{
-protected:
-    Moving() { kit::Animations::setEnabled(true); }
-    ~Moving() { kit::Animations::setEnabled(false); }
-};
 
 // Of a window that moves from its beginning.
 class Motion : private Moving, public FingerTest

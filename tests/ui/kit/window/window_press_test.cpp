@@ -1,5 +1,6 @@
 // How what is pressed, and what a pointer stands above, looks; and how often it is pressed.
 #include "tests/ui/kit/window/FingerTest.h"
+#include "ui/kit/paint/KitLook.h"
 
 #include <QtMath>
 
@@ -105,8 +106,7 @@ TEST_F(PressLook, letsWhatStandsOnAButtonShowThroughItsShade)
     EXPECT_EQ(shade(), nullptr);
     QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middle);
     ASSERT_NE(shade(), nullptr);
-    EXPECT_GT(shade()->opacity(), 0.3);
-    EXPECT_LT(shade()->opacity(), 0.8);
+    EXPECT_EQ(shade()->opacity(), 0.6);
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middle);
 }
 
@@ -159,8 +159,7 @@ TEST_F(PressLook, fadesADisabledButtonOfARow)
     const QQuickItem& button = *itemDrawnBy(QLatin1String("ButtonView"));
     EXPECT_EQ(button.opacity(), 1);
     static_cast<kit::Button*>(one->tableView()->cellForRow({ 0, 1 })->accessoryView())->setEnabled(false);
-    EXPECT_LT(button.opacity(), 0.7);
-    EXPECT_GT(button.opacity(), 0.3);
+    EXPECT_EQ(button.opacity(), 0.5);
 }
 
 TEST_F(PressLook, findsAButtonNoFurtherThanItsSides)
@@ -201,11 +200,26 @@ TEST_F(PressLook, marksAChoiceOfTheEditMenuAndMoreWhenItIsPressed)
     ASSERT_TRUE(mark->isVisible());
     EXPECT_EQ(QRectF(mark->x(), mark->y(), mark->width(), mark->height()),
         QRectF(5, 5, choice.width() - 10, choice.height() - 10));
-    const double underPointer = mark->opacity();
-    EXPECT_LT(underPointer, 0.5) << "the word stays legible";
+    EXPECT_EQ(mark->opacity(), 0.4) << "the word stays legible";
     QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(choice));
-    EXPECT_GT(mark->opacity(), underPointer * 2);
+    EXPECT_EQ(mark->opacity(), 1);
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(choice));
+    EXPECT_FALSE(mark->isVisible());
+}
+
+TEST_F(PressLook, marksTheChoiceOfTheEditMenuThatAFingerPresses)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("vesk"));
+    QTest::mouseClick(
+        quick(), Qt::RightButton, Qt::NoModifier, quick()->activeFocusItem()->mapToScene({ 8, 8 }).toPoint());
+    grabbed();
+    const QQuickItem& choice = itemNamed(QStringLiteral("Select All"));
+    const QQuickItem& mark = *choice.childItems().constFirst();
+    ASSERT_TRUE(mark.inherits("QQuickRectangle"));
+    begin(middleOf(choice));
+    EXPECT_TRUE(mark.isVisible());
+    end();
 }
 
 TEST_F(PressLook, marksAPanelsButtonUnderThePointerAndFadesThePressedOne)
@@ -224,11 +238,33 @@ TEST_F(PressLook, marksAPanelsButtonUnderThePointerAndFadesThePressedOne)
     EXPECT_FALSE(mark.isVisible());
     pointAt(middleOf(button));
     EXPECT_TRUE(mark.isVisible());
-    EXPECT_LT(mark.opacity(), 0.5) << "its title stays legible";
+    EXPECT_EQ(mark.opacity(), 0.4) << "its title stays legible";
     EXPECT_EQ(face->opacity(), 1);
     QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(button));
     EXPECT_FALSE(mark.isVisible());
-    EXPECT_LT(face->opacity(), 1);
-    EXPECT_GT(face->opacity(), 0.5);
+    EXPECT_EQ(face->opacity(), 0.7);
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(button));
+}
+
+TEST_F(PressLook, darkensTheKnobOfASwitchUnderThePointerAndMoreWhileItIsPressed)
+{
+    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
+    const QQuickItem* knob = nullptr;
+    for (const QQuickItem* part : item.childItems())
+        if (part->inherits("kit::RoundedBox") && part->width() == part->height())
+            knob = part;
+    ASSERT_NE(knob, nullptr);
+    const kit::KitLook look;
+    const auto expectDarker = [&](int percent) {
+        EXPECT_EQ(knob->property("upper").value<QColor>().rgba(),
+            look.property("knobBottom").value<QColor>().darker(percent).rgba());
+        EXPECT_EQ(knob->property("lower").value<QColor>().rgba(),
+            look.property("knobTop").value<QColor>().darker(percent).rgba());
+    };
+    expectDarker(100);
+    pointAt(middleOf(item));
+    expectDarker(105);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(item));
+    expectDarker(110);
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(item));
 }

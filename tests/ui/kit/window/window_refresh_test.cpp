@@ -63,6 +63,7 @@ TEST_F(Refresh, spinsOnAPanelWhereTheListWasScrolledOn)
     const QQuickItem& panel = *turning->parentItem();
     const kit::KitLook look;
     EXPECT_EQ(panel.size(), QSizeF(44, 44));
+    EXPECT_EQ(panel.opacity(), 0.9) << "the rows show through";
     EXPECT_EQ(panel.property("upper"), look.property("panelTop"));
     EXPECT_EQ(panel.property("lower"), look.property("panelBottom"));
     EXPECT_EQ(panel.property("edge"), look.property("edge"));

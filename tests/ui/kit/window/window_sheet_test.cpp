@@ -55,6 +55,14 @@ protected:
                 && item->property("place").value<kit::PanelPlace>().arrowEdge() != kit::PanelPlace::NoArrow;
         });
     }
+    // Nothing that scrolls in the panel is drawn beyond its place.
+    void expectClipped() const
+    {
+        for (const QQuickItem* item : itemDrawnBy(QLatin1String("AlertPanel"))->findChildren<QQuickItem*>())
+            if (item->inherits("QQuickFlickable")) {
+                EXPECT_EQ(item->clip(), item->property("contentHeight").toDouble() > item->height()) << item->y();
+            }
+    }
     QRectF windowRect() const { return { { 0, 0 }, QSizeF(quick()->size()) }; }
 };
 
@@ -187,6 +195,7 @@ TEST_F(SheetTest, scrollsLongTextsAndManyChoicesInALowWindow)
             one->present(alert);
             grabbed();
             EXPECT_TRUE(windowRect().contains(panel())) << choices;
+            expectClipped();
             for (int choice = 0; choice < choices; ++choice) {
                 press(Qt::Key_Tab);
                 const QString name = QStringLiteral("Choice %1").arg(choice);

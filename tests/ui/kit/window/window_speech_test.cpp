@@ -347,3 +347,23 @@ TEST_F(Speech, findsAPictureThatHasANameAndNoOther)
     EXPECT_EQ(found->role(), QAccessible::Graphic);
     EXPECT_FALSE(namesIn(found->parent()).contains(QString()));
 }
+
+TEST_F(Speech, tellsThePlaceOfARowWithoutADetail)
+{
+    class Plain : public ListScreen
+    {
+    public:
+        using ListScreen::ListScreen;
+        kit::TableViewCell* cellForRowAtIndexPath(const kit::IndexPath& indexPath) override
+        {
+            auto* const cell = new kit::TableViewCell(kit::TableViewCell::Style::Default, QStringLiteral("plain"));
+            cell->textLabel()->setText(nameOf(indexPath));
+            return cell;
+        }
+    };
+    stack(0)->pushViewController(new Plain(QStringLiteral("Plain")), kit::NavigationController::Animation::None);
+    grabbed();
+    QAccessibleInterface* const row = accessible(QStringLiteral("Row 0.3"));
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->text(QAccessible::Description), QStringLiteral("4 of 5"));
+}

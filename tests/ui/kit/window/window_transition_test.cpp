@@ -75,6 +75,8 @@ protected:
         EXPECT_NEAR(bar(*below).opacity(), share, 0.001);
         EXPECT_NEAR(placeOfTitle(*above), titleOfAbove + share * width * 0.3, 0.6);
         EXPECT_NEAR(placeOfTitle(*below), titleOfBelow - (1 - share) * width * 0.3, 0.6);
+        for (const ListScreen* screen : { above, below })
+            EXPECT_EQ(placeOfTitle(*screen), std::round(placeOfTitle(*screen))) << "crisp on its way too";
         EXPECT_FALSE(page(*one).isVisible() || bar(*one).isVisible()) << "it has no part in this";
         EXPECT_FALSE(page(*one).mapRectToScene({ 0, 0, 1, 1 }).intersects({ 0, 0, width, 1 }));
     }
