@@ -37,3 +37,12 @@ void FingerTest::touch(const QPoint& point)
     end();
     QCoreApplication::processEvents();
 }
+
+const QQuickItem& FingerTest::knobOf(const QQuickItem& control)
+{
+    for (const QQuickItem* part : control.childItems())
+        if (part->inherits("kit::RoundedBox") && part->width() == part->height())
+            return *part;
+    ADD_FAILURE() << "no knob";
+    return control;
+}

@@ -18,6 +18,8 @@ protected:
     // Pressed and let go.
     void touch(const QPoint& point);
     void drawFrame();
+    // The part of a switch that a finger draws.
+    static const QQuickItem& knobOf(const QQuickItem& control);
 
     const std::unique_ptr<QPointingDevice> device{ QTest::createTouchDevice() };
     QPoint place;

@@ -249,16 +249,12 @@ TEST_F(PressLook, marksAPanelsButtonUnderThePointerAndFadesThePressedOne)
 TEST_F(PressLook, darkensTheKnobOfASwitchUnderThePointerAndMoreWhileItIsPressed)
 {
     const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
-    const QQuickItem* knob = nullptr;
-    for (const QQuickItem* part : item.childItems())
-        if (part->inherits("kit::RoundedBox") && part->width() == part->height())
-            knob = part;
-    ASSERT_NE(knob, nullptr);
+    const QQuickItem& knob = knobOf(item);
     const kit::KitLook look;
     const auto expectDarker = [&](int percent) {
-        EXPECT_EQ(knob->property("upper").value<QColor>().rgba(),
+        EXPECT_EQ(knob.property("upper").value<QColor>().rgba(),
             look.property("knobBottom").value<QColor>().darker(percent).rgba());
-        EXPECT_EQ(knob->property("lower").value<QColor>().rgba(),
+        EXPECT_EQ(knob.property("lower").value<QColor>().rgba(),
             look.property("knobTop").value<QColor>().darker(percent).rgba());
     };
     expectDarker(100);

@@ -37,15 +37,11 @@ protected:
 TEST_F(Tempo, ofASwitchIsThatOfAFlip)
 {
     const QQuickItem& control = *itemDrawnBy(QLatin1String("SwitchView"));
-    const QQuickItem* knob = nullptr;
-    for (const QQuickItem* part : control.childItems())
-        if (part->inherits("kit::RoundedBox") && part->width() == part->height())
-            knob = part;
-    ASSERT_NE(knob, nullptr);
+    const QQuickItem& knob = knobOf(control);
     const QColor on = kit::KitLook().property("switchOn").value<QColor>();
     touch(control.mapToScene({ 10, 10 }).toPoint());
     expectToTake(Flip, [&] {
-        const bool isThere = knob->x() == control.width() - knob->width() - 2;
+        const bool isThere = knob.x() == control.width() - knob.width() - 2;
         EXPECT_EQ(control.property("fill").value<QColor>() == on, isThere) << "the colour goes with the knob";
         return isThere;
     });
