@@ -87,6 +87,15 @@ TEST_F(Editing, pastesIntoAnEmptyFieldThatAFingerHolds)
     EXPECT_FALSE(offersAnything());
 }
 
+TEST_F(Editing, offersTheSameToAPenThatIsHeld)
+{
+    openSearch(QStringLiteral("vesk"));
+    const std::unique_ptr<QPointingDevice> pen(QTest::createTouchDevice(QInputDevice::DeviceType::Stylus));
+    QTest::touchEvent(quick(), pen.get()).press(0, inField(8), quick());
+    EXPECT_TRUE(waitUntil([this] { return offers("Select"); }));
+    QTest::touchEvent(quick(), pen.get()).release(0, inField(8), quick());
+}
+
 TEST_F(Editing, offersNothingWhereThereIsNothingToDo)
 {
     openSearch();

@@ -1,6 +1,8 @@
 // A row that was drawn aside from its delete button.
 #include "tests/ui/kit/window/FingerTest.h"
 
+#include <algorithm>
+
 namespace {
 
 class OpenRowTest : public FingerTest
@@ -56,4 +58,27 @@ TEST_F(OpenRowTest, standsAloneOpen)
     grabbed();
     for (const kit::IndexPath& other : { kit::IndexPath{ 0, 2 }, kit::IndexPath{ 1, 3 } })
         EXPECT_FALSE(drawn(other)->clip()) << other.section;
+}
+
+TEST_F(OpenRowTest, makesItsButtonWhenItIsDrawnAside)
+{
+    const auto hasButton = [this](const kit::IndexPath& row) {
+        const auto parts = drawn(row)->findChildren<QQuickItem*>();
+        return std::any_of(parts.begin(), parts.end(),
+            [](const QQuickItem* part) { return part->property("spokenName") == QStringLiteral("Delete"); });
+    };
+    EXPECT_FALSE(hasButton({ 0, 3 }));
+    table().openRow()->open(0, 3);
+    grabbed();
+    EXPECT_TRUE(hasButton({ 0, 3 }));
+    EXPECT_FALSE(hasButton({ 0, 2 }));
+}
+
+TEST_F(OpenRowTest, holdsBackNoTouchOfAnotherTab)
+{
+    table().openRow()->open(0, 3);
+    tabs->setSelectedIndex(1);
+    grabbed();
+    touch(middleOf({ 0, 3 }).toPoint());
+    EXPECT_TRUE(stack(1)->canGoBack());
 }

@@ -54,6 +54,17 @@ TEST_F(Refresh, spinsInTheMiddleBelowAPinnedHeaderWhereTheListWasScrolledOn)
     EXPECT_EQ(spinner().center().y(), 25 + 10 + 22);
 }
 
+TEST_F(Refresh, leavesAListThatWasScrolledOnWhereItIs)
+{
+    table().setContentOffset(300);
+    table().refreshControl()->beginRefreshing();
+    grabbed();
+    EXPECT_EQ(table().contentOffset(), 300);
+    table().refreshControl()->endRefreshing();
+    grabbed();
+    EXPECT_EQ(table().contentOffset(), 300);
+}
+
 TEST_F(Refresh, spinsOnAPanelWhereTheListWasScrolledOn)
 {
     table().refreshControl()->beginRefreshing();

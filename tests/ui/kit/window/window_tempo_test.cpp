@@ -121,3 +121,11 @@ TEST_F(Tempo, ofAListThatMakesRoomForItsRefreshIsThatOfAFade)
     clock.goTo(2 * Fade);
     EXPECT_EQ(one->tableView()->contentOffset(), 0);
 }
+
+TEST_F(Tempo, ofAScrollIndicatorThatComesIsThatOfAFade)
+{
+    const QQuickItem& indicator = *itemDrawnBy(QLatin1String("ScrollIndicator"));
+    ASSERT_EQ(indicator.opacity(), 0);
+    press(Qt::Key_End);
+    expectToTake(Fade, [&] { return indicator.opacity() == 1; });
+}
