@@ -1,4 +1,5 @@
 // What the window shows half-way between two screens.
+#include "tests/ui/kit/paint/AnimationClock.h"
 #include "tests/ui/kit/window/FingerTest.h"
 #include "ui/kit/paint/Animations.h"
 
@@ -104,20 +105,24 @@ TEST_F(Transition, followsAFingerWithBothPagesAndTheirTitles)
 TEST_F(Transition, movesBothPagesAndTheirTitlesBothWays)
 {
     kit::Animations::setEnabled(true);
+    AnimationClock clock;
     auto* const next = new ListScreen(QStringLiteral("Next"));
     below = above;
     titleOfBelow = titleOfAbove;
     stack(0)->pushViewController(next, kit::NavigationController::Animation::Animated);
     above = next;
     titleOfAbove = placeOfTitle(*next) - std::round((1 - stack(0)->progress()) * quick()->width() * 0.3);
-    ASSERT_TRUE(waitUntil([this] { return stack(0)->progress() > 0.1; }));
+    clock.goTo(kit::Animations::Push / 4);
     ASSERT_TRUE(stack(0)->isTransitioning());
+    EXPECT_GT(stack(0)->progress(), 0.1);
     expectApart(1 - stack(0)->progress());
-    ASSERT_TRUE(waitUntil([this] { return !stack(0)->isTransitioning(); }));
+    clock.goTo(kit::Animations::Push);
+    ASSERT_FALSE(stack(0)->isTransitioning());
     EXPECT_EQ(placeOfTitle(*next), titleOfAbove) << "at rest";
     stack(0)->popViewController(kit::NavigationController::Animation::Animated);
-    ASSERT_TRUE(waitUntil([this] { return stack(0)->progress() > 0.1; }));
+    clock.goTo(2 * kit::Animations::Push - kit::Animations::Push / 4);
     ASSERT_TRUE(stack(0)->isTransitioning());
+    EXPECT_GT(stack(0)->progress(), 0.1);
     expectApart(stack(0)->progress());
 }
 
