@@ -26,6 +26,13 @@ void FingerTest::drawFrame()
     EXPECT_TRUE(drawn.wait());
 }
 
+void FingerTest::pointAt(const QPoint& point)
+{
+    QTest::mouseMove(quick(), point);
+    drawFrame();
+    QCoreApplication::processEvents();
+}
+
 void FingerTest::end()
 {
     QTest::touchEvent(quick(), device.get()).release(0, place, quick());
@@ -36,13 +43,4 @@ void FingerTest::touch(const QPoint& point)
     begin(point);
     end();
     QCoreApplication::processEvents();
-}
-
-const QQuickItem& FingerTest::knobOf(const QQuickItem& control)
-{
-    for (const QQuickItem* part : control.childItems())
-        if (part->inherits("kit::RoundedBox") && part->width() == part->height())
-            return *part;
-    ADD_FAILURE() << "no knob";
-    return control;
 }

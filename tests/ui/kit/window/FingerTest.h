@@ -7,7 +7,7 @@
 
 #include <memory>
 
-// The window with one finger that touches it.
+// The window with one finger that touches it, or the pointer of a mouse.
 class FingerTest : public KitWindowTest
 {
 protected:
@@ -17,9 +17,9 @@ protected:
     void end();
     // Pressed and let go.
     void touch(const QPoint& point);
+    // With a mouse.
+    void pointAt(const QPoint& point);
     void drawFrame();
-    // The part of a switch that a finger draws.
-    static const QQuickItem& knobOf(const QQuickItem& control);
 
     const std::unique_ptr<QPointingDevice> device{ QTest::createTouchDevice() };
     QPoint place;

@@ -53,15 +53,6 @@ protected:
         end();
         QCoreApplication::processEvents();
     }
-    // So many points to the right on the switch of the first row.
-    void slip(int points)
-    {
-        const QPoint knob = accessoryOf({ 0, 0 });
-        begin(knob);
-        moveTo(knob + QPoint(points, 0), points);
-        end();
-        QCoreApplication::processEvents();
-    }
     // How far down the finger goes until the list refreshes once more, with the list at its rest before.
     int pullUntilRefreshed()
     {
@@ -268,52 +259,6 @@ TEST_F(Hand, touchesNothingWhileOneScreenGivesWayToAnother)
     EXPECT_EQ(stack(0)->viewControllers().size(), 2U);
 }
 
-// MARK: the switch
-
-TEST_F(Hand, drawsASwitchToEitherSide)
-{
-    const QPoint knob = accessoryOf({ 0, 0 });
-    for (const int way : { 27, -27, 57, -57 }) {
-        begin(knob);
-        moveTo(knob + QPoint(way, 0), 9);
-        end();
-        EXPECT_EQ(switchOf(0).isOn(), way > 0) << way;
-        EXPECT_EQ(table().openRow()->row(), -1) << "the row stays shut";
-        grabbed();
-    }
-}
-
-TEST_F(Hand, keepsTheFingerOnASwitchThatItDrawsWhereverItGoes)
-{
-    const QPoint knob = accessoryOf({ 0, 0 });
-    begin(knob);
-    moveTo(knob + QPoint(30, 0));
-    moveTo(knob + QPoint(30, 150));
-    end();
-    EXPECT_TRUE(switchOf(0).isOn());
-    EXPECT_EQ(table().contentOffset(), 0);
-}
-
-TEST_F(Hand, leavesASwitchWhereItIsWhenItIsDrawnThereAgain)
-{
-    const QPoint knob = accessoryOf({ 0, 0 });
-    begin(knob);
-    moveTo(knob + QPoint(30, 0));
-    moveTo(knob - QPoint(20, 0));
-    end();
-    EXPECT_FALSE(switchOf(0).isOn());
-}
-
-TEST_F(Hand, scrollsByAFingerThatCameDownOnASwitch)
-{
-    const QPoint knob = accessoryOf({ 0, 0 });
-    begin(knob);
-    moveTo(knob - QPoint(0, 100));
-    end();
-    EXPECT_GT(table().contentOffset(), 50);
-    EXPECT_FALSE(switchOf(0).isOn());
-}
-
 // MARK: holding and slipping
 
 TEST_F(Hand, opensARowThatWasHeldForLong)
@@ -381,47 +326,6 @@ TEST_F(Hand, findsAButtonWithinFortyFourPointsOfHeight)
     for (const int within : { -22, 21 })
         touch(button + QPoint(0, within));
     EXPECT_EQ(one->buttonPresses, 2);
-}
-
-TEST_F(Hand, findsASwitchWithinSixPointsAroundIt)
-{
-    const auto left = static_cast<int>(switchOf(0).frame().left());
-    const int middle = accessoryOf({ 0, 0 }).y();
-    touch({ left - 6, middle });
-    EXPECT_TRUE(switchOf(0).isOn());
-    touch({ left - 7, middle });
-    EXPECT_TRUE(switchOf(0).isOn());
-    EXPECT_TRUE(stack(0)->canGoBack()) << "that was the row";
-}
-
-TEST_F(Hand, takesAFingerThatSlippedNinePointsOnASwitchForATap)
-{
-    slip(9);
-    EXPECT_TRUE(switchOf(0).isOn());
-}
-
-TEST_F(Hand, takesAFingerThatSlippedTenPointsOnASwitchForADrawThatCameToNothing)
-{
-    slip(10);
-    EXPECT_FALSE(switchOf(0).isOn());
-}
-
-TEST_F(Hand, switchesTwiceByTwoQuickTouchesOrClicks)
-{
-    touch(accessoryOf({ 0, 0 }));
-    EXPECT_TRUE(switchOf(0).isOn());
-    touch(accessoryOf({ 0, 0 }));
-    EXPECT_FALSE(switchOf(0).isOn());
-    QTest::mouseDClick(quick(), Qt::LeftButton, Qt::NoModifier, accessoryOf({ 0, 0 }));
-    EXPECT_FALSE(switchOf(0).isOn());
-}
-
-TEST_F(Hand, switchesTwiceByTwoQuickTouchesThoughTheSecondSlips)
-{
-    touch(accessoryOf({ 0, 0 }));
-    EXPECT_TRUE(switchOf(0).isOn());
-    slip(9);
-    EXPECT_FALSE(switchOf(0).isOn());
 }
 
 // MARK: pulling

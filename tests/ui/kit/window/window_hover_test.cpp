@@ -9,12 +9,6 @@ class Hover : public FingerTest
 protected:
     Hover() { grabbed(); }
 
-    void pointAt(const QPoint& point)
-    {
-        QTest::mouseMove(quick(), point);
-        drawFrame();
-        QCoreApplication::processEvents();
-    }
     // What the window shows differs from what it showed without a pointer.
     bool showsSomething() { return grabbed() != m_before; }
 

@@ -12,7 +12,6 @@ protected:
 
     // Where the text of a row begins, in the window.
     double leftOf(const QString& text) const { return itemWithText(text)->mapToScene({ 0, 0 }).x(); }
-    const QQuickItem& knob() const { return knobOf(*itemDrawnBy(QLatin1String("SwitchView"))); }
     void present(kit::AlertController::Style style)
     {
         kit::AlertController* const alert = addAlert(style);
@@ -36,72 +35,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(Motion, keepsTheKnobOfASwitchUnderTheFinger)
-{
-    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
-    begin(start);
-    moveTo(start + QPoint(14, 0), 14);
-    const double before = knob().x();
-    moveTo(start + QPoint(19, 0), 1);
-    EXPECT_EQ(knob().x(), before + 5);
-    moveTo(start + QPoint(300, 0), 1);
-    EXPECT_EQ(knob().x() + knob().width(), itemDrawnBy(QLatin1String("SwitchView"))->width() - 2) << "and no further";
-    moveTo(start - QPoint(200, 0), 1);
-    EXPECT_EQ(knob().x(), 2) << "nor there";
-    end();
-}
-
-TEST_F(Motion, drawsTheKnobOfASwitchThatIsOnFromWhereItIs)
-{
-    const double last = itemDrawnBy(QLatin1String("SwitchView"))->width() - knob().width() - 2;
-    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
-    touch(start);
-    ASSERT_TRUE(waitUntil([&] { return knob().x() == last; }));
-    begin(start);
-    moveTo(start - QPoint(12, 0), 12);
-    EXPECT_LT(knob().x(), last);
-    EXPECT_GE(knob().x(), last - 12);
-    end();
-}
-
-TEST_F(Motion, drawsASwitchFromSixPointsBesideItAndLeavesTheRestToTheRow)
-{
-    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
-    const QPointF left = itemDrawnBy(QLatin1String("SwitchView"))->mapToScene({ 0, 10 });
-    for (const int distance : { 7, 6 }) {
-        begin(left.toPoint() - QPoint(distance, 0));
-        moveTo(left.toPoint() + QPoint(50, 0), 20);
-        end();
-        EXPECT_EQ(control.isOn(), distance == 6) << distance;
-    }
-}
-
-TEST_F(Motion, drawsTheKnobOnceTheFingerIsFartherAwayThanSixPoints)
-{
-    const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
-    begin(start);
-    moveTo(start + QPoint(6, 0), 6);
-    EXPECT_EQ(knob().x(), 2);
-    moveTo(start + QPoint(7, 0), 1);
-    EXPECT_EQ(knob().x(), 2 + 7);
-    end();
-}
-
-TEST_F(Motion, switchesWhenTheKnobIsLetGoBeyondTheMiddle)
-{
-    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
-    const auto& control = *item.property("view").value<kit::Switch*>();
-    const int half = qRound((item.width() - knob().width() - 4) / 2);
-    for (const int distance : { half, half + 1 }) {
-        const QPoint start = knob().mapToScene({ 10, 10 }).toPoint();
-        begin(start);
-        moveTo(start + QPoint(distance, 0), distance);
-        end();
-        EXPECT_EQ(control.isOn(), distance > half) << distance;
-        ASSERT_TRUE(control.isOn() || waitUntil([this] { return knob().x() == 2; }));
-    }
-}
 
 TEST_F(Motion, keepsARowUnderTheFingerThatDrawsItAside)
 {

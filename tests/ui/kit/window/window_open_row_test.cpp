@@ -82,3 +82,51 @@ TEST_F(OpenRowTest, holdsBackNoTouchOfAnotherTab)
     touch(middleOf({ 0, 3 }).toPoint());
     EXPECT_TRUE(stack(1)->canGoBack());
 }
+
+TEST_F(OpenRowTest, isOpenedByASwipeAndDeletedByItsButton)
+{
+    const QPoint start = middleOf({ 0, 3 }).toPoint() + QPoint(100, 0);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, start);
+    for (int x = 0; x <= 120; x += 10)
+        QTest::mouseMove(quick(), start - QPoint(x, 0));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start - QPoint(120, 0));
+    ASSERT_EQ(one->tableView()->openRow()->row(), 3);
+    const QPointF deleteButton(390 - 20, middleOf({ 0, 3 }).y());
+    ASSERT_TRUE(waitUntil([&] {
+        if (one->firstSectionRows == 5)
+            tap(deleteButton);
+        return one->firstSectionRows == 4 || one->tableView()->openRow()->row() < 0;
+    }));
+    EXPECT_EQ(one->firstSectionRows, 4);
+    grabbed();
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(OpenRowTest, isClosedByEscapeBeforeThatGoesBack)
+{
+    tap(middleOf({ 0, 3 }));
+    grabbed();
+    kit::TableView& table = *static_cast<ListScreen*>(stack(0)->topViewController())->tableView();
+    table.openRow()->open(0, 1);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(table.openRow()->row(), -1);
+    ASSERT_TRUE(stack(0)->canGoBack());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(stack(0)->canGoBack());
+}
+
+TEST_F(OpenRowTest, isClosedWhenAnotherTabShows)
+{
+    one->tableView()->openRow()->open(0, 1);
+    press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(one->tableView()->openRow()->row(), -1);
+}
+
+TEST_F(OpenRowTest, isClosedWhenATrackpadScrolls)
+{
+    one->tableView()->openRow()->open(0, 1);
+    for (const int step : { -30, -50 })
+        turnWheel({ 200, 300 }, step);
+    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() > 0; }));
+    EXPECT_EQ(one->tableView()->openRow()->row(), -1);
+}

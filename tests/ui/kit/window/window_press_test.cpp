@@ -1,6 +1,5 @@
 // How what is pressed, and what a pointer stands above, looks; and how often it is pressed.
 #include "tests/ui/kit/window/FingerTest.h"
-#include "ui/kit/paint/KitLook.h"
 
 #include <QtMath>
 
@@ -15,12 +14,6 @@ protected:
     static QPoint middleOf(const QQuickItem& item)
     {
         return item.mapToScene({ item.width() / 2, item.height() / 2 }).toPoint();
-    }
-    void pointAt(const QPoint& point)
-    {
-        QTest::mouseMove(quick(), point);
-        drawFrame();
-        QCoreApplication::processEvents();
     }
     // How clearly the texts and pictures of a control are drawn, from 0 to 1; all of them the same.
     static double clearnessOf(const QQuickItem& control)
@@ -108,50 +101,6 @@ TEST_F(PressLook, letsWhatStandsOnAButtonShowThroughItsShade)
     ASSERT_NE(shade(), nullptr);
     EXPECT_EQ(shade()->opacity(), 0.6);
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middle);
-}
-
-TEST_F(PressLook, switchesOnceByAClickAfterADoubleClickThatSlippedOff)
-{
-    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
-    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
-    const QPoint edge = item.mapToScene({ item.width() + 5, item.height() / 2 }).toPoint();
-    tap(edge);
-    ASSERT_TRUE(control.isOn());
-    for (const QEvent::Type type : { QEvent::MouseButtonPress, QEvent::MouseButtonDblClick }) {
-        QMouseEvent event(type, edge, quick()->mapToGlobal(edge), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(quick(), &event);
-    }
-    QTest::mouseMove(quick(), edge + QPoint(3, 0));
-    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, edge + QPoint(3, 0));
-    ASSERT_TRUE(control.isOn()) << "given up";
-    tap(middleOf(item));
-    EXPECT_FALSE(control.isOn());
-}
-
-TEST_F(PressLook, findsASwitchWithinSixPointsOnEverySide)
-{
-    const auto& control = *qobject_cast<kit::Switch*>(one->tableView()->cellForRow({ 0, 0 })->accessoryView());
-    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
-    const QRectF exact = item.mapRectToScene({ -6, -6, item.width() + 12, item.height() + 12 });
-    // The points that are wholly inside.
-    const QRect reach(
-        QPoint(qCeil(exact.left()), qCeil(exact.top())), QPoint(qCeil(exact.right()) - 1, qCeil(exact.bottom()) - 1));
-    bool isOn = false;
-    for (const QPoint& inside : { QPoint(reach.center().x(), reach.top()), QPoint(reach.center().x(), reach.bottom()),
-             QPoint(reach.right(), reach.center().y()) }) {
-        touch(inside);
-        isOn = !isOn;
-        EXPECT_EQ(control.isOn(), isOn) << inside.x() << ", " << inside.y();
-        EXPECT_FALSE(stack(0)->canGoBack());
-    }
-    for (const QPoint& outside : { QPoint(reach.center().x(), reach.top() - 1),
-             QPoint(reach.center().x(), reach.bottom() + 1), QPoint(reach.right() + 1, reach.center().y()) }) {
-        touch(outside);
-        EXPECT_EQ(control.isOn(), isOn) << outside.x() << ", " << outside.y();
-        EXPECT_TRUE(stack(0)->canGoBack()) << "that was the row";
-        stack(0)->popToRootViewController(kit::NavigationController::Animation::None);
-        grabbed();
-    }
 }
 
 TEST_F(PressLook, fadesADisabledButtonOfARow)
@@ -244,23 +193,4 @@ TEST_F(PressLook, marksAPanelsButtonUnderThePointerAndFadesThePressedOne)
     EXPECT_FALSE(mark.isVisible());
     EXPECT_EQ(face->opacity(), 0.7);
     QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(button));
-}
-
-TEST_F(PressLook, darkensTheKnobOfASwitchUnderThePointerAndMoreWhileItIsPressed)
-{
-    const QQuickItem& item = *itemDrawnBy(QLatin1String("SwitchView"));
-    const QQuickItem& knob = knobOf(item);
-    const kit::KitLook look;
-    const auto expectDarker = [&](int percent) {
-        EXPECT_EQ(knob.property("upper").value<QColor>().rgba(),
-            look.property("knobBottom").value<QColor>().darker(percent).rgba());
-        EXPECT_EQ(knob.property("lower").value<QColor>().rgba(),
-            look.property("knobTop").value<QColor>().darker(percent).rgba());
-    };
-    expectDarker(100);
-    pointAt(middleOf(item));
-    expectDarker(105);
-    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(item));
-    expectDarker(110);
-    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, middleOf(item));
 }

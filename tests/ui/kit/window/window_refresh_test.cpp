@@ -3,6 +3,7 @@
 #include "ui/kit/paint/KitLook.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -155,4 +156,42 @@ TEST_F(Refresh, isNothingToAListThatHasNone)
     end();
     EXPECT_TRUE(waitUntil([&] { return page->tableView()->contentOffset() == 0; }));
     EXPECT_EQ(page->refreshes, 0);
+}
+
+TEST_F(Refresh, makesRoomForTheSpinnerWhileItRefreshes)
+{
+    table().refreshControl()->beginRefreshing();
+    EXPECT_TRUE(waitUntil([this] { return table().contentOffset() == -60; }));
+    grabbed();
+    table().refreshControl()->endRefreshing();
+    EXPECT_TRUE(waitUntil([this] { return table().contentOffset() == 0; }));
+    EXPECT_EQ(one->refreshes, 0);
+}
+
+TEST_F(Refresh, showsThatItRefreshesWhereverTheListStands)
+{
+    const QRect below(quick()->position() + QPoint(0, 44), quick()->size() - QSize(0, 44 + 49));
+    table().refreshControl()->beginRefreshing();
+    for (const double offset : { -60.0, -42.0, -30.0, 0.0, 200.0, 1'500.0 }) {
+        table().setContentOffset(offset);
+        grabbed();
+        QAccessibleInterface* const spinner = accessible(QStringLiteral("Refreshing"));
+        ASSERT_NE(spinner, nullptr) << offset;
+        EXPECT_TRUE(below.contains(spinner->rect())) << offset;
+    }
+    table().refreshControl()->endRefreshing();
+    grabbed();
+    EXPECT_EQ(accessible(QStringLiteral("Refreshing")), nullptr);
+}
+
+TEST_F(Refresh, refreshesByAPull)
+{
+    const QPoint start(200, 200);
+    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, start);
+    for (int y = 0; y <= 400; y += 20)
+        QTest::mouseMove(quick(), start + QPoint(0, y));
+    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start + QPoint(0, 400));
+    EXPECT_TRUE(waitUntil([this] { return one->refreshes == 1; }));
+    EXPECT_TRUE(table().refreshControl()->isRefreshing());
+    EXPECT_FALSE(stack(0)->canGoBack());
 }

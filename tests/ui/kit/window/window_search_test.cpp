@@ -5,6 +5,7 @@
 
 namespace {
 
+// With the keyboard in it.
 class SearchFieldTest : public FingerTest
 {
 protected:
@@ -26,6 +27,11 @@ protected:
         searchBar().setText(text);
         grabbed();
     }
+};
+
+// Of a window that has not been searched in yet.
+class SearchTest : public KitWindowTest
+{
 };
 
 } // namespace
@@ -100,4 +106,81 @@ TEST_F(SearchFieldTest, goesWithTheSearchOfItsScreen)
     two->navigationItem()->setSearchController(nullptr);
     grabbed();
     EXPECT_EQ(itemDrawnBy(QLatin1String("SearchField")), nullptr);
+}
+
+TEST_F(SearchTest, typesIntoTheSearchFieldAndCancels)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_EQ(tabs->selectedIndex(), 1);
+    kit::SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
+    ASSERT_TRUE(bar->isActive());
+    grabbed();
+    type(QStringLiteral("vesk"));
+    EXPECT_EQ(bar->text(), QStringLiteral("vesk"));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(bar->text().isEmpty());
+    EXPECT_FALSE(bar->isActive());
+    grabbed();
+}
+
+TEST_F(SearchTest, makesTheSearchFieldOnceAScreenHasOne)
+{
+    grabbed();
+    EXPECT_EQ(itemDrawnBy(QLatin1String("SearchField")), nullptr);
+    tabs->setSelectedIndex(1);
+    grabbed();
+    EXPECT_NE(itemDrawnBy(QLatin1String("SearchField")), nullptr);
+}
+
+TEST_F(SearchTest, takesTheKeyboardOffTheSearchFieldThatAScreenCancels)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    kit::SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
+    type(QStringLiteral("v"));
+    bar->cancel();
+    type(QStringLiteral("esk"));
+    EXPECT_TRUE(bar->text().isEmpty()) << bar->text().toStdString();
+    EXPECT_FALSE(bar->isActive());
+}
+
+TEST_F(SearchTest, leavesTheKeyboardWhereItIsWhenAScreenCancelsASearchElsewhere)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    press(Qt::Key_1, Qt::ControlModifier);
+    press(Qt::Key_Down);
+    ASSERT_EQ(one->tableView()->rowFocus()->row(), 0);
+    two->navigationItem()->searchController()->searchBar()->cancel();
+    press(Qt::Key_Down);
+    EXPECT_EQ(one->tableView()->rowFocus()->row(), 1);
+}
+
+TEST_F(SearchTest, tintsTheCursorAndTheEdgeOfTheSearchFieldInUse)
+{
+    const QColor tint(48, 88, 145);
+    two->navigationItem()->searchController()->searchBar()->setTintColor(
+        kit::Color{ 48 / 255.0, 88 / 255.0, 145 / 255.0, 1, {} });
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    const QQuickItem* const cursor = itemDrawnBy(QLatin1String("TextCursor"));
+    ASSERT_NE(cursor, nullptr);
+    EXPECT_TRUE(cursor->isVisible());
+    EXPECT_EQ(cursor->property("color").value<QColor>(), tint);
+    const auto* const input = qobject_cast<QQuickItem*>(cursor->property("field").value<QObject*>());
+    ASSERT_NE(input, nullptr);
+    EXPECT_EQ(input->property("selectionColor").value<QColor>(), tint);
+    EXPECT_EQ(input->parentItem()->property("edge").value<QColor>(), tint);
+}
+
+TEST_F(SearchTest, comesBackIntoAnActiveSearchField)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    grabbed();
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("again"));
+    EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("again"));
 }

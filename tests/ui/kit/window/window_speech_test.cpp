@@ -2,6 +2,9 @@
 #include "tests/ui/kit/window/KitWindowTest.h"
 #include "ui/kit/view/ImageView.h"
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 class Speech : public KitWindowTest
@@ -366,4 +369,71 @@ TEST_F(Speech, tellsThePlaceOfARowWithoutADetail)
     QAccessibleInterface* const row = accessible(QStringLiteral("Row 0.3"));
     ASSERT_NE(row, nullptr);
     EXPECT_EQ(row->text(QAccessible::Description), QStringLiteral("4 of 5"));
+}
+
+TEST_F(Speech, tellsWhatEachThingIs)
+{
+    const std::vector<std::pair<QString, QAccessible::Role>> expected{
+        { QStringLiteral("Row 0.3"), QAccessible::ListItem },
+        { QStringLiteral("Section 0"), QAccessible::Heading },
+        { QStringLiteral("Reload"), QAccessible::Button },
+        { QStringLiteral("About"), QAccessible::Button },
+        { QStringLiteral("Press"), QAccessible::Button },
+        { QStringLiteral("Two"), QAccessible::PageTab },
+    };
+    for (const auto& [name, role] : expected) {
+        const QAccessibleInterface* const found = accessible(name);
+        ASSERT_NE(found, nullptr) << name.toStdString();
+        EXPECT_EQ(found->role(), role) << name.toStdString();
+    }
+    EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("Detail, 4 of 5"));
+}
+
+TEST_F(Speech, tellsWhichButtonsAreDisabled)
+{
+    const auto isDisabled = [this](const QString& name) {
+        const QAccessibleInterface* const found = accessible(name);
+        return found && found->state().disabled;
+    };
+    EXPECT_FALSE(isDisabled(QStringLiteral("Reload")));
+    EXPECT_FALSE(isDisabled(QStringLiteral("Press")));
+    one->navigationItem()->rightBarButtonItem()->setEnabled(false);
+    static_cast<kit::Button*>(one->tableView()->cellForRow({ 0, 1 })->accessoryView())->setEnabled(false);
+    EXPECT_TRUE(isDisabled(QStringLiteral("Reload")));
+    EXPECT_TRUE(isDisabled(QStringLiteral("Press")));
+    EXPECT_FALSE(isDisabled(QStringLiteral("About")));
+    one->navigationItem()->rightBarButtonItem()->setEnabled(true);
+    EXPECT_FALSE(isDisabled(QStringLiteral("Reload")));
+}
+
+TEST_F(Speech, doesAtAPressWhatATapDoes)
+{
+    const auto pressed = [this](const QString& name) {
+        QAccessibleInterface* const found = accessible(name);
+        ASSERT_NE(found, nullptr) << name.toStdString();
+        ASSERT_NE(found->actionInterface(), nullptr);
+        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    };
+    pressed(QStringLiteral("Press"));
+    EXPECT_EQ(one->buttonPresses, 1);
+    pressed(QStringLiteral("Reload"));
+    EXPECT_EQ(one->reloads, 1);
+    pressed(QStringLiteral("Row 0.3"));
+    EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.3"));
+    grabbed();
+    pressed(QStringLiteral("Back"));
+    EXPECT_FALSE(stack(0)->canGoBack());
+    pressed(QStringLiteral("Two"));
+    EXPECT_EQ(tabs->selectedIndex(), 1);
+}
+
+TEST_F(Speech, tellsNoMoreOfATextThanIsShown)
+{
+    kit::TableViewCell* const cell = one->tableView()->cellForRow({ 0, 3 });
+    cell->textLabel()->setText(QString(2'000'000, u'W'));
+    cell->detailTextLabel()->setText(QString(2'000'000, u'M'));
+    grabbed();
+    const QAccessibleInterface* const row = accessible(cell->textLabel()->shownText());
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->text(QAccessible::Description), cell->detailTextLabel()->shownText() + QStringLiteral(", 4 of 5"));
 }

@@ -2,14 +2,12 @@
 #include "tests/ui/kit/paint/AnimationClock.h"
 #include "tests/ui/kit/paint/Moving.h"
 #include "tests/ui/kit/window/FingerTest.h"
-#include "ui/kit/paint/KitLook.h"
 #include "ui/kit/table/TableViewCell.h"
 
 #include <QVariant>
 
 namespace {
 
-constexpr int Flip = 150;
 constexpr int Shift = 200;
 constexpr int Fade = 250;
 
@@ -33,19 +31,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(Tempo, ofASwitchIsThatOfAFlip)
-{
-    const QQuickItem& control = *itemDrawnBy(QLatin1String("SwitchView"));
-    const QQuickItem& knob = knobOf(control);
-    const QColor on = kit::KitLook().property("switchOn").value<QColor>();
-    touch(control.mapToScene({ 10, 10 }).toPoint());
-    expectToTake(Flip, [&] {
-        const bool isThere = knob.x() == control.width() - knob.width() - 2;
-        EXPECT_EQ(control.property("fill").value<QColor>() == on, isThere) << "the colour goes with the knob";
-        return isThere;
-    });
-}
 
 TEST_F(Tempo, ofARowThatOpensIsThatOfAShift)
 {

@@ -8,8 +8,6 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 namespace {
 
@@ -158,168 +156,11 @@ TEST_F(KitWindowTest, letsAButtonPutAnotherInItsPlace)
     grabbed();
 }
 
-TEST_F(KitWindowTest, opensARowByASwipeAndDeletesIt)
-{
-    grabbed();
-    const QPoint start = middleOf({ 0, 3 }).toPoint() + QPoint(100, 0);
-    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, start);
-    for (int x = 0; x <= 120; x += 10)
-        QTest::mouseMove(quick(), start - QPoint(x, 0));
-    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start - QPoint(120, 0));
-    ASSERT_EQ(one->tableView()->openRow()->row(), 3);
-    const QPointF deleteButton(390 - 20, middleOf({ 0, 3 }).y());
-    ASSERT_TRUE(waitUntil([&] {
-        if (one->firstSectionRows == 5)
-            tap(deleteButton);
-        return one->firstSectionRows == 4 || one->tableView()->openRow()->row() < 0;
-    }));
-    EXPECT_EQ(one->firstSectionRows, 4);
-    grabbed();
-    EXPECT_FALSE(stack(0)->canGoBack());
-}
-
-TEST_F(KitWindowTest, closesAnOpenRowByEscapeBeforeItGoesBack)
-{
-    tap(middleOf({ 0, 3 }));
-    grabbed();
-    kit::TableView& table = *static_cast<ListScreen*>(stack(0)->topViewController())->tableView();
-    table.openRow()->open(0, 1);
-    press(Qt::Key_Escape);
-    EXPECT_EQ(table.openRow()->row(), -1);
-    ASSERT_TRUE(stack(0)->canGoBack());
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(stack(0)->canGoBack());
-}
-
-TEST_F(KitWindowTest, leavesNoRowOpenBehindAnotherScreen)
-{
-    grabbed();
-    one->tableView()->openRow()->open(0, 1);
-    press(Qt::Key_2, Qt::ControlModifier);
-    EXPECT_EQ(one->tableView()->openRow()->row(), -1);
-}
-
-TEST_F(KitWindowTest, closesAnOpenRowWhenATrackpadScrolls)
-{
-    grabbed();
-    one->tableView()->openRow()->open(0, 1);
-    for (const int step : { -30, -50 })
-        turnWheel({ 200, 300 }, step);
-    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() > 0; }));
-    EXPECT_EQ(one->tableView()->openRow()->row(), -1);
-}
-
-TEST_F(KitWindowTest, makesRoomForTheSpinnerWhileItRefreshes)
-{
-    grabbed();
-    one->tableView()->refreshControl()->beginRefreshing();
-    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() == -60; }));
-    grabbed();
-    one->tableView()->refreshControl()->endRefreshing();
-    EXPECT_TRUE(waitUntil([this] { return one->tableView()->contentOffset() == 0; }));
-    EXPECT_EQ(one->refreshes, 0);
-}
-
-TEST_F(KitWindowTest, showsThatItRefreshesWhereverTheListStands)
-{
-    grabbed();
-    const QRect below(quick()->position() + QPoint(0, 44), quick()->size() - QSize(0, 44 + 49));
-    one->tableView()->refreshControl()->beginRefreshing();
-    for (const double offset : { -60.0, -42.0, -30.0, 0.0, 200.0, 1'500.0 }) {
-        one->tableView()->setContentOffset(offset);
-        grabbed();
-        QAccessibleInterface* const spinner = accessible(QStringLiteral("Refreshing"));
-        ASSERT_NE(spinner, nullptr) << offset;
-        EXPECT_TRUE(below.contains(spinner->rect())) << offset;
-    }
-    one->tableView()->refreshControl()->endRefreshing();
-    grabbed();
-    EXPECT_EQ(accessible(QStringLiteral("Refreshing")), nullptr);
-}
-
-TEST_F(KitWindowTest, refreshesByAPull)
-{
-    grabbed();
-    const QPoint start(200, 200);
-    QTest::mousePress(quick(), Qt::LeftButton, Qt::NoModifier, start);
-    for (int y = 0; y <= 400; y += 20)
-        QTest::mouseMove(quick(), start + QPoint(0, y));
-    QTest::mouseRelease(quick(), Qt::LeftButton, Qt::NoModifier, start + QPoint(0, 400));
-    EXPECT_TRUE(waitUntil([this] { return one->refreshes == 1; }));
-    EXPECT_TRUE(one->tableView()->refreshControl()->isRefreshing());
-    EXPECT_FALSE(stack(0)->canGoBack());
-}
-
-TEST_F(KitWindowTest, typesIntoTheSearchFieldAndCancels)
-{
-    press(Qt::Key_F, Qt::ControlModifier);
-    ASSERT_EQ(tabs->selectedIndex(), 1);
-    kit::SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
-    ASSERT_TRUE(bar->isActive());
-    grabbed();
-    type(QStringLiteral("vesk"));
-    EXPECT_EQ(bar->text(), QStringLiteral("vesk"));
-    press(Qt::Key_Escape);
-    EXPECT_TRUE(bar->text().isEmpty());
-    EXPECT_FALSE(bar->isActive());
-    grabbed();
-}
-
-TEST_F(KitWindowTest, makesTheSearchFieldOnceAScreenHasOne)
-{
-    grabbed();
-    EXPECT_EQ(itemDrawnBy(QLatin1String("SearchField")), nullptr);
-    tabs->setSelectedIndex(1);
-    grabbed();
-    EXPECT_NE(itemDrawnBy(QLatin1String("SearchField")), nullptr);
-}
-
 TEST_F(KitWindowTest, makesTheEditMenuWhenItIsFirstWanted)
 {
     press(Qt::Key_F, Qt::ControlModifier);
     grabbed();
     EXPECT_EQ(itemDrawnBy(QLatin1String("EditMenu")), nullptr);
-}
-
-TEST_F(KitWindowTest, takesTheKeyboardOffTheSearchFieldThatAScreenCancels)
-{
-    press(Qt::Key_F, Qt::ControlModifier);
-    grabbed();
-    kit::SearchBar* const bar = two->navigationItem()->searchController()->searchBar();
-    type(QStringLiteral("v"));
-    bar->cancel();
-    type(QStringLiteral("esk"));
-    EXPECT_TRUE(bar->text().isEmpty()) << bar->text().toStdString();
-    EXPECT_FALSE(bar->isActive());
-}
-
-TEST_F(KitWindowTest, leavesTheKeyboardWhereItIsWhenAScreenCancelsASearchElsewhere)
-{
-    press(Qt::Key_F, Qt::ControlModifier);
-    grabbed();
-    press(Qt::Key_1, Qt::ControlModifier);
-    press(Qt::Key_Down);
-    ASSERT_EQ(one->tableView()->rowFocus()->row(), 0);
-    two->navigationItem()->searchController()->searchBar()->cancel();
-    press(Qt::Key_Down);
-    EXPECT_EQ(one->tableView()->rowFocus()->row(), 1);
-}
-
-TEST_F(KitWindowTest, tintsTheCursorAndTheEdgeOfTheSearchFieldInUse)
-{
-    const QColor tint(48, 88, 145);
-    two->navigationItem()->searchController()->searchBar()->setTintColor(
-        kit::Color{ 48 / 255.0, 88 / 255.0, 145 / 255.0, 1, {} });
-    press(Qt::Key_F, Qt::ControlModifier);
-    grabbed();
-    const QQuickItem* const cursor = itemDrawnBy(QLatin1String("TextCursor"));
-    ASSERT_NE(cursor, nullptr);
-    EXPECT_TRUE(cursor->isVisible());
-    EXPECT_EQ(cursor->property("color").value<QColor>(), tint);
-    const auto* const input = qobject_cast<QQuickItem*>(cursor->property("field").value<QObject*>());
-    ASSERT_NE(input, nullptr);
-    EXPECT_EQ(input->property("selectionColor").value<QColor>(), tint);
-    EXPECT_EQ(input->parentItem()->property("edge").value<QColor>(), tint);
 }
 
 TEST_F(KitWindowTest, showsWhichPartIsSeenWhileAKeyOrAWheelScrolls)
@@ -367,18 +208,6 @@ TEST_F(KitWindowTest, drawsTheTabsThatCameLater)
     grabbed();
 }
 
-TEST_F(KitWindowTest, comesBackIntoAnActiveSearchField)
-{
-    press(Qt::Key_F, Qt::ControlModifier);
-    grabbed();
-    press(Qt::Key_Tab);
-    press(Qt::Key_Tab);
-    press(Qt::Key_Tab);
-    press(Qt::Key_F, Qt::ControlModifier);
-    type(QStringLiteral("again"));
-    EXPECT_EQ(two->navigationItem()->searchController()->searchBar()->text(), QStringLiteral("again"));
-}
-
 TEST_F(KitWindowTest, showsTextsOfAnyKindAndLength)
 {
     const QString hostile = QString(100'000, u'W') + QChar(0x202E) + QStringLiteral("<b>&amp;") + QChar(0xD800);
@@ -392,76 +221,6 @@ TEST_F(KitWindowTest, showsTextsOfAnyKindAndLength)
     grabbed();
     press(Qt::Key_Return);
     EXPECT_EQ(window->presentedAlert(), nullptr);
-}
-
-TEST_F(KitWindowTest, tellsAScreenReaderWhatEachThingIs)
-{
-    grabbed();
-    const std::vector<std::pair<QString, QAccessible::Role>> expected{
-        { QStringLiteral("Row 0.3"), QAccessible::ListItem },
-        { QStringLiteral("Section 0"), QAccessible::Heading },
-        { QStringLiteral("Reload"), QAccessible::Button },
-        { QStringLiteral("About"), QAccessible::Button },
-        { QStringLiteral("Press"), QAccessible::Button },
-        { QStringLiteral("Two"), QAccessible::PageTab },
-    };
-    for (const auto& [name, role] : expected) {
-        const QAccessibleInterface* const found = accessible(name);
-        ASSERT_NE(found, nullptr) << name.toStdString();
-        EXPECT_EQ(found->role(), role) << name.toStdString();
-    }
-    EXPECT_EQ(accessible(QStringLiteral("Row 0.3"))->text(QAccessible::Description), QStringLiteral("Detail, 4 of 5"));
-}
-
-TEST_F(KitWindowTest, tellsAScreenReaderWhichButtonsAreDisabled)
-{
-    grabbed();
-    const auto isDisabled = [this](const QString& name) {
-        const QAccessibleInterface* const found = accessible(name);
-        return found && found->state().disabled;
-    };
-    EXPECT_FALSE(isDisabled(QStringLiteral("Reload")));
-    EXPECT_FALSE(isDisabled(QStringLiteral("Press")));
-    one->navigationItem()->rightBarButtonItem()->setEnabled(false);
-    static_cast<kit::Button*>(one->tableView()->cellForRow({ 0, 1 })->accessoryView())->setEnabled(false);
-    EXPECT_TRUE(isDisabled(QStringLiteral("Reload")));
-    EXPECT_TRUE(isDisabled(QStringLiteral("Press")));
-    EXPECT_FALSE(isDisabled(QStringLiteral("About")));
-    one->navigationItem()->rightBarButtonItem()->setEnabled(true);
-    EXPECT_FALSE(isDisabled(QStringLiteral("Reload")));
-}
-
-TEST_F(KitWindowTest, doesAtAScreenReadersPressWhatATapDoes)
-{
-    grabbed();
-    const auto pressed = [this](const QString& name) {
-        QAccessibleInterface* const found = accessible(name);
-        ASSERT_NE(found, nullptr) << name.toStdString();
-        ASSERT_NE(found->actionInterface(), nullptr);
-        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    };
-    pressed(QStringLiteral("Press"));
-    EXPECT_EQ(one->buttonPresses, 1);
-    pressed(QStringLiteral("Reload"));
-    EXPECT_EQ(one->reloads, 1);
-    pressed(QStringLiteral("Row 0.3"));
-    EXPECT_EQ(stack(0)->topViewController()->title(), QStringLiteral("Row 0.3"));
-    grabbed();
-    pressed(QStringLiteral("Back"));
-    EXPECT_FALSE(stack(0)->canGoBack());
-    pressed(QStringLiteral("Two"));
-    EXPECT_EQ(tabs->selectedIndex(), 1);
-}
-
-TEST_F(KitWindowTest, tellsAScreenReaderNoMoreOfATextThanIsShown)
-{
-    kit::TableViewCell* const cell = one->tableView()->cellForRow({ 0, 3 });
-    cell->textLabel()->setText(QString(2'000'000, u'W'));
-    cell->detailTextLabel()->setText(QString(2'000'000, u'M'));
-    grabbed();
-    const QAccessibleInterface* const row = accessible(cell->textLabel()->shownText());
-    ASSERT_NE(row, nullptr);
-    EXPECT_EQ(row->text(QAccessible::Description), cell->detailTextLabel()->shownText() + QStringLiteral(", 4 of 5"));
 }
 
 TEST_F(KitWindowTest, boundsTheTitlesOfItsBarAndTheNamesOfItsControls)
